@@ -1,0 +1,18 @@
+# Everything that is called and not written here. All of it is Debian packages (scripts/setup).
+
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(TIRPC REQUIRED IMPORTED_TARGET libtirpc)
+pkg_check_modules(POPPLER REQUIRED IMPORTED_TARGET poppler-cpp)
+pkg_check_modules(TIFF REQUIRED IMPORTED_TARGET libtiff-4)
+find_package(PNG REQUIRED)
+find_package(SQLite3 REQUIRED)
+find_path(CLI11_INCLUDE_DIR CLI/CLI.hpp REQUIRED)
+find_path(SIMPLEINI_INCLUDE_DIR SimpleIni.h REQUIRED)
+find_path(BOOST_PFR_INCLUDE_DIR boost/pfr.hpp REQUIRED)
+if(ZERDIX_TESTS)
+  find_package(GTest REQUIRED)
+  include(GoogleTest)
+endif()
+if(ZERDIX_BENCH)
+  find_package(benchmark REQUIRED)
+endif()

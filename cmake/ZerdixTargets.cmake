@@ -1,0 +1,33 @@
+# One target per room. A room is a static library that the shared library takes whole and that
+# tests may link on their own.
+
+add_library(zerdix_flags INTERFACE)
+target_compile_options(zerdix_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${ZERDIX_WERROR}>:-Werror>)
+if(ZERDIX_SANITIZE)
+  target_compile_options(zerdix_flags INTERFACE
+    -fsanitize=${ZERDIX_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(zerdix_flags INTERFACE -fsanitize=${ZERDIX_SANITIZE})
+endif()
+
+# zerdix_room(NAME SOURCES file... [LINKS target...])
+function(zerdix_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(zx_${name} STATIC ${ROOM_SOURCES})
+  target_include_directories(zx_${name} PUBLIC
+    ${CMAKE_SOURCE_DIR}/include ${CMAKE_SOURCE_DIR}/src)
+  target_link_libraries(zx_${name} PUBLIC ${ROOM_LINKS} PRIVATE zerdix_flags)
+endfunction()
+
+# zerdix_test(NAME SOURCES file... [LINKS target...] [TIMEOUT seconds])
+# A GoogleTest program; every case in it becomes a test of ctest.
+function(zerdix_test name)
+  cmake_parse_arguments(T "" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  if(NOT T_TIMEOUT)
+    set(T_TIMEOUT 60)
+  endif()
+  add_executable(${name} ${T_SOURCES})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${T_LINKS} zerdix_flags GTest::gmock GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${T_TIMEOUT})
+endfunction()

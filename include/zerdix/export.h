@@ -1,0 +1,17 @@
+/* The one export macro of the library. Usable from C and C++. */
+#ifndef ZERDIX_EXPORT_H
+#define ZERDIX_EXPORT_H
+
+#if defined(__GNUC__)
+#define ZX_API __attribute__((visibility("default")))
+#else
+#define ZX_API
+#endif
+
+#ifdef __cplusplus
+#define ZX_EXTERN_C extern "C"
+#else
+#define ZX_EXTERN_C extern
+#endif
+
+#endif

@@ -1,0 +1,95 @@
+/* The print job interface: what a fax or telex printer driver calls. Usable from C and C++.
+ *
+ *     TransmissionDlg(window, "Title", 1);          open a job
+ *     SetFaxMergeData(text, length);                receivers and settings, at any time
+ *     StoreFaxPage(block, size, 0, 0);              once for each page
+ *     SendFaxDoc();                                 or SendTelex, or DeleteFaxDoc
+ *
+ * Conventions
+ *
+ * (1) There is one job per process at a time, and all calls come from one thread. No call carries
+ *     a job handle.
+ * (2) Results are 32 bits wide: 0 success, 4 a refusal that isn't a failure, 8 failure. The reason
+ *     of a failure stands in the error log (see zerdix/trace.h).
+ * (3) The library keeps no pointer that is handed in beyond the call, the window reference apart.
+ * (4) Text is Windows-1252.
+ * (5) A call that reaches the server blocks for up to 25 seconds.
+ */
+#ifndef ZERDIX_SENDFAX_H
+#define ZERDIX_SENDFAX_H
+
+#include <stdint.h>
+
+#include <zerdix/export.h>
+
+#ifdef __cplusplus
+class ZERDIX;
+extern "C" {
+#else
+typedef struct ZERDIX ZERDIX;
+#endif
+
+struct a_s_rec;
+
+/* Opens a job. `parent` is handed to the send dialog as its parent and may be null. `title` becomes
+ * the document's comment, cut to 30 characters. `fax` isn't 0 for a fax job, 0 for a telex job.
+ *
+ * 0: the job is open. 4: another job is active and is left untouched; the user was told. 8: no
+ * connection to the Alpha server; DeleteFaxDoc is needed before the next job. */
+ZX_API int32_t TransmissionDlg(void* parent, const char* title, int32_t fax);
+
+/* Takes receivers and settings out of a text of #KEY value# pairs; everything else in the text is
+ * skipped. `length` bytes are read; no NUL is needed. A value is cut at 30 characters.
+ *
+ *   #PHONE text#            one receiver: a number, or BOOK:ENTRY
+ *   #RECEIVERGROUP id#      all members of a recipient group that fit the job's net type
+ *   #TITLE text#            the document's comment
+ *   #PAPER n#               paper source, 0 to 9
+ *   #PRIORITY n#            0 to 100
+ *   #RESOLUTION r#          NORMAL or FINE
+ *   #RETRIES n#             retries allowed
+ *   #SENDTIME t#            NOW, DELAYED (night tariff), or a time as str2time_t reads it
+ *   #LAST_DOCPAGE#          says that the text belongs to the last page
+ *
+ * Receivers add up; of all other keys the last pair wins. 0: done. 4: done, and LAST_DOCPAGE was
+ * among the pairs. 8: a remote call failed in RECEIVERGROUP; the pairs behind it aren't handled. */
+ZX_API int32_t SetFaxMergeData(const char* text, int32_t length);
+
+/* Stores one page. `block` is width and height in pixels, 32 bits each, most significant byte
+ * first, then the rows, the last row of the picture first, each of width / 8 bytes, leftmost pixel
+ * in bit 7, a set bit white. `size` is the block's length in bytes, header included, and must cover
+ * the header and all rows. The caller keeps the block, which isn't changed.
+ *
+ * Pages are numbered in the order of the calls; `page_index` is only traced. `paper_source`, 0 to
+ * 9, selects the letterhead, unless merge data named one above 0.
+ *
+ * 0: the page is on the server. 8: any failure; the job stays open. */
+ZX_API int32_t StoreFaxPage(const void* block, int32_t size, int16_t page_index,
+                            int16_t paper_source);
+
+/* Sends the job's document to every receiver and ends the job. Without receivers the send dialog
+ * asks for them.
+ *
+ * 0: done, or nothing to do. 4: the user cancelled. 8: a step failed; the job is closed all the
+ * same, send jobs that went out stay, and so does the document on the user's desk. */
+ZX_API int32_t SendFaxDoc(void);
+
+/* Gives the job up: takes its document off the server and ends the job. 0, or 8 when the document
+ * couldn't be deleted; then the job stays open and the call can be repeated. */
+ZX_API int32_t DeleteFaxDoc(void);
+
+/* The state of the job, for dialogs and drivers that look at it. Owned by the library; valid from
+ * TransmissionDlg to the end of the job, pa_s_rec always. */
+extern ZX_API ZERDIX* pzerdix;          /* session object; not null while a job is active */
+extern ZX_API struct a_s_rec* pa_s_rec; /* the send record; the fields are in zerdix/records.h */
+extern ZX_API char** ppReceiver;        /* receivers, 31 bytes each; null while none is known */
+extern ZX_API int32_t lPDCountReceiver; /* number of strings in ppReceiver */
+extern ZX_API int32_t fCoverpage;       /* 1: each receiver gets a cover page */
+extern ZX_API char userid[11];          /* user on whose desk the document is to be left, or "" */
+extern ZX_API char alphaid[36];         /* that user's Alpha server, or "" */
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
