@@ -1,0 +1,50 @@
+// The client stub: one blocking remote call of one procedure, with nothing around it.
+//
+// Each procedure has one static result record, process-wide. A stub releases what the record still
+// holds, zeroes it, makes the call, and returns its address, or null when the call failed; then the
+// record is zero again. So a result stays good until the next call of the same procedure, whoever
+// makes it. Calls must not overlap.
+#ifndef ZERDIX_WIRE_STUB_H
+#define ZERDIX_WIRE_STUB_H
+
+#include "rpc/wire/filter.h"
+#include "rpc/wire/procedures.h"
+
+namespace zerdix::wire {
+
+// Time-out of every call, in seconds.
+constexpr int call_seconds = 25;
+
+// The process-wide result record of a procedure, and the object that made the last call of it.
+template <class P>
+struct result_slot {
+    static inline typename P::result record{};
+    static inline const void* holder = nullptr;
+};
+
+// One call with everything type-less. True only when the RPC library reports success and the result
+// filter ran to its end: that library takes a reply without any result for a success.
+bool remote_call(CLIENT* handle, std::uint32_t number, xdrproc_t argument_filter, void* argument,
+                 xdrproc_t result_filter, void* result);
+
+// The error of the last failed remote_call, as the RPC library tells it; a reply that couldn't be
+// taken counts as RPC_CANTDECODERES, one that took too long as RPC_TIMEDOUT.
+rpc_err last_error(CLIENT* handle);
+
+template <class P>
+typename P::result* stub(typename P::argument& argument, CLIENT* handle) {
+    using argument_t = typename P::argument;
+    using result_t = typename P::result;
+    result_t& record = result_slot<P>::record;
+    release(record);
+    const bool good = remote_call(handle, P::number, &xdr_record<argument_t>, &argument,
+                                  &xdr_record<result_t>, &record);
+    if (good)
+        return &record;
+    release(record);
+    return nullptr;
+}
+
+} // namespace zerdix::wire
+
+#endif
