@@ -48,26 +48,26 @@ struct fax_info {
 // An outgoing document, and the settings of a send job. 440 bytes on the wire. The fields that the
 // server fills are zero in a record that the client sends.
 struct a_s_rec {
-    std::int32_t faxid;         // document id
-    zerdix::str10 userid;       // owner
-    std::int16_t priority;      // 0 to 32767
-    std::int32_t status;        // from the server
-    std::int16_t pages;         // number of pages
-    zerdix::str30 comment;      // title
+    std::int32_t faxid;    // document id
+    zerdix::str10 userid;  // owner
+    std::int16_t priority; // 0 to 32767
+    std::int32_t status;   // from the server
+    std::int16_t pages;    // number of pages
+    zerdix::str30 comment; // title
     std::int32_t s_aux1;
-    std::int32_t sendtime;      // seconds since 1970-01-01 UTC, 0: at once
+    std::int32_t sendtime;       // seconds since 1970-01-01 UTC, 0: at once
     zerdix::boolean nighttariff; // wait for the night tariff
     std::int32_t s_aux2;
     std::int16_t s_aux3;
     std::int16_t s_aux4;
     std::int32_t s_aux5;
-    std::int16_t errorstatus;   // from the server
-    std::int16_t maxretries;    // retries allowed
-    std::int16_t retries;       // retries made, from the server
-    zerdix::str20 tsi;          // station identification of the receiver, from the server
-    zerdix::str30 phone;        // a number, or "BOOK:ENTRY"
-    std::int16_t nettype;       // a nettypetype
-    std::int32_t resolution;    // 0 as it is, 1 fine, 2 normal
+    std::int16_t errorstatus; // from the server
+    std::int16_t maxretries;  // retries allowed
+    std::int16_t retries;     // retries made, from the server
+    zerdix::str20 tsi;        // station identification of the receiver, from the server
+    zerdix::str30 phone;      // a number, or "BOOK:ENTRY"
+    std::int16_t nettype;     // a nettypetype
+    std::int32_t resolution;  // 0 as it is, 1 fine, 2 normal
 };
 
 // An incoming document.
@@ -107,10 +107,10 @@ struct a_get_inf_o {
 struct o_tebu {
     zerdix::str10 tbookid;
     zerdix::str30 comment;
-    zerdix::str35 alphaid;     // Alpha server of the book
+    zerdix::str35 alphaid; // Alpha server of the book
     zerdix::str10 owner;
-    zerdix::str10 group;       // user group
-    zerdix::opaque<3> perms;   // rights of the owner, the group, all others
+    zerdix::str10 group;     // user group
+    zerdix::opaque<3> perms; // rights of the owner, the group, all others
     std::int16_t t_kind;
     std::array<zerdix::str30, 10> t_labels;
     zerdix::str80 t_text1;
@@ -120,19 +120,19 @@ struct o_tebu {
 // An entry of a phone book.
 struct o_tebul {
     zerdix::str10 tbookid;
-    zerdix::str10 teleid;    // unique in its book
+    zerdix::str10 teleid; // unique in its book
     zerdix::str30 comment;
-    zerdix::str20 tsi;       // station identification of the recipient
-    zerdix::str30 phone;     // fax or telex number
-    zerdix::boolean intern;  // in-house
-    std::int16_t nettype;    // a nettypetype
+    zerdix::str20 tsi;      // station identification of the recipient
+    zerdix::str30 phone;    // fax or telex number
+    zerdix::boolean intern; // in-house
+    std::int16_t nettype;   // a nettypetype
 };
 
 // A recipient group.
 struct o_tgroup {
     zerdix::str10 groupid;
     zerdix::str30 comment;
-    zerdix::str35 alphaid;   // Alpha server of the group
+    zerdix::str35 alphaid; // Alpha server of the group
     zerdix::str10 owner;
     zerdix::str10 group;     // user group
     zerdix::opaque<3> perms; // rights of the owner, the group, all others
@@ -150,10 +150,10 @@ struct a_user_rec {
     zerdix::str10 userid;
     zerdix::str10 defprinter;
     zerdix::str10 defscanner;
-    std::int16_t hwfeatures;                  // HWF bits
-    std::array<std::int32_t, 10> papertrays;  // per paper source a pool document, 0: none
-    std::int16_t priority;                    // 0 to 100
-    std::int32_t actions;                     // AT bits
+    std::int16_t hwfeatures;                 // HWF bits
+    std::array<std::int32_t, 10> papertrays; // per paper source a pool document, 0: none
+    std::int16_t priority;                   // 0 to 100
+    std::int32_t actions;                    // AT bits
     std::int32_t aux1;
     std::int32_t aux2;
     std::int32_t aux3;

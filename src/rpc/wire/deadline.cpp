@@ -15,8 +15,12 @@ bool call_expired() {
     return deadline != clock::time_point::max() && clock::now() > deadline;
 }
 
-call_time::call_time(clock::duration time) { deadline = clock::now() + time; }
+call_time::call_time(clock::duration time) {
+    deadline = clock::now() + time;
+}
 
-call_time::~call_time() { deadline = clock::time_point::max(); }
+call_time::~call_time() {
+    deadline = clock::time_point::max();
+}
 
 } // namespace zerdix::wire

@@ -6,7 +6,8 @@
 #include <zerdix/records.h>
 
 // The nodes of the three document lists name the record first and the pointer last, so that the
-// wire holds each record and then the bool of the next one. All other nodes are the other way round.
+// wire holds each record and then the bool of the next one. All other nodes are the other way
+// round.
 struct a_e_node {
     a_e_rec record;
     a_e_node* next;

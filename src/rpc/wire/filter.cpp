@@ -11,7 +11,9 @@ namespace {
 // First allocation of a byte field whose bytes haven't come yet.
 constexpr std::uint32_t first_piece = 64u << 10;
 
-std::uint32_t padding(std::uint32_t length) { return (4 - length % 4) % 4; }
+std::uint32_t padding(std::uint32_t length) {
+    return (4 - length % 4) % 4;
+}
 
 bool decode_bytes(XDR* stream, bytes& field, std::uint32_t length) {
     std::uint32_t room = 0;

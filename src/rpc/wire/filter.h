@@ -102,7 +102,7 @@ bool encode_chain(XDR* stream, N* first) {
 
 // All bools first: only counted, since nothing is worth allocating before its data comes.
 template <chain_node N>
-    requires pointer_first<N>
+requires pointer_first<N>
 bool decode_chain(XDR* stream, N*& first) {
     std::uint32_t count = 0;
     for (std::uint32_t more = 0;; ++count) {
@@ -126,8 +126,7 @@ bool decode_chain(XDR* stream, N*& first) {
 }
 
 template <chain_node N>
-    requires(!pointer_first<N>)
-bool decode_chain(XDR* stream, N*& first) {
+requires(!pointer_first<N>) bool decode_chain(XDR* stream, N*& first) {
     N** end = &first;
     std::uint32_t more = 0;
     for (std::uint32_t count = 0; transfer_word(stream, more); ++count) {

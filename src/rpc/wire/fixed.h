@@ -37,11 +37,11 @@ template <class T>
 struct fixed;
 
 template <class T>
-constexpr bool is_scalar = std::is_same_v<T, std::int32_t> || std::is_same_v<T, std::int16_t> ||
-                           std::is_enum_v<T>;
+constexpr bool is_scalar =
+    std::is_same_v<T, std::int32_t> || std::is_same_v<T, std::int16_t> || std::is_enum_v<T>;
 
 template <class T>
-    requires is_scalar<T>
+requires is_scalar<T>
 struct fixed<T> {
     static constexpr std::size_t size = 4;
     static void load(T& value, const unsigned char* from) {
@@ -69,9 +69,8 @@ struct fixed<text<N>> {
     // A character is signed on the wire: one above 0x7F fills its upper bytes with ones.
     static void store(const text<N>& value, unsigned char* to) {
         for (std::size_t i = 0; i <= N; ++i)
-            store_word(to + 4 * i, static_cast<std::uint32_t>(
-                                       static_cast<std::int32_t>(static_cast<signed char>(
-                                           value.bytes[i]))));
+            store_word(to + 4 * i, static_cast<std::uint32_t>(static_cast<std::int32_t>(
+                                       static_cast<signed char>(value.bytes[i]))));
     }
 };
 
@@ -116,7 +115,7 @@ struct sum_of<std::tuple<T...>> {
 };
 
 template <class T>
-    requires std::is_aggregate_v<T>
+requires std::is_aggregate_v<T>
 struct fixed<T> {
     static constexpr std::size_t size =
         sum_of<decltype(boost::pfr::structure_to_tuple(std::declval<T&>()))>::value;

@@ -1,5 +1,6 @@
 #include "rpc/wire/stub.h"
 
+#include <cerrno>
 #include <csignal>
 
 #include "rpc/wire/deadline.h"
@@ -39,11 +40,13 @@ class no_broken_pipe {
         pthread_sigmask(SIG_BLOCK, &pipe_, &old_);
     }
     ~no_broken_pipe() {
+        const int error = errno; // the call's own, which the caller still reads
         const timespec at_once{0, 0};
         if (!was_pending_)
             while (sigtimedwait(&pipe_, nullptr, &at_once) > 0) {
             }
         pthread_sigmask(SIG_SETMASK, &old_, nullptr);
+        errno = error;
     }
     no_broken_pipe(const no_broken_pipe&) = delete;
     no_broken_pipe& operator=(const no_broken_pipe&) = delete;

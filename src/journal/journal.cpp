@@ -1,0 +1,58 @@
+// JOURNAL as an object, and the reading of single records.
+
+#include <cstdlib>
+
+#include <zerdix/journal.h>
+#include <zerdix/zerdix.h>
+
+#include "journal/requests.h"
+
+using namespace zerdix;
+using journal::user_id;
+using rpc::by_object;
+namespace proc = rpc::proc;
+
+JOURNAL::JOURNAL()
+    : pClient(ZERDIX::clsGetClient()), pLogText(nullptr), lastPage{0, nullptr},
+      pERecResult(nullptr), pSRecResult(nullptr), pPRecResult(nullptr), pInfResult(nullptr),
+      lCoverId(0) {}
+
+JOURNAL::~JOURNAL() {
+    std::free(pLogText);
+    std::free(lastPage.data);
+    rpc::release<proc::a_get_inf_1>(pInfResult, this);
+    rpc::release<proc::a_get_e_1>(pERecResult, this);
+    rpc::release<proc::a_get_s_1>(pSRecResult, this);
+    rpc::release<proc::a_get_p_1>(pPRecResult, this);
+}
+
+std::int32_t JOURNAL::clssetPCTAsIs() {
+    return 0;
+}
+std::int32_t JOURNAL::clssetPCTFine() {
+    return 1;
+}
+std::int32_t JOURNAL::clssetPCTNormal() {
+    return 2;
+}
+
+a_e_rec* JOURNAL::getEDoc(std::int32_t faxid) {
+    return rpc::fetch<proc::a_get_e_1>(by_object{pClient}, {user_id(), faxid}, pERecResult, this);
+}
+
+a_s_rec* JOURNAL::getSDoc(std::int32_t faxid) {
+    return rpc::fetch<proc::a_get_s_1>(by_object{pClient}, {user_id(), faxid}, pSRecResult, this);
+}
+
+a_p_rec* JOURNAL::getPDoc(std::int32_t faxid) {
+    return rpc::fetch<proc::a_get_p_1>(by_object{pClient}, {user_id(), faxid}, pPRecResult, this);
+}
+
+a_get_inf_o* JOURNAL::getDocInf(topftype pool, std::int32_t faxid, int markRead) {
+    const rpc::by_patient_object caller{pClient};
+    if (caller.handle() == nullptr)
+        return nullptr;
+    if (faxid != 0 && markRead == 1)
+        setbif(pool, faxid, 0);
+    return rpc::fetch<proc::a_get_inf_1>(caller, {user_id(), pool, faxid}, pInfResult, this);
+}

@@ -1,0 +1,72 @@
+// The block sizes of lists, from the server's configuration.
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+
+#include <zerdix/zerdix.h>
+
+#include "rpc/call.h"
+#include "trace/traced.h"
+
+using namespace zerdix;
+
+namespace {
+
+constexpr trace::tracer trace_lines{"zerdix"};
+constexpr std::int32_t default_block_size = 30;
+constexpr std::int32_t largest_block_size = 200;
+
+struct block_size {
+    std::int32_t& cached;
+    const char* id;        // of the configuration value
+    const char* operation; // with its class and parentheses
+    const char* word;      // as the trace calls it
+};
+
+// The server's value: 0 where it has none; nothing when the call failed.
+bool ask_server(const block_size& size, client* handle) {
+    a_get_config_i request{};
+    request.cfgid.assign(size.id);
+    request.cfgindex = 1;
+    const rpc::by_session caller{size.operation};
+    const str80* value = rpc::call<rpc::proc::a_get_config_1>(caller, handle, request);
+    if (value == nullptr)
+        return false;
+    size.cached = static_cast<std::int32_t>(std::atol(std::string{value->view()}.c_str()));
+    trace_lines.info("%s: %s block size %ld", size.operation, size.word, size.cached);
+    return true;
+}
+
+std::int32_t get_block_size(const block_size& size) {
+    trace_lines.entry("<-- %s", size.operation);
+    client* handle = rpc::by_session{size.operation}.handle();
+    if (handle == nullptr)
+        return rpc::no_client;
+    if (size.cached == 0 && !ask_server(size, handle))
+        return -1;
+    if (size.cached == 0) {
+        trace_lines.exit("--> %s: No Value for Id: %s, default is %ld", size.operation, size.id,
+                         default_block_size);
+        return default_block_size;
+    }
+    if (size.cached > largest_block_size) {
+        trace_lines.info("%s: %s block size %ld reduced to %ld", size.operation, size.word,
+                         size.cached, largest_block_size);
+        size.cached = largest_block_size;
+    }
+    trace_lines.exit("--> %s: %s block size: %ld", size.operation, size.word, size.cached);
+    return size.cached;
+}
+
+} // namespace
+
+std::int32_t ZERDIX::clsGetJournalBlockSize() {
+    return get_block_size({rpc::session().journal_block_size, "JOURNALBLK",
+                           "ZERDIX::clsGetJournalBlockSize()", "Journal"});
+}
+
+std::int32_t ZERDIX::clsGetTelebookBlockSize() {
+    return get_block_size({rpc::session().telebook_block_size, "PHONEBOOKB",
+                           "ZERDIX::clsGetTelebookBlockSize()", "Telebook"});
+}

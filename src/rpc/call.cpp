@@ -1,0 +1,60 @@
+#include "rpc/call.h"
+
+#include <zerdix/zerdix.h>
+
+#include "platform/host_lookup.h"
+#include "trace/traced.h"
+
+namespace zerdix::rpc {
+
+namespace {
+
+constexpr trace::tracer trace_lines{"zerdix"};
+
+} // namespace
+
+session_state& session() {
+    static session_state state;
+    return state;
+}
+
+call_error settle_failed_call(client* handle) {
+    const std::int32_t socket_rc = platform::last_socket_error();
+    const rpc_err error = wire::last_error(handle);
+    if (error.re_status == RPC_TIMEDOUT) {
+        clnt_destroy(handle);
+        session().handle = nullptr;
+    }
+    return {error.re_status, socket_rc};
+}
+
+client* by_session::handle() const {
+    client* present = session().handle;
+    if (present == nullptr) {
+        trace_lines.error("%s: Client structure not set\n", name_);
+        trace_lines.exit("--> ");
+    }
+    return present;
+}
+
+void by_session::failed(client* handle) const {
+    const call_error error = settle_failed_call(handle);
+    trace_lines.error("%s: Error RPC call, status: <%ld> Socket rc: <%ld>", name_, error.status,
+                      error.socket_rc);
+    trace_lines.exit("--> %s", name_);
+}
+
+client* by_object::handle() const {
+    if (*copy_ != session().handle)
+        *copy_ = nullptr;
+    if (*copy_ == nullptr)
+        *copy_ = ZERDIX::clsGetClient();
+    return *copy_;
+}
+
+void by_object::failed(client* handle) const {
+    settle_failed_call(handle);
+    *copy_ = session().handle;
+}
+
+} // namespace zerdix::rpc

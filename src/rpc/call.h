@@ -1,0 +1,117 @@
+// The one way of making a remote call: client check, release of the old result, the call, and what
+// follows a call that failed.
+//
+// A policy tells who calls. `by_session` is ZERDIX: it uses the session's handle and traces.
+// `by_object` is JOURNAL and TELEBOOK: each object keeps a copy of the handle, which counts as none
+// once it isn't the session's present one, and there are no trace lines.
+#ifndef ZERDIX_RPC_CALL_H
+#define ZERDIX_RPC_CALL_H
+
+#include "rpc/session.h"
+#include "rpc/wire/stub.h"
+
+namespace zerdix::rpc {
+
+using wire::none;
+namespace proc = wire::proc;
+
+enum result : std::int32_t {
+    success = 0,
+    refused = 4,
+    call_failed = 8,
+    no_client = 12,
+};
+
+// What is known of a failed call.
+struct call_error {
+    clnt_stat status;
+    std::int32_t socket_rc;
+};
+
+// Takes the error of the call that has just failed. When it timed out the handle is destroyed and
+// the session has none from then on.
+call_error settle_failed_call(client* handle);
+
+class by_session {
+  public:
+    // `name` is the operation's qualified name with its parentheses.
+    explicit by_session(const char* name) : name_(name) {}
+
+    client* handle() const;
+    void failed(client* handle) const;
+
+  private:
+    const char* name_;
+};
+
+class by_object {
+  public:
+    explicit by_object(client*& copy) : copy_(&copy) {}
+
+    client* handle() const;
+    void failed(client* handle) const;
+
+  private:
+    client** copy_;
+};
+
+// As by_object, for the operations that don't look at the reason of a failure: the handle stays.
+class by_patient_object {
+  public:
+    explicit by_patient_object(client*& copy) : object_(copy) {}
+
+    client* handle() const { return object_.handle(); }
+    void failed(client*) const {}
+
+  private:
+    by_object object_;
+};
+
+// Calls without a client check; null when the call failed.
+template <class P, class Policy>
+typename P::result* call(const Policy& policy, client* handle, typename P::argument argument) {
+    auto* answer = wire::stub<P>(argument, handle);
+    if (answer == nullptr)
+        policy.failed(handle);
+    return answer;
+}
+
+// An operation whose answer is a truth value: 0, 4, 8 or 12.
+template <class P, class Policy>
+std::int32_t request(const Policy& policy, const typename P::argument& argument) {
+    client* handle = policy.handle();
+    if (handle == nullptr)
+        return no_client;
+    const auto* answer = call<P>(policy, handle, argument);
+    if (answer == nullptr)
+        return call_failed;
+    return *answer ? success : refused;
+}
+
+// Releases a result that an object holds. The record is the procedure's: when another object has
+// called it since, what is in it is that one's.
+template <class P>
+void release(typename P::result*& member, const void* holder) {
+    using slot = wire::result_slot<P>;
+    if (member != nullptr && slot::holder == holder)
+        wire::release(slot::record);
+    member = nullptr;
+}
+
+// An operation that keeps its answer in a member of `holder`: null without a handle, with the
+// member untouched, and null when the call failed, the member null too.
+template <class P, class Policy>
+typename P::result* fetch(const Policy& policy, const typename P::argument& argument,
+                          typename P::result*& member, const void* holder) {
+    client* handle = policy.handle();
+    if (handle == nullptr)
+        return nullptr;
+    release<P>(member, holder);
+    member = call<P>(policy, handle, argument);
+    wire::result_slot<P>::holder = holder;
+    return member;
+}
+
+} // namespace zerdix::rpc
+
+#endif

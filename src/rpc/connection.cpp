@@ -1,0 +1,180 @@
+// Opening and closing the connection, and what the session is asked for and told.
+
+#include <arpa/inet.h>
+#include <cctype>
+#include <cstdlib>
+#include <netinet/in.h>
+
+#include <zerdix/zerdix.h>
+
+#include "platform/host_lookup.h"
+#include "platform/sockets.h"
+#include "rpc/call.h"
+#include "trace/traced.h"
+
+using namespace zerdix;
+using rpc::session;
+
+namespace {
+
+constexpr trace::tracer trace_lines{"zerdix"};
+
+void trace_host_error(std::int32_t error, const char* name) {
+    switch (error) {
+    case platform::host_not_found:
+        trace_lines.error("ZERDIX::GetClientAddr(): The host name %s is not found\n", name);
+        break;
+    case platform::host_no_recovery:
+        trace_lines.error("ZERDIX::GetClientAddr(): An unrecoverable error has occured\n");
+        break;
+    case platform::host_no_data:
+        trace_lines.error("ZERDIX::GetClientAddr(): The requested name %s is valid but does not "
+                          "have an internet address at the name server\n",
+                          name);
+        break;
+    default:
+        trace_lines.error("ZERDIX::GetClientAddr(): Can't get internet address for %s\n", name);
+    }
+}
+
+platform::host_result resolve(const char* name) {
+    return std::isdigit(static_cast<unsigned char>(name[0])) != 0 ? platform::host_by_address(name)
+                                                                  : platform::host_by_name(name);
+}
+
+void trace_create_error() {
+    const char* reason = clnt_spcreateerror("clnttcp_create");
+    trace_lines.error("ZERDIX::GetClientAddr(): <%s>",
+                      reason != nullptr ? reason
+                                        : "Error clnttcp_create(): no error buffer allocated");
+}
+
+// The port is left 0, so that the server's port mapper is asked for it.
+client* connect_to(std::uint32_t network_address, std::uint32_t program) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = network_address;
+    trace_lines.info("ZERDIX::GetClientAddr(): IP address <%s>", inet_ntoa(address.sin_addr));
+    int socket = RPC_ANYSOCK;
+    return clnttcp_create(&address, program, wire::ZERDIX_VERS, &socket, 0, 0);
+}
+
+void close_handle() {
+    if (session().handle != nullptr)
+        clnt_destroy(session().handle);
+    session().handle = nullptr;
+}
+
+} // namespace
+
+ZERDIX::ZERDIX() {
+    trace_lines.life("C <-- ZERDIX::ZERDIX()");
+    session().handle = nullptr;
+    trace_lines.life("C --> ZERDIX::ZERDIX()");
+}
+
+ZERDIX::~ZERDIX() {
+    trace_lines.life("D <-- ZERDIX::~ZERDIX()");
+    trace_lines.life("D --> ZERDIX::~ZERDIX()");
+}
+
+client* ZERDIX::clsGetClient() {
+    trace_lines.property("ZERDIX::clsGetClient()");
+    return session().handle;
+}
+
+const char* ZERDIX::clsGetUserId() {
+    trace_lines.property("ZERDIX::clsGetUserId(): current UserId %s", session().user_id.bytes);
+    return session().user_id.bytes;
+}
+
+const char* ZERDIX::clsGetAlphaServer() {
+    trace_lines.property("ZERDIX::clsGetAlphaServer(): current AlphaServer %s",
+                         session().alpha_server.bytes);
+    return session().alpha_server.bytes;
+}
+
+void ZERDIX::setUserId(const char* userid) {
+    session().user_id.assign(userid);
+    trace_lines.property("ZERDIX::setUserId(): %s", session().user_id.bytes);
+}
+
+void ZERDIX::setAlphaserver(const char* alphaServer) {
+    session().alpha_server.assign(alphaServer);
+    trace_lines.property("ZERDIX::setAlphaserver(): %s", session().alpha_server.bytes);
+}
+
+client* ZERDIX::GetClientAddr(const char* alphaServer) {
+    trace_lines.entry("<-- ZERDIX::GetClientAddr(): Alpha Server: %s", alphaServer);
+    close_handle();
+    if (platform::start_sockets() != 0) {
+        trace_lines.error(
+            "ZERDIX::GetClientAddr(): The TCP/IP stack is not WinSock 1.1 compatible\n");
+        trace_lines.exit("--> ZERDIX::GetClientAddr()");
+        return nullptr;
+    }
+    const platform::host_result host = resolve(alphaServer);
+    if (!host.found()) {
+        trace_host_error(host.error, alphaServer);
+        trace_lines.exit("--> ZERDIX::GetClientAddr()");
+        return nullptr;
+    }
+    session().handle = connect_to(host.address, rpc_prog_nr(wire::ZERDIX_PROG));
+    if (session().handle == nullptr)
+        trace_create_error();
+    trace_lines.exit("--> ZERDIX::GetClientAddr()");
+    return session().handle;
+}
+
+void ZERDIX::CleanupHostConnection() {
+    trace_lines.entry("<-- ZERDIX::CleanupHostConnection():");
+    platform::stop_sockets();
+    close_handle();
+    session().login_id = 0;
+    trace_lines.exit("--> ZERDIX::CleanupHostConnection():");
+}
+
+std::uint32_t ZERDIX::rpc_prog_nr(std::int32_t number) {
+    trace_lines.entry("<-- ZERDIX::rpc_prog_nr: Old number: %ld", number);
+    const char* offset = std::getenv("ZERDIXRPCOFFSET");
+    const auto shift = static_cast<std::uint32_t>(offset != nullptr ? std::atol(offset) : 0);
+    const std::uint32_t shifted = static_cast<std::uint32_t>(number) + shift;
+    trace_lines.exit("--> ZERDIX::rpc_prog_nr: New number: %ld", shifted);
+    return shifted;
+}
+
+std::int32_t ZERDIX::clsSetLanguage(char letter) {
+    trace_lines.entry("<-- ZERDIX::clsSetLanguage(): %c", letter);
+    const char* locale = nullptr;
+    switch (letter) {
+    case 'G':
+        locale = "german_germany";
+        break;
+    case 'F':
+        locale = "french_france";
+        break;
+    case 'A':
+    case 'I':
+    case 'S':
+    case 'U':
+        locale = "english_us";
+        break;
+    default:
+        trace_lines.error("ZERDIX::clsSetLanguage(): language not supported");
+        trace_lines.exit("--> ZERDIX::clsSetLanguage()");
+        return rpc::refused;
+    }
+    session().language = letter;
+    session().language_string.assign(locale);
+    trace_lines.exit("--> ZERDIX::clsSetLanguage(): [string: %s]", locale);
+    return rpc::success;
+}
+
+char ZERDIX::clsGetLanguage() {
+    return session().language;
+}
+
+const char* ZERDIX::clsGetLanguageString() {
+    trace_lines.property("ZERDIX::clsGetLanguageString(): <%s>", session().language_string.bytes);
+    return session().language_string.bytes;
+}

@@ -1,0 +1,84 @@
+// TELEBOOK as an object, and the operations on phone books and their entries.
+
+#include <zerdix/telebook.h>
+
+#include "telebook/gathered_list.h"
+#include "telebook/requests.h"
+
+using namespace zerdix;
+using rpc::by_object;
+using telebook::alpha_id;
+using telebook::field;
+using telebook::user_id;
+namespace proc = rpc::proc;
+
+TELEBOOK::TELEBOOK()
+    : pTBookList(nullptr), pEntryList(nullptr), pTGroupList(nullptr), pTGroupBlock(nullptr),
+      pTGroupEntryList(nullptr), pTGroupEntryBlock(nullptr), pClient(ZERDIX::clsGetClient()),
+      pTBooksResult(nullptr), pTBookResult(nullptr), pEntriesResult(nullptr), pEntryResult(nullptr),
+      pTGroupsResult(nullptr), pTGroupBlockResult(nullptr), pTGroupResult(nullptr),
+      pTGroupEntriesResult(nullptr), pTGroupEntryBlockResult(nullptr), fTGroupCopies(false),
+      fTGroupEntryCopies(false) {}
+
+TELEBOOK::~TELEBOOK() {
+    delete pTBookList;
+    delete pEntryList;
+    telebook::delete_list<o_tgroup>(pTGroupList, fTGroupCopies);
+    delete pTGroupBlock;
+    telebook::delete_list<o_tgroupl>(pTGroupEntryList, fTGroupEntryCopies);
+    delete pTGroupEntryBlock;
+    rpc::release<proc::o_get_tbooks_1>(pTBooksResult, this);
+    rpc::release<proc::o_get_tbook_1>(pTBookResult, this);
+    rpc::release<proc::o_get_tbookl_1>(pEntriesResult, this);
+    rpc::release<proc::o_get_tbookentry_1>(pEntryResult, this);
+    rpc::release<proc::o_get_tgroups_1>(pTGroupsResult, this);
+    rpc::release<proc::o_get_tgroupsb_1>(pTGroupBlockResult, this);
+    rpc::release<proc::o_get_tgroup_1>(pTGroupResult, this);
+    rpc::release<proc::o_get_tgroupl_1>(pTGroupEntriesResult, this);
+    rpc::release<proc::o_get_tgrouplb_1>(pTGroupEntryBlockResult, this);
+}
+
+PTRLIST* TELEBOOK::getTBooks() {
+    return telebook::fetch_list<proc::o_get_tbooks_1>(pClient, {alpha_id(), user_id()},
+                                                      pTBooksResult, pTBookList, this);
+}
+
+o_tebu* TELEBOOK::getTBook(const char* tbookid) {
+    return rpc::fetch<proc::o_get_tbook_1>(
+        by_object{pClient}, {alpha_id(), user_id(), field<10>(tbookid)}, pTBookResult, this);
+}
+
+std::int32_t TELEBOOK::putTBook(const o_tebu* book) {
+    return rpc::request<proc::o_put_tbook_1>(by_object{pClient}, {alpha_id(), user_id(), *book});
+}
+
+std::int32_t TELEBOOK::delTBook(const char* tbookid) {
+    return rpc::request<proc::o_del_tbook_1>(by_object{pClient},
+                                             {alpha_id(), user_id(), field<10>(tbookid)});
+}
+
+PTRLIST* TELEBOOK::getTBookEntries(const char* tbookid, nettypetype nettype, const char* start,
+                                   std::int32_t blocksize) {
+    const bool one_type = nettype == NETTYPE_FAX || nettype == NETTYPE_TELEX;
+    const std::int32_t netmask = one_type ? 1 << nettype : 1 << NETTYPE_FAX | 1 << NETTYPE_TELEX;
+    return telebook::fetch_list<proc::o_get_tbookl_1>(
+        pClient, {alpha_id(), user_id(), field<10>(tbookid), netmask, field<10>(start), blocksize},
+        pEntriesResult, pEntryList, this);
+}
+
+o_tebul* TELEBOOK::getTBookEntry(const char* tbookid, const char* teleid, int flag) {
+    return rpc::fetch<proc::o_get_tbookentry_1>(
+        by_object{pClient},
+        {alpha_id(), user_id(), field<10>(tbookid), field<10>(teleid), {flag != 0 ? 1 : 0}},
+        pEntryResult, this);
+}
+
+std::int32_t TELEBOOK::putTBookEntry(const o_tebul* entry) {
+    return rpc::request<proc::o_put_tbookentry_1>(by_object{pClient},
+                                                  {alpha_id(), user_id(), *entry});
+}
+
+std::int32_t TELEBOOK::delTBookEntry(const char* tbookid, const char* teleid) {
+    return rpc::request<proc::o_del_tbookentry_1>(
+        by_object{pClient}, {alpha_id(), user_id(), field<10>(tbookid), field<10>(teleid)});
+}
