@@ -1,0 +1,70 @@
+#include "common/settings.h"
+
+#include <cstddef>
+#include <cstdlib>
+
+#include "platform/encoding.h"
+#include "platform/profile.h"
+
+namespace zerdix::common {
+namespace {
+
+// `width` counts the NUL of the field that the value is read into.
+struct key {
+    const char* name;
+    const char* fallback;
+    std::size_t width;
+};
+
+constexpr key user = {"User", "zerdix", 30};
+constexpr key host = {"Host", "alpha", 30};
+constexpr key max_page_block_len = {"MaxPageBlockLen", "16384", 8};
+constexpr key trace = {"Trace", "0", 3};
+constexpr key trace_file = {"Tracefile", "", 260};
+constexpr key error_file = {"Errorfile", "", 260};
+constexpr key log_dir = {"LogDir", "", 260};
+
+constexpr const char* section = "Zerdix";
+
+std::string read_bytes(const key& k) {
+    return platform::profile_string(section, k.name, k.fallback, k.width);
+}
+
+// The file is UTF-8, where a character may take up to four bytes, and the width counts characters.
+std::string read_text(const key& k) {
+    const std::string value = platform::profile_string(section, k.name, k.fallback, 4 * k.width);
+    return platform::utf8_to_cp1252(value).substr(0, k.width - 1);
+}
+
+} // namespace
+
+std::string setting_user() {
+    return read_text(user);
+}
+
+std::string setting_host() {
+    return read_text(host);
+}
+
+std::int32_t setting_max_page_block_len() {
+    return static_cast<std::int32_t>(
+        std::strtol(read_bytes(max_page_block_len).c_str(), nullptr, 10));
+}
+
+std::string setting_trace() {
+    return read_bytes(trace);
+}
+
+std::string setting_trace_file() {
+    return read_bytes(trace_file);
+}
+
+std::string setting_error_file() {
+    return read_bytes(error_file);
+}
+
+std::string setting_log_dir() {
+    return read_bytes(log_dir);
+}
+
+} // namespace zerdix::common

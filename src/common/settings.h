@@ -1,0 +1,29 @@
+// The keys of section "Zerdix" of the settings file, with their defaults and widths. Each call
+// reads the file anew, and a missing file is the same as one of defaults.
+#ifndef ZERDIX_COMMON_SETTINGS_H
+#define ZERDIX_COMMON_SETTINGS_H
+
+#include <cstdint>
+#include <string>
+
+namespace zerdix::common {
+
+// Windows-1252, at most 29 characters.
+std::string setting_user();
+std::string setting_host();
+
+// The number at the front of the value's first 7 characters, 0 where there is none. What is too
+// small or too large is the caller's to decide.
+std::int32_t setting_max_page_block_len();
+
+// The first two characters of the switch.
+std::string setting_trace();
+
+// Paths of at most 259 bytes, empty when not set; bytes of the file system, not converted.
+std::string setting_trace_file();
+std::string setting_error_file();
+std::string setting_log_dir();
+
+} // namespace zerdix::common
+
+#endif

@@ -1,0 +1,29 @@
+// Telling the user something while the library has no window of its own.
+#ifndef ZERDIX_PLATFORM_MESSAGE_BOX_H
+#define ZERDIX_PLATFORM_MESSAGE_BOX_H
+
+#include <string_view>
+
+namespace zerdix::platform {
+
+// Text and caption are Windows-1252.
+class message_box_port {
+  public:
+    // Shows the text and returns when the user has taken note of it, or at once where there is
+    // nobody to wait for. May be called while the library is being loaded or unloaded.
+    virtual void show(std::string_view text, std::string_view caption) = 0;
+
+  protected:
+    ~message_box_port() = default;
+};
+
+// The one in use. Without a replacement: a line "caption: text" on standard error, in UTF-8.
+message_box_port& message_box();
+
+// Puts `port` into its place, null for the default, and returns the one that was there before. The
+// caller keeps `port` and must take it out again before it goes.
+message_box_port* replace_message_box(message_box_port* port);
+
+} // namespace zerdix::platform
+
+#endif

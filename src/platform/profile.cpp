@@ -1,0 +1,165 @@
+#include "platform/profile.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/profile_text.h"
+
+namespace zerdix::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+std::optional<fs::path> user_profile() {
+    const std::string config = environment("XDG_CONFIG_HOME");
+    // A relative XDG_CONFIG_HOME is to be ignored.
+    if (config.starts_with('/'))
+        return fs::path(config) / "zerdix/zerdix.ini";
+    const std::string home = environment("HOME");
+    if (home.empty())
+        return std::nullopt;
+    return fs::path(home) / ".config/zerdix/zerdix.ini";
+}
+
+// The places in the order in which they are looked at.
+std::vector<fs::path> places() {
+    std::vector<fs::path> list;
+    if (const std::string named = environment("ZERDIX_INI"); !named.empty())
+        list.emplace_back(named);
+    if (const auto user = user_profile())
+        list.push_back(*user);
+    list.emplace_back("/etc/zerdix/zerdix.ini");
+    return list;
+}
+
+std::optional<std::string> read_file(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return std::nullopt;
+    return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+// A file under a name of its own beside its target. Goes again unless it is moved into place.
+class new_file {
+  public:
+    explicit new_file(const fs::path& target)
+        : target_(target), name_(target.string() + ".XXXXXX") {
+        descriptor_ = ::mkostemp(name_.data(), O_CLOEXEC);
+    }
+    ~new_file() {
+        if (descriptor_ < 0)
+            return;
+        ::close(descriptor_);
+        if (!placed_)
+            ::unlink(name_.c_str());
+    }
+    new_file(const new_file&) = delete;
+    new_file& operator=(const new_file&) = delete;
+
+    bool write(std::string_view text) const {
+        while (descriptor_ >= 0 && !text.empty()) {
+            const ssize_t written = ::write(descriptor_, text.data(), text.size());
+            if (written < 0 && errno != EINTR)
+                return false;
+            text.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
+        }
+        return descriptor_ >= 0;
+    }
+
+    // The target's permissions and, where this process may, its owner; those of a plain new file
+    // when there is no target yet.
+    bool take_permissions() const {
+        struct stat old = {};
+        if (::stat(target_.c_str(), &old) != 0)
+            return ::fchmod(descriptor_, 0644) == 0;
+        [[maybe_unused]] const int owner = ::fchown(descriptor_, old.st_uid, old.st_gid);
+        return ::fchmod(descriptor_, old.st_mode & 07777) == 0;
+    }
+
+    bool place() {
+        placed_ = ::fsync(descriptor_) == 0 && ::rename(name_.c_str(), target_.c_str()) == 0;
+        return placed_;
+    }
+
+  private:
+    fs::path target_;
+    std::string name_;
+    int descriptor_ = -1;
+    bool placed_ = false;
+};
+
+// Without it the rename itself may be lost with the machine. A file system that can't do it has
+// nothing better to offer.
+void sync_folder(const fs::path& folder) {
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+}
+
+bool replace_file(const fs::path& path, std::string_view text) {
+    new_file file(path);
+    if (!file.write(text) || !file.take_permissions() || !file.place())
+        return false;
+    sync_folder(path.parent_path().empty() ? "." : path.parent_path());
+    return true;
+}
+
+bool has_line_break(std::string_view text) {
+    return text.find_first_of("\r\n") != std::string_view::npos;
+}
+
+} // namespace
+
+std::string profile_path() {
+    std::error_code error;
+    for (const fs::path& place : places()) {
+        if (fs::exists(place, error))
+            return place.string();
+    }
+    return "";
+}
+
+std::string profile_string(std::string_view section, std::string_view key,
+                           std::string_view fallback, std::size_t buffer_size) {
+    const std::size_t limit = buffer_size == 0 ? 0 : buffer_size - 1;
+    const std::string path = profile_path();
+    const auto text = path.empty() ? std::nullopt : read_file(path);
+    const auto value = text ? find_value(*text, section, key) : std::nullopt;
+    return std::string(value.value_or(fallback).substr(0, limit));
+}
+
+bool write_profile_string(std::string_view section, std::string_view key, std::string_view value) {
+    if (has_line_break(section) || has_line_break(key) || has_line_break(value))
+        return false;
+    std::error_code error;
+    const std::string existing = profile_path();
+    if (existing.empty()) {
+        const fs::path path = places().front();
+        if (path.has_parent_path())
+            fs::create_directories(path.parent_path(), error);
+        return replace_file(path, with_value("", section, key, value));
+    }
+    // Behind a symbolic link the file is replaced, not the link.
+    const fs::path path = fs::canonical(existing, error);
+    const auto text = error ? std::nullopt : read_file(path);
+    return text && replace_file(path, with_value(*text, section, key, value));
+}
+
+} // namespace zerdix::platform

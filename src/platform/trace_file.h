@@ -1,0 +1,44 @@
+// The files of the tracer, as a port that tests can make fail.
+#ifndef ZERDIX_PLATFORM_TRACE_FILE_H
+#define ZERDIX_PLATFORM_TRACE_FILE_H
+
+#include <string_view>
+
+namespace zerdix::platform {
+
+class trace_file_port {
+  public:
+    static constexpr int invalid = -1;
+
+    // `handle` is never 0, which stands for a file that nobody has opened yet. It is `invalid` on
+    // failure, and then `error` is the system's error number.
+    struct opened {
+        int handle;
+        int error;
+    };
+
+    virtual bool exists(const char* path) = 0;
+    virtual opened create(const char* path) = 0;
+
+    // Opens a file that exists; whatever is written goes behind its end.
+    virtual opened open_at_end(const char* path) = 0;
+
+    // Hands all bytes to the system at once, with no buffer in between. A failure is nobody's
+    // concern, and so is an invalid handle.
+    virtual void write(int handle, std::string_view bytes) = 0;
+
+    virtual void close(int handle) = 0;
+
+  protected:
+    ~trace_file_port() = default;
+};
+
+trace_file_port& trace_file();
+
+// Puts `port` into its place, null for the default, and returns the one that was there before. The
+// caller keeps `port` and must take it out again before it goes.
+trace_file_port* replace_trace_file(trace_file_port* port);
+
+} // namespace zerdix::platform
+
+#endif
