@@ -1,0 +1,75 @@
+#include "sendfax/job.h"
+
+#include <cstring>
+#include <string>
+
+#include "common/settings.h"
+#include "sendfax/receivers.h"
+#include "sendfax/trace_lines.h"
+
+namespace {
+
+a_s_rec send_record{};
+
+} // namespace
+
+extern "C" {
+ZERDIX* pzerdix = nullptr;
+a_s_rec* pa_s_rec = &send_record;
+char** ppReceiver = nullptr;
+std::int32_t lPDCountReceiver = 0;
+std::int32_t fCoverpage = 0;
+char userid[11] = "";
+char alphaid[36] = "";
+}
+
+namespace zerdix::sendfax {
+
+namespace {
+
+void take_user_from_settings(bool record_user) {
+    const std::string user = common::setting_user();
+    pzerdix->setUserId(user.c_str());
+    if (record_user)
+        pa_s_rec->userid.assign(user);
+}
+
+} // namespace
+
+job_state& job() {
+    static job_state state;
+    return state;
+}
+
+bool open_session(bool record_user) {
+    pzerdix = new ZERDIX;
+    job().pjournal = new JOURNAL;
+    if (ZERDIX::clsGetClient() != nullptr)
+        return true;
+    // A user and a server that the process knows from an earlier job stay.
+    if (ZERDIX::clsGetUserId()[0] == '\0')
+        take_user_from_settings(record_user);
+    if (ZERDIX::clsGetAlphaServer()[0] == '\0')
+        pzerdix->setAlphaserver(common::setting_host().c_str());
+    if (pzerdix->GetClientAddr(ZERDIX::clsGetAlphaServer()) != nullptr)
+        return true;
+    trace_lines.error("TransmissionDlg(): Problems with RPC connection");
+    return false;
+}
+
+void close_job() {
+    release_receivers();
+    if (pzerdix != nullptr && ZERDIX::clsGetClient() != nullptr)
+        pzerdix->CleanupHostConnection();
+    delete job().pjournal;
+    job().pjournal = nullptr;
+    delete pzerdix;
+    pzerdix = nullptr;
+    fCoverpage = 0;
+    job().sPageCount = 0;
+    job().lFaxid = NO_FAXID;
+    std::memset(userid, 0, sizeof userid);
+    std::memset(alphaid, 0, sizeof alphaid);
+}
+
+} // namespace zerdix::sendfax

@@ -1,0 +1,51 @@
+// The state of the print job: the only thing that the entry points share.
+//
+// There is one job per process. It comes to life with TransmissionDlg (or with a page that comes
+// without one), and close_job brings everything back to idle, whichever way the job ends. A job is
+// active while `pzerdix` isn't null. Seven members are exported data and stand in zerdix/sendfax.h:
+// pzerdix, pa_s_rec, ppReceiver, lPDCountReceiver, fCoverpage, userid and alphaid.
+#ifndef ZERDIX_SENDFAX_JOB_H
+#define ZERDIX_SENDFAX_JOB_H
+
+#include <limits>
+
+#include <zerdix/journal.h>
+#include <zerdix/records.h>
+#include <zerdix/sendfax.h>
+#include <zerdix/zerdix.h>
+
+namespace zerdix::sendfax {
+
+// The job has no document yet.
+constexpr std::int32_t NO_FAXID = std::numeric_limits<std::int32_t>::max();
+
+enum result : std::int32_t {
+    success = 0,
+    declined = 4, // not a failure: another job, a cancelled dialog, a preparer that passes
+    failure = 8,
+};
+
+struct job_state {
+    JOURNAL* pjournal = nullptr;    // comes and goes with pzerdix
+    std::int32_t lFaxid = NO_FAXID; // the job's document
+    std::int16_t sPageCount = 0;    // pages stored so far
+    std::int16_t sPaperSource = 0;  // from merge data; kept until the next TransmissionDlg
+    void* hParentWnd = nullptr;     // handed to the send dialog, never looked at
+    std::int32_t fSendActive = 0;   // 1 while SendFaxDoc runs
+    std::int32_t fLogCompleted = 1; // the fan-out still has to write its completion line
+    std::int32_t receiver_room = 0; // slots of ppReceiver
+};
+
+job_state& job();
+
+// Makes the session's objects and connects to the server of the settings, where the session has
+// none yet. False when no connection could be made; the objects stay. With `record_user` a user
+// that comes from the settings is noted in the send record.
+bool open_session(bool record_user);
+
+// Ends the job: receivers, connection and objects go, and the state is idle again.
+void close_job();
+
+} // namespace zerdix::sendfax
+
+#endif

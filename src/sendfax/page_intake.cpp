@@ -1,0 +1,142 @@
+// Taking in the pages of a print job, and giving a job up.
+
+#include <cstdlib>
+#include <memory>
+#include <span>
+
+#include "imaging/page_codec.h"
+#include "sendfax/job.h"
+#include "sendfax/log_line.h"
+#include "sendfax/page_preparers.h"
+#include "sendfax/page_rows.h"
+#include "sendfax/trace_lines.h"
+
+using namespace zerdix;
+using namespace zerdix::sendfax;
+
+namespace {
+
+constexpr std::int16_t compressed_bitmap = 0; // the picture type
+
+struct freed {
+    void operator()(unsigned char* bytes) const { std::free(bytes); }
+};
+using heap_bytes = std::unique_ptr<unsigned char, freed>;
+
+// The first page brings the document into being. A failed id stays in the job's state, so that no
+// later page makes another document.
+bool create_document(const job_log& log) {
+    job_state& state = job();
+    state.lFaxid = state.pjournal->makeDoc();
+    if (state.lFaxid == 0 || state.lFaxid == -1) {
+        trace_lines.error("StoreFaxPage(): Problems with RPC connection");
+        return false;
+    }
+    pa_s_rec->faxid = state.lFaxid;
+    trace_lines.info("StoreFaxPage(): Faxid of created document: %ld", state.lFaxid);
+    if (state.pjournal->putComment2Doc(TOPF_P, state.lFaxid, pa_s_rec->comment.bytes) != success)
+        trace_lines.warning("StoreFaxPage(): Problems with setting comment");
+    log.document_created(state.lFaxid, ZERDIX::clsGetUserId(), ZERDIX::clsGetAlphaServer());
+    return true;
+}
+
+bool is_sound(std::span<const unsigned char> block) {
+    if (block.size() < page_header_size) {
+        trace_lines.error("StoreFaxPage(): The page block of %lu bytes has no room for its header",
+                          static_cast<std::uint32_t>(block.size()));
+        return false;
+    }
+    const page_size size = read_page_size(block);
+    trace_lines.info("StoreFaxPage(): Width: %ld Height %ld", size.width, size.height);
+    if (size.covered_by(block.size()))
+        return true;
+    trace_lines.error("StoreFaxPage(): The page block of %lu bytes doesn't cover its rows",
+                      static_cast<std::uint32_t>(block.size()));
+    return false;
+}
+
+// From driver form to stored form, and into the codec. The header is in stored form already.
+bool compress_page(std::span<unsigned char> buffer, page_dat& page) {
+    mirror_and_invert(buffer.subspan(page_header_size));
+    std::int32_t length = 0;
+    const std::int32_t rc = imaging::compress_mem_2_mem(
+        buffer.data(), static_cast<std::int32_t>(buffer.size()), &page.data, &length);
+    page.size = static_cast<std::uint32_t>(length);
+    if (rc != success)
+        trace_lines.error("StoreFaxPage(): Error returned from compress_mem_2_mem() rc: %ld", rc);
+    return rc == success;
+}
+
+// The compressed page of a driver's block; false on failure.
+bool prepare_page(std::span<const unsigned char> block, std::int16_t paper_source, page_dat& page) {
+    const heap_bytes work{static_cast<unsigned char*>(std::malloc(block.size()))};
+    if (work == nullptr) {
+        trace_lines.error("Storefaxpage(): Problems to allocate memory");
+        return false;
+    }
+    const std::span buffer{work.get(), block.size()};
+    turn_rows(block, buffer);
+    const auto size = static_cast<std::int32_t>(buffer.size());
+    const std::int16_t source = job().sPaperSource > 0 ? job().sPaperSource : paper_source;
+    const std::int32_t merged = MergeBackPaper(buffer.data(), size, source, &page);
+    if (merged == success)
+        return true;
+    if (merged == failure) {
+        trace_lines.error("-> StoreFaxPage(): Error MergeBackPaper");
+        return false;
+    }
+    return RotateBitmap(buffer.data(), size, &page) == success || compress_page(buffer, page);
+}
+
+// The page counts from here on, even when the server doesn't take it.
+bool store_page(const page_dat& page, const job_log& log) {
+    job_state& state = job();
+    ++state.sPageCount;
+    if (state.pjournal->putDocPage(state.lFaxid, state.sPageCount, compressed_bitmap, &page) !=
+        success) {
+        trace_lines.error("-> StoreFaxPage(): Problems with RPC connection");
+        return false;
+    }
+    log.page_no_completed(state.lFaxid, state.sPageCount);
+    return true;
+}
+
+bool take_page(std::span<const unsigned char> block, std::int16_t paper_source,
+               const job_log& log) {
+    if (job().lFaxid == NO_FAXID && !create_document(log))
+        return false;
+    if (!is_sound(block))
+        return false;
+    page_dat page{0, nullptr};
+    const bool prepared = prepare_page(block, paper_source, page);
+    const heap_bytes owned{page.data};
+    return prepared && store_page(page, log);
+}
+
+} // namespace
+
+extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::int16_t page_index,
+                                     std::int16_t paper_source) {
+    const job_log log{"StoreFaxPage()", std::time(nullptr)};
+    if (pzerdix == nullptr && !open_session(false))
+        return failure;
+    trace_lines.entry("<-- StoreFaxPage(): Size of Bitmap: %ld Page Index: %hd", size, page_index);
+    const std::size_t bytes = block != nullptr && size > 0 ? static_cast<std::size_t>(size) : 0;
+    const bool taken =
+        take_page({static_cast<const unsigned char*>(block), bytes}, paper_source, log);
+    trace_lines.exit("--> StoreFaxPage():");
+    return taken ? success : failure;
+}
+
+extern "C" std::int32_t DeleteFaxDoc() {
+    trace_lines.entry("<-- DeleteFaxDoc() -  Faxid: %ld", job().lFaxid);
+    const bool has_document = job().lFaxid != NO_FAXID && job().pjournal != nullptr;
+    if (has_document && job().pjournal->delDoc(TOPF_P, job().lFaxid) != success) {
+        trace_lines.error("-> DeleteFaxDoc(): Problems with deleting document");
+        trace_lines.exit("--> DeleteFaxDoc():");
+        return failure;
+    }
+    close_job();
+    trace_lines.exit("--> -> DeleteFaxDoc(): OK");
+    return success;
+}

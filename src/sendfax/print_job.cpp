@@ -1,0 +1,48 @@
+// Opening a print job.
+
+#include <string>
+
+#include <zerdix/timetext.h>
+
+#include "platform/message_box.h"
+#include "sendfax/job.h"
+#include "sendfax/trace_lines.h"
+
+using namespace zerdix;
+using namespace zerdix::sendfax;
+
+namespace {
+
+void tell_job_is_active() {
+    if (pa_s_rec->nettype == NETTYPE_FAX)
+        platform::message_box().show("Another FAX print job is still active", "FAX printer driver");
+    else
+        platform::message_box().show("Another Telex print job is still active",
+                                     "Telex printer driver");
+}
+
+} // namespace
+
+extern "C" std::int32_t TransmissionDlg(void* parent, const char* title, std::int32_t fax) {
+    const char* comment = title != nullptr ? title : "";
+    trace_lines.entry("<-- TransmissionDlg(): Title: <%s> Fax: <%ld>", comment, fax);
+    if (pzerdix != nullptr) {
+        tell_job_is_active();
+        trace_lines.error("TransmissionDlg(): Another zerDIX print job is still active");
+        trace_lines.exit("--> TransmissionDlg():");
+        return declined;
+    }
+    job().lFaxid = NO_FAXID;
+    job().sPaperSource = 0;
+    job().hParentWnd = parent;
+    *pa_s_rec = a_s_rec{};
+    if (!open_session(true)) {
+        trace_lines.exit("--> TransmissionDlg():");
+        return failure;
+    }
+    pa_s_rec->comment.assign(comment);
+    pa_s_rec->nettype = fax != 0 ? NETTYPE_FAX : NETTYPE_TELEX;
+    setTZ();
+    trace_lines.exit("--> TransmissionDlg(): OK");
+    return success;
+}

@@ -1,0 +1,29 @@
+// The receiver strings of the job: blocks of 31 bytes in the exported array ppReceiver, which
+// grows by 1000 slots. A receiver is a number as typed, or BOOK:ENTRY.
+#ifndef ZERDIX_SENDFAX_RECEIVERS_H
+#define ZERDIX_SENDFAX_RECEIVERS_H
+
+#include <cstdint>
+#include <string_view>
+
+namespace zerdix::sendfax {
+
+constexpr std::size_t receiver_size = 31;
+
+// An array without receivers, all slots null. True when memory was there.
+bool make_receiver_array();
+
+// Adds a receiver, cut to 30 characters; one that memory doesn't suffice for is dropped.
+void add_receiver(std::string_view receiver);
+
+// Puts a block of 31 zero bytes into slot 0, for the send dialog to fill.
+void add_blank_receiver();
+
+void release_receiver(std::int32_t index);
+
+// Releases what is left of the strings, and the array.
+void release_receivers();
+
+} // namespace zerdix::sendfax
+
+#endif

@@ -1,0 +1,40 @@
+#include "sendfax/send_dialog.h"
+
+#include <utility>
+
+#include "sendfax/job.h"
+#include "sendfax/trace_lines.h"
+
+namespace zerdix::sendfax {
+
+namespace {
+
+send_dialog installed = nullptr;
+
+std::int32_t job_result(std::int32_t ended) {
+    switch (ended) {
+    case dialog_accepted:
+        return success;
+    case dialog_cancelled:
+        return declined;
+    default:
+        return failure;
+    }
+}
+
+} // namespace
+
+send_dialog install_send_dialog(send_dialog dialog) {
+    return std::exchange(installed, dialog);
+}
+
+std::int32_t CallSendDialog(void* parent) {
+    trace_lines.entry("<-- CallSendDialog()");
+    const std::int32_t ended = installed != nullptr ? installed(parent) : 0;
+    trace_lines.exit("--> CallSendDialog: RC from CDialogSendSelect: %ld ", ended);
+    const std::int32_t rc = job_result(ended);
+    trace_lines.exit("--> CallSendDialog(): Rc = %ld", rc);
+    return rc;
+}
+
+} // namespace zerdix::sendfax

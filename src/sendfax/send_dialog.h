@@ -1,0 +1,25 @@
+// The bridge to the send dialog.
+#ifndef ZERDIX_SENDFAX_SEND_DIALOG_H
+#define ZERDIX_SENDFAX_SEND_DIALOG_H
+
+#include <cstdint>
+
+namespace zerdix::sendfax {
+
+// How a send dialog ended.
+constexpr std::int32_t dialog_accepted = 2301;
+constexpr std::int32_t dialog_cancelled = 2302;
+
+// Shows a modal dialog for the job's state (zerdix/sendfax.h), which it fills, and returns how it
+// ended; any other number than the two above means that it couldn't run.
+using send_dialog = std::int32_t (*)(void* parent);
+
+// Whoever can show the dialog says so here; null where no dialog can run. Returns the one before.
+send_dialog install_send_dialog(send_dialog dialog);
+
+// Runs the dialog: 0 accepted, 4 cancelled, 8 failure, or no dialog can run.
+std::int32_t CallSendDialog(void* parent);
+
+} // namespace zerdix::sendfax
+
+#endif

@@ -1,0 +1,156 @@
+// The end of a print job: who gets the document, the fan-out, and what becomes of the document.
+
+#include <cstring>
+#include <ctime>
+
+#include "sendfax/job.h"
+#include "sendfax/pool_document.h"
+#include "sendfax/receivers.h"
+#include "sendfax/send_dialog.h"
+#include "sendfax/trace_lines.h"
+
+using namespace zerdix;
+using namespace zerdix::sendfax;
+
+namespace {
+
+// The umlauts are Windows-1252.
+void trace_job() {
+    const a_s_rec& record = *pa_s_rec;
+    trace_lines.info("SendFaxDoc(): Faxid -> %ld", record.faxid);
+    trace_lines.info("SendFaxDoc(): Userid -> %s", record.userid.bytes);
+    trace_lines.info("SendFaxDoc(): Priorit\xe4t -> %hd", record.priority);
+    trace_lines.info("SendFaxDoc(): Status -> %ld", record.status);
+    trace_lines.info("SendFaxDoc(): Seiten -> %hd", job().sPageCount);
+    trace_lines.info("SendFaxDoc(): Kommentar -> %s", record.comment.bytes);
+    trace_lines.info("SendFaxDoc(): Nachttarif -> %hd", record.nighttariff.value);
+    trace_lines.info("SendFaxDoc(): Error-Status -> %hd", record.errorstatus);
+    trace_lines.info("SendFaxDoc(): Wiederholungen (max.) -> %hd", record.maxretries);
+    trace_lines.info("SendFaxDoc(): Wiederholungen (tats.) -> %hd", record.retries);
+    trace_lines.info("SendFaxDoc(): Empf\xe4nger-TSI -> %s", record.tsi.bytes);
+    trace_lines.info("SendFaxDoc(): Netztyp (1=FAX/2=TELEX) -> %hd", record.nettype);
+    trace_lines.info("SendFaxDoc(): Aufl\xf6sung (0=as is/1=fine/2=normal) -> %ld",
+                     record.resolution);
+}
+
+// Asks the user for what merge data left open; anything but success ends the job.
+std::int32_t ask_user() {
+    if (!make_receiver_array())
+        return failure;
+    add_blank_receiver();
+    const std::int32_t rc = CallSendDialog(job().hParentWnd);
+    if (rc == declined) {
+        trace_lines.warning("SendFaxDoc(): SendDialog cancelled");
+        trace_lines.info("SendFaxDoc(): Delete temporary fax doc: %ld", job().lFaxid);
+        if (job().pjournal->delDoc(TOPF_P, job().lFaxid) != success)
+            trace_lines.error("SendFaxDoc(): Problems with deleting document");
+    } else if (rc != success) {
+        trace_lines.error("SendFaxDoc(): RC returned from CallSendDialog(): %ld", rc);
+    }
+    return rc;
+}
+
+// Receivers from the first on, up to the count or the first empty string.
+std::int32_t count_receivers() {
+    std::int32_t count = 0;
+    while (count < lPDCountReceiver && ppReceiver[count] != nullptr && ppReceiver[count][0] != '\0')
+        ++count;
+    trace_lines.info("SendFaxDoc(): Number of receivers: %ld", count);
+    return count;
+}
+
+void take_receiver(std::int32_t index) {
+    if (ppReceiver[index] == nullptr || ppReceiver[index][0] == '\0')
+        return;
+    pa_s_rec->phone.assign(ppReceiver[index]);
+    trace_lines.info("SendFaxDoc(): Receiver: %s", pa_s_rec->phone.bytes);
+}
+
+// One pass of a fan-out without cover page: the document is one and the same for all receivers.
+bool send_to_receiver(std::int32_t index, const job_log& log) {
+    take_receiver(index);
+    if (userid[0] == '\0') {
+        if (job().fLogCompleted != 0)
+            log.document_completed(job().lFaxid);
+        job().fLogCompleted = 0;
+        pa_s_rec->pages = job().sPageCount;
+        if (job().pjournal->sendDoc(job().lFaxid, pa_s_rec) != success) {
+            trace_lines.error("SendFaxDoc(): Problems with sending document");
+            return false;
+        }
+    }
+    release_receiver(index);
+    return true;
+}
+
+bool delete_sent_document(const job_log& log) {
+    log.document_deleted(job().lFaxid);
+    if (job().pjournal->delDoc(TOPF_P, job().lFaxid) == success)
+        return true;
+    trace_lines.error("->SendFaxDoc(): Problems with deleting document");
+    return false;
+}
+
+bool run_passes(std::int32_t count, const job_log& log) {
+    for (std::int32_t index = count - 1; index >= 0; --index)
+        if (!send_to_receiver(index, log))
+            return false;
+    return true;
+}
+
+bool deliver(const job_log& log) {
+    const bool to_pool = userid[0] != '\0';
+    const pool_delivery pool;
+    const std::int32_t count = to_pool ? pool.passes() : count_receivers();
+    if (!run_passes(count, log))
+        return false;
+    release_receivers();
+    job().fLogCompleted = 1;
+    trace_lines.info("SendFaxDoc(): Delete temporary fax doc: %ld", job().lFaxid);
+    return to_pool ? pool.deliver(log) : delete_sent_document(log);
+}
+
+std::int32_t send_job() {
+    const job_log log{"SendFaxDoc()", std::time(nullptr)};
+    if (ppReceiver == nullptr) {
+        const std::int32_t rc = ask_user();
+        if (rc != success)
+            return rc;
+    }
+    if (fCoverpage != 0) {
+        trace_lines.error("SendFaxDoc(): Cover pages can't be composed yet");
+        return failure;
+    }
+    return deliver(log) ? success : failure;
+}
+
+void end_job() {
+    close_job();
+    job().fLogCompleted = 1;
+    job().fSendActive = 0;
+}
+
+} // namespace
+
+extern "C" std::int32_t SendFaxDoc() {
+    trace_lines.entry("<-- SendFaxDoc():");
+    if (pzerdix == nullptr) {
+        trace_lines.exit("--> SendFaxDoc(): no initialisation");
+        return success;
+    }
+    if (job().fSendActive != 0) {
+        trace_lines.exit("--> SendFaxDoc(): function already active");
+        return success;
+    }
+    job().fSendActive = 1;
+    trace_job();
+    if (job().lFaxid == NO_FAXID) {
+        trace_lines.exit("--> SendFaxDoc(): for an empty page we make no action");
+        end_job();
+        return success;
+    }
+    const std::int32_t rc = send_job();
+    end_job();
+    trace_lines.exit("--> SendFaxDoc()");
+    return rc;
+}
