@@ -13,6 +13,7 @@
 #include <cstdarg>
 #include <cstdint>
 #include <cstdio>
+#include <string_view>
 
 #include <zerdix/export.h>
 
@@ -51,6 +52,11 @@ class ZX_API T_TRACE {
                        const char* format, ...);
     void _voutTraceLine(int wrapConfigured, std::uint32_t level, const char* prefix,
                         const char* format, std::va_list arguments);
+    void _outParts(int wrapConfigured, std::uint32_t level, const char* prefix,
+                   std::string_view message);
+    void _outWrapped(int wrapConfigured, std::uint32_t level, std::string_view text);
+    void _outPhysicalLine(std::uint32_t level, const char* leader, std::string_view piece,
+                          std::uint32_t width, bool last);
     int _isWithinScope(const char* name, std::uint32_t level);
     int _checkScope(const char* masks, const char* value);
     int _checkMask(const char* mask, const char* value);

@@ -1,11 +1,11 @@
 #include "platform/profile.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -47,11 +47,19 @@ std::vector<fs::path> places() {
     return list;
 }
 
+// Nothing when the file can't be read to its end.
 std::optional<std::string> read_file(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rbe"),
+                                                               std::fclose);
+    if (file == nullptr)
         return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    std::string text;
+    std::array<char, 4096> piece;
+    while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), file.get()))
+        text.append(piece.data(), count);
+    if (std::ferror(file.get()) != 0)
+        return std::nullopt;
+    return text;
 }
 
 // A file under a name of its own beside its target. Goes again unless it is moved into place.

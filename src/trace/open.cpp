@@ -1,0 +1,142 @@
+// The life of the tracer: construction, opening with rotation, destruction.
+
+#include <zerdix/trace.h>
+
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <new>
+#include <string>
+#include <string_view>
+
+#include "common/settings.h"
+#include "platform/message_box.h"
+#include "platform/trace_file.h"
+#include "trace/state.h"
+#include "trace/traced.h"
+
+T_TRACE TTrace;
+
+namespace zerdix::trace {
+
+constinit T_TRACE* const process_tracer = &TTrace;
+constinit trace_file_state the_trace_file = {};
+
+std::array<char, 32> time_text() {
+    std::array<char, 32> text = {};
+    const std::time_t now = std::time(nullptr);
+    std::tm local = {};
+    if (::localtime_r(&now, &local) != nullptr)
+        ::asctime_r(&local, text.data());
+    return text;
+}
+
+void report_no_text_buffer() {
+    platform::message_box().show("T_TRACE::T_TRACE: Not enough memory to allocate text buffer",
+                                 "Tracer");
+}
+
+} // namespace zerdix::trace
+
+namespace {
+
+using namespace zerdix;
+using platform::trace_file;
+using trace::the_trace_file;
+
+std::uint32_t configured_width() {
+    const char* text = std::getenv("TRACE_WRAP_WIDTH");
+    if (text == nullptr)
+        return trace::default_width;
+    const long width = std::strtol(text, nullptr, 10);
+    return width >= 20 && width <= 200 ? static_cast<std::uint32_t>(width) : 200;
+}
+
+// A path of the settings as it stands, else the file's own name in the folder for logs.
+void fill_path(char* path, const std::string& configured, const char* file_name) {
+    if (!configured.empty()) {
+        std::snprintf(path, trace::path_size, "%s", configured.c_str());
+        return;
+    }
+    const std::string folder = common::setting_log_dir();
+    const char* separator = folder.empty() ? "" : "/";
+    std::snprintf(path, trace::path_size, "%s%s%s", folder.c_str(), separator, file_name);
+}
+
+// The generation before takes the name up to the first "." of the whole path, folders included.
+std::string name_of_old_generation(const std::string& path) {
+    return path.substr(0, path.find('.')) + ".OLD";
+}
+
+void rotate() {
+    const char* path = the_trace_file.path.data();
+    const std::string old = name_of_old_generation(path);
+    std::remove(old.c_str());
+    std::rename(path, old.c_str());
+}
+
+// A file that is still there couldn't be rotated; it goes on.
+void open_trace_file() {
+    const char* path = the_trace_file.path.data();
+    if (trace_file().exists(path))
+        rotate();
+    const auto opened =
+        trace_file().exists(path) ? trace_file().open_at_end(path) : trace_file().create(path);
+    the_trace_file.handle = opened.handle;
+    if (opened.handle != platform::trace_file_port::invalid)
+        return;
+    std::array<char, 80> text;
+    std::snprintf(text.data(), text.size(), "Tracesetname: Error open trace file\nerror code: %d",
+                  opened.error);
+    platform::message_box().show(text.data(), path);
+}
+
+void write_start_line() {
+    std::array<char, 80> line;
+    const int length = std::snprintf(line.data(), line.size(), "*** Tracer gestartet: %s\n",
+                                     trace::time_text().data());
+    trace_file().write(the_trace_file.handle, {line.data(), static_cast<std::size_t>(length)});
+}
+
+} // namespace
+
+T_TRACE::T_TRACE()
+    : _traceOn(1), _nameSet(0), _scopeNames(nullptr), _scopeExcluded(nullptr),
+      _scopeLevels(nullptr), _textBuffer(nullptr), _errorFileName(nullptr), _errorFile(nullptr),
+      _wrapWidth(trace::default_width) {
+    if (common::setting_trace().starts_with('0')) {
+        _traceOn = 0;
+        return;
+    }
+    _textBuffer = new (std::nothrow) char[trace::text_size];
+    if (_textBuffer == nullptr) {
+        trace::report_no_text_buffer();
+        _traceOn = 0;
+    }
+}
+
+T_TRACE::~T_TRACE() {
+    delete[] _textBuffer;
+    _textBuffer = nullptr;
+    if (the_trace_file.handle != 0 && the_trace_file.handle != platform::trace_file_port::invalid)
+        trace_file().close(the_trace_file.handle);
+    the_trace_file.handle = 0;
+    delete[] _errorFileName;
+    _errorFileName = nullptr;
+}
+
+void T_TRACE::traceSetName(const char*) {
+    if (_nameSet == 1)
+        return;
+    _wrapWidth = configured_width();
+    _errorFileName = new (std::nothrow) char[trace::path_size];
+    if (_errorFileName != nullptr)
+        fill_path(_errorFileName, common::setting_error_file(), "FAXERROR.LOG");
+    fill_path(the_trace_file.path.data(), common::setting_trace_file(), "FAXTRACE.LOG");
+    if (_traceOn == 1) {
+        open_trace_file();
+        write_start_line();
+    }
+    _nameSet = 1;
+}
