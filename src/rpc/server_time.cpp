@@ -25,7 +25,7 @@ extern "C" std::int32_t setTZ() {
     client* handle = ZERDIX::clsGetClient();
     if (handle == nullptr)
         return rpc::call_failed;
-    none nothing;
+    wire::none nothing;
     a_get_tz_o* answer = wire::stub<rpc::proc::a_get_tz_1>(nothing, handle);
     if (answer == nullptr) {
         rpc::settle_failed_call(handle);

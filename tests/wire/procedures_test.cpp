@@ -1,0 +1,37 @@
+// The table of procedures as a whole.
+
+#include <gtest/gtest.h>
+#include <set>
+
+#include "rpc/wire/procedures.h"
+
+namespace {
+
+using namespace zerdix::wire;
+
+template <class... P>
+std::vector<std::uint32_t> numbers(procedure_list<P...>) {
+    return {P::number...};
+}
+
+TEST(Procedures, NumbersAreTheProtocols) {
+    std::vector<std::uint32_t> expected{1};
+    for (std::uint32_t n = 3; n <= 104; ++n)
+        if (n != 13)
+            expected.push_back(n);
+    for (std::uint32_t n = 1000; n <= 1007; ++n)
+        expected.push_back(n);
+    EXPECT_EQ(expected.size(), 110u);
+    EXPECT_EQ(numbers(all_procedures{}), expected);
+}
+
+TEST(Procedures, NamesLeadToRecords) {
+    EXPECT_STREQ(proc::a_send_doc_1::name, "a_send_doc_1");
+    EXPECT_EQ(proc::a_send_doc_1::number, 25u);
+    static_assert(std::is_same_v<proc::a_send_doc_1::argument, a_send_doc_i>);
+    static_assert(std::is_same_v<proc::a_send_doc_1::result, std::int32_t>);
+    static_assert(std::is_same_v<proc::o_get_tbookl_1::argument, o_get_tbookl_i>);
+    static_assert(std::is_same_v<proc::a_get_tz_1::argument, none>);
+}
+
+} // namespace
