@@ -74,6 +74,13 @@ ZX_API int32_t StoreFaxPage(const void* block, int32_t size, int16_t page_index,
  * same, send jobs that went out stay, and so does the document on the user's desk. */
 ZX_API int32_t SendFaxDoc(void);
 
+/* Prints a telex text for every receiver and ends the job. `size` bytes are taken; no NUL is needed.
+ * Without receivers the send dialog asks for them.
+ *
+ * 0: done. 4: the user cancelled. 8: the dialog failed, and the job is closed; or a later step
+ * failed, and the job stays open until DeleteFaxDoc. */
+ZX_API int32_t SendTelex(const char* text, int32_t size);
+
 /* Gives the job up: takes its document off the server and ends the job. 0, or 8 when the document
  * couldn't be deleted; then the job stays open and the call can be repeated. */
 ZX_API int32_t DeleteFaxDoc(void);

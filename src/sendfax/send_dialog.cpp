@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "sendfax/job.h"
+#include "sendfax/receivers.h"
 #include "sendfax/trace_lines.h"
 
 namespace zerdix::sendfax {
@@ -26,6 +27,13 @@ std::int32_t job_result(std::int32_t ended) {
 
 send_dialog install_send_dialog(send_dialog dialog) {
     return std::exchange(installed, dialog);
+}
+
+std::int32_t run_send_dialog() {
+    if (!make_receiver_array())
+        return failure;
+    add_blank_receiver();
+    return CallSendDialog(job().hParentWnd);
 }
 
 std::int32_t CallSendDialog(void* parent) {

@@ -17,6 +17,10 @@ using send_dialog = std::int32_t (*)(void* parent);
 // Whoever can show the dialog says so here; null where no dialog can run. Returns the one before.
 send_dialog install_send_dialog(send_dialog dialog);
 
+// For a job without receivers: gives it an array with one blank receiver and runs the dialog on it.
+// Results as of CallSendDialog.
+std::int32_t run_send_dialog();
+
 // Runs the dialog: 0 accepted, 4 cancelled, 8 failure, or no dialog can run.
 std::int32_t CallSendDialog(void* parent);
 

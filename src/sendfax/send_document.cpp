@@ -35,10 +35,7 @@ void trace_job() {
 
 // Asks the user for what merge data left open; anything but success ends the job.
 std::int32_t ask_user() {
-    if (!make_receiver_array())
-        return failure;
-    add_blank_receiver();
-    const std::int32_t rc = CallSendDialog(job().hParentWnd);
+    const std::int32_t rc = run_send_dialog();
     if (rc == declined) {
         trace_lines.warning("SendFaxDoc(): SendDialog cancelled");
         trace_lines.info("SendFaxDoc(): Delete temporary fax doc: %ld", job().lFaxid);

@@ -1,0 +1,158 @@
+// Telex: the whole text at once, printed on a printer of the server that stands for the telex line.
+
+#include <string>
+
+#include <zerdix/timetext.h>
+
+#include "sendfax/job.h"
+#include "sendfax/receivers.h"
+#include "sendfax/send_dialog.h"
+#include "sendfax/trace_lines.h"
+
+using namespace zerdix;
+using namespace zerdix::sendfax;
+
+namespace {
+
+constexpr std::int16_t telex_page = 6; // the picture type
+constexpr const char* telex_printer = ".zerdixpr";
+
+std::int32_t ask_user() {
+    const std::int32_t rc = run_send_dialog();
+    if (rc == declined)
+        trace_lines.warning("SendTelex(): SendDialog cancelled");
+    else if (rc != success)
+        trace_lines.error("SendTelex(): RC returned from CallSendDialog(): %ld", rc);
+    return rc;
+}
+
+// From here to the end of the job the session speaks as the user whom the dialog named.
+void speak_as_pool_user() {
+    if (userid[0] == '\0')
+        return;
+    trace_lines.info("SendTelex(): Creation of a new pool document for %s on %s is requested",
+                     userid, alphaid);
+    pzerdix->setUserId(userid);
+    if (alphaid[0] != '\0')
+        pzerdix->setAlphaserver(alphaid);
+}
+
+bool connection_problem() {
+    trace_lines.error("SendTelex(): Problems with RPC connection");
+    return false;
+}
+
+bool make_print_document() {
+    if (job().lFaxid != NO_FAXID)
+        return true;
+    job().lFaxid = job().pjournal->makePrintDoc();
+    if (job().lFaxid == 0 || job().lFaxid == -1)
+        return connection_problem();
+    pa_s_rec->faxid = job().lFaxid;
+    trace_lines.info("SendTelex(): Faxid of created document: %ld", job().lFaxid);
+    return true;
+}
+
+// Date and clock with a blank between them; an empty date and "0" when no time is set.
+std::string send_time() {
+    if (pa_s_rec->sendtime == 0)
+        return " 0";
+    const char *date = "", *clock = "";
+    printTime(pa_s_rec->sendtime, ZERDIX::clsGetLanguage(), nullptr, &date, &clock);
+    return std::string{date} + ' ' + clock;
+}
+
+// The line ahead of the text that tells the printer what to do with it.
+std::string control_record(const std::string& time) {
+    const a_s_rec& record = *pa_s_rec;
+    std::string line = "#TELEX##USER ";
+    line += userid[0] != '\0' ? userid : ZERDIX::clsGetUserId();
+    line.append("##ALPHAHOST ").append(ZERDIX::clsGetAlphaServer());
+    line.append("##TITLE ").append(record.comment.view());
+    line.append("##PHONE ").append(record.phone.view());
+    line.append("##SENDTIME ").append(time);
+    line.append("##RETRIES ").append(std::to_string(record.maxretries)).append("#\n");
+    return line;
+}
+
+bool print_page(std::string& content) {
+    const page_dat page{static_cast<std::uint32_t>(content.size()),
+                        reinterpret_cast<unsigned char*>(content.data())};
+    JOURNAL& journal = *job().pjournal;
+    if (journal.putPrintDocPage(job().lFaxid, 1, telex_page, &page) != success)
+        return connection_problem();
+    const std::int32_t rc = journal.printPrintDoc(TOPF_P, job().lFaxid, 1, 1, telex_printer, 1);
+    if (rc == declined) {
+        trace_lines.error("SendTelex(): Document could not be printed");
+        return false;
+    }
+    if (rc != success)
+        return connection_problem();
+    trace_lines.info("SendTelex(): Document will be printed");
+    return true;
+}
+
+bool print_for(const char* receiver, std::string_view text, const std::string& time) {
+    trace_lines.info("SendTelex(): Receiver: <%s>", receiver);
+    if (userid[0] == '\0')
+        pa_s_rec->phone.assign(receiver);
+    std::string content = control_record(time);
+    trace_lines.info("SendTelex(): Controlrecord: %s", content.c_str());
+    content.append(text);
+    return print_page(content);
+}
+
+// First receiver to last; the page is stored anew for each.
+bool print_for_all(std::string_view text) {
+    const std::string time = send_time();
+    trace_lines.info("SendTelex(): lPDCountReceiver: %ld", lPDCountReceiver);
+    for (std::int32_t i = 0; i < lPDCountReceiver; ++i) {
+        if (ppReceiver[i] == nullptr || ppReceiver[i][0] == '\0')
+            continue;
+        if (!print_for(ppReceiver[i], text, time))
+            return false;
+        release_receiver(i);
+    }
+    release_receivers();
+    return true;
+}
+
+bool delete_print_document() {
+    return job().pjournal->delPrintDoc(TOPF_P, job().lFaxid) == success || connection_problem();
+}
+
+// False leaves the job open, for DeleteFaxDoc to end it.
+bool print_telex(std::string_view text) {
+    return make_print_document() && print_for_all(text) && delete_print_document();
+}
+
+std::int32_t send_telex(std::string_view text) {
+    if (pzerdix == nullptr)
+        return failure;
+    if (ppReceiver == nullptr) {
+        const std::int32_t rc = ask_user();
+        if (rc != success) {
+            close_job();
+            return rc;
+        }
+        speak_as_pool_user();
+    }
+    if (!print_telex(text))
+        return failure;
+    close_job();
+    return success;
+}
+
+} // namespace
+
+extern "C" std::int32_t SendTelex(const char* text, std::int32_t size) {
+    const std::string copy =
+        text != nullptr && size > 0 ? std::string(text, static_cast<std::size_t>(size)) : "";
+    trace_lines.entry("<-- SendTelex(): Telex text (size: %ld): %s", size, copy.c_str());
+    const std::int32_t rc = send_telex(copy);
+    if (rc == success)
+        trace_lines.exit("--> SendTelex(): OK");
+    else
+        trace_lines.exit("--> SendTelex():");
+    return rc;
+}
