@@ -7,7 +7,7 @@
 
 namespace zerdix::platform {
 
-// Both never fail: a character that has no counterpart, and each run of bytes that is no character,
+// Both never fail: a character that has no counterpart, or is damaged,
 // becomes one "?".
 std::string utf8_to_cp1252(std::string_view text);
 std::string cp1252_to_utf8(std::string_view text);

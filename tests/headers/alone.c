@@ -1,0 +1,2 @@
+/* What is compiled behind each public header: ISO C wants one declaration. */
+extern int alone;

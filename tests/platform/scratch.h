@@ -1,0 +1,98 @@
+// A folder, environment variables and replaced ports that last as long as a test.
+#ifndef ZERDIX_TESTS_PLATFORM_SCRATCH_H
+#define ZERDIX_TESTS_PLATFORM_SCRATCH_H
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/message_box.h"
+
+namespace zerdix::tests {
+
+class scratch_folder {
+  public:
+    scratch_folder() {
+        std::string name = (std::filesystem::temp_directory_path() / "zerdix-XXXXXX").string();
+        path_ = ::mkdtemp(name.data());
+    }
+    ~scratch_folder() {
+        std::error_code error;
+        std::filesystem::remove_all(path_, error);
+    }
+    scratch_folder(const scratch_folder&) = delete;
+    scratch_folder& operator=(const scratch_folder&) = delete;
+
+    std::string path(std::string_view name) const { return path_ + "/" + std::string(name); }
+
+    std::string write(std::string_view name, std::string_view text) const {
+        const std::string full = path(name);
+        std::filesystem::create_directories(std::filesystem::path(full).parent_path());
+        std::ofstream(full, std::ios::binary) << text;
+        return full;
+    }
+
+    std::string read(std::string_view name) const {
+        std::ifstream file(path(name), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    bool exists(std::string_view name) const { return std::filesystem::exists(path(name)); }
+
+  private:
+    std::string path_;
+};
+
+// Null unsets the variable.
+class environment_variable {
+  public:
+    environment_variable(const char* name, const char* value) : name_(name) {
+        if (const char* before = std::getenv(name))
+            before_ = before;
+        set(value);
+    }
+    environment_variable(const char* name, const std::string& value)
+        : environment_variable(name, value.c_str()) {}
+    ~environment_variable() { set(before_ ? before_->c_str() : nullptr); }
+    environment_variable(const environment_variable&) = delete;
+    environment_variable& operator=(const environment_variable&) = delete;
+
+  private:
+    void set(const char* value) const {
+        if (value == nullptr)
+            ::unsetenv(name_);
+        else
+            ::setenv(name_, value, 1);
+    }
+
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+// Takes note of message boxes instead of showing them: text and caption.
+class recorded_boxes final : public platform::message_box_port {
+  public:
+    recorded_boxes() : before_(platform::replace_message_box(this)) {}
+    ~recorded_boxes() { platform::replace_message_box(before_); }
+    recorded_boxes(const recorded_boxes&) = delete;
+    recorded_boxes& operator=(const recorded_boxes&) = delete;
+
+    void show(std::string_view text, std::string_view caption) override {
+        shown.emplace_back(text, caption);
+    }
+
+    std::vector<std::pair<std::string, std::string>> shown;
+
+  private:
+    platform::message_box_port* before_;
+};
+
+} // namespace zerdix::tests
+
+#endif
