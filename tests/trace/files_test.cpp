@@ -1,0 +1,188 @@
+#include "platform/trace_file.h"
+#include "trace/tracing.h"
+
+using namespace zerdix;
+using namespace zerdix::tests;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+using testing::StartsWith;
+
+namespace {
+
+using Files = Tracing;
+
+void write_line(T_TRACE& tracer, std::uint32_t level, const char* text) {
+    tracer.tracePrintf("file", 1, "not available", level, text);
+}
+
+// Traces one line with a tracer of its own, as a process of its own would.
+void run(const char* text) {
+    T_TRACE tracer;
+    write_line(tracer, 200, text);
+}
+
+std::string line(const char* label, const char* text) {
+    return std::string("# ") + label + " " + padded(std::string("file: : ") + text, 82);
+}
+
+constexpr const char* no_buffer = "T_TRACE::T_TRACE: Not enough memory to allocate text buffer";
+
+// A disk on which nothing can be opened.
+class broken_files final : public platform::trace_file_port {
+  public:
+    broken_files() : before_(platform::replace_trace_file(this)) {}
+    ~broken_files() { platform::replace_trace_file(before_); }
+    broken_files(const broken_files&) = delete;
+    broken_files& operator=(const broken_files&) = delete;
+
+    bool exists(const char*) override { return false; }
+    opened create(const char*) override { return {invalid, 28}; }
+    opened open_at_end(const char*) override { return {invalid, 28}; }
+    void write(int handle, std::string_view) override { EXPECT_EQ(handle, invalid); }
+    void close(int) override { ADD_FAILURE() << "closed a file that isn't open"; }
+
+  private:
+    platform::trace_file_port* before_;
+};
+
+} // namespace
+
+TEST_F(Files, TheSwitch) {
+    const struct {
+        const char* key;
+        int on;
+    } cases[] = {{"", 0},        {"Trace=0", 0}, {"Trace=01", 0},
+                 {"Trace=1", 1}, {"Trace=", 1},  {"Trace=no", 1}};
+    for (const auto& c : cases) {
+        configure(c.key);
+        EXPECT_EQ(T_TRACE_access::trace_on(T_TRACE()), c.on) << c.key;
+    }
+}
+
+TEST_F(Files, StartsWithTheTimeAndOpensOnce) {
+    configure("Trace=1");
+    T_TRACE tracer;
+    EXPECT_FALSE(folder.exists("FAXTRACE.LOG"));
+    EXPECT_EQ(T_TRACE_access::name_set(tracer), 0);
+    tracer.traceSetName("unused");
+    EXPECT_EQ(T_TRACE_access::name_set(tracer), 1);
+    EXPECT_TRUE(std::regex_match(
+        folder.read("FAXTRACE.LOG"),
+        std::regex("\\*\\*\\* Tracer gestartet: [A-Z][a-z]{2} [A-Z][a-z]{2} [ 0-9]{2} "
+                   "[0-9:]{8} [0-9]{4}\n\n")))
+        << folder.read("FAXTRACE.LOG");
+    tracer.traceSetName(nullptr);
+    write_line(tracer, 200, "x");
+    EXPECT_THAT(trace_lines(), ElementsAre(line("Info1: ", "x"))); // and unbuffered
+    EXPECT_FALSE(folder.exists("FAXTRACE.OLD"));
+    EXPECT_FALSE(folder.exists("FAXERROR.LOG"));
+    EXPECT_FALSE(folder.exists("unused"));
+}
+
+TEST_F(Files, OneOlderGenerationIsKept) {
+    configure("Trace=1");
+    for (const char* text : {"first", "second", "third"})
+        run(text);
+    EXPECT_THAT(trace_lines(), ElementsAre(line("Info1: ", "third")));
+    EXPECT_THAT(lines_of("FAXTRACE.OLD"), ElementsAre(line("Info1: ", "second")));
+}
+
+TEST_F(Files, TheOldNameEndsAtTheFirstDotOfThePath) {
+    configure("Trace=1\nTracefile=" + folder.write("logs.d/trace.log", "before"));
+    run("x");
+    EXPECT_EQ(folder.read("logs.OLD"), "before");
+    configure("Trace=1\nTracefile=" + folder.write("plain", "before"));
+    run("x");
+    EXPECT_EQ(folder.read("plain.OLD"), "before");
+}
+
+TEST_F(Files, AFileThatCantBeRotatedGoesOn) {
+    configure("Trace=1");
+    run("first");
+    folder.write("FAXTRACE.OLD/in the way", "");
+    run("second");
+    const auto lines = trace_lines();
+    EXPECT_EQ(lines.front(), line("Info1: ", "first"));
+    EXPECT_EQ(lines.back(), line("Info1: ", "second"));
+    EXPECT_THAT(boxes.shown, IsEmpty());
+}
+
+TEST_F(Files, OwnPathsGoBeforeTheFolderForLogs) {
+    configure("Trace=1\nTracefile=" + folder.path("t") + "\nErrorfile=" + folder.path("e"));
+    T_TRACE tracer;
+    write_line(tracer, 100, "x");
+    EXPECT_TRUE(folder.exists("t") && folder.exists("e"));
+    EXPECT_FALSE(folder.exists("FAXTRACE.LOG") || folder.exists("FAXERROR.LOG"));
+}
+
+TEST_F(Files, WithTracingOffOnlyErrorsAreWritten) {
+    configure("Trace=0");
+    folder.write("FAXTRACE.LOG", "untouched");
+    T_TRACE tracer;
+    write_line(tracer, 200, "x");
+    tracer.traceDump("file", 1, "", 100, "data", 4);
+    EXPECT_EQ(T_TRACE_access::name_set(tracer), 0);
+    write_line(tracer, 199, "broken");
+    EXPECT_EQ(folder.read("FAXTRACE.LOG"), "untouched");
+    EXPECT_FALSE(folder.exists("FAXTRACE.OLD"));
+    EXPECT_THAT(lines_of("FAXERROR.LOG"),
+                ElementsAre("", StartsWith("Zeit:"), "", line("Error: ", "broken")));
+}
+
+TEST_F(Files, TheErrorLogHasATimeLineAheadOfEachPhysicalLineAndOnlyGrows) {
+    configure("Trace=1");
+    const std::string word(80, 'w');
+    for (int i = 0; i < 2; ++i) {
+        T_TRACE tracer;
+        tracer.tracePrintf("file", 1, "", 100, "%s", word.c_str());
+    }
+    const auto first = "# Error:  " + padded("file: :", 82);
+    const auto second = "# Error:       " + padded(word.substr(0, 77), 77);
+    const auto third = "# Error:       " + padded(word.substr(77), 77);
+    const auto time = testing::ContainsRegex("^Zeit:.* [0-9][0-9]:[0-9][0-9]:[0-9][0-9] [0-9]+$");
+    EXPECT_THAT(lines_of("FAXERROR.LOG"),
+                ElementsAre(time, "", first, time, "", second, "", time, "", third, //
+                            time, "", first, time, "", second, "", time, "", third));
+    EXPECT_THAT(trace_lines(), ElementsAre(first, second, third));
+}
+
+TEST_F(Files, AnErrorLogThatCantBeOpenedIsToldForEachLine) {
+    configure("Trace=1\nErrorfile=" + folder.path("no/such/folder"));
+    T_TRACE tracer;
+    write_line(tracer, 100, "x");
+    write_line(tracer, 200, "y");
+    write_line(tracer, 100, "z\nz");
+    const auto box = Pair("Error opening error log", "Tracer");
+    EXPECT_THAT(boxes.shown, ElementsAre(box, box, box, box));
+    EXPECT_EQ(trace_lines().size(), 5u);
+}
+
+TEST_F(Files, ATraceFileThatCantBeOpenedIsToldOnce) {
+    configure("Trace=1");
+    const broken_files disk;
+    T_TRACE tracer;
+    write_line(tracer, 200, "x");
+    write_line(tracer, 100, "y");
+    EXPECT_THAT(boxes.shown, ElementsAre(Pair("Tracesetname: Error open trace file\nerror code: 28",
+                                              folder.path("") + "/FAXTRACE.LOG")));
+    EXPECT_EQ(T_TRACE_access::trace_on(tracer), 1);
+    EXPECT_THAT(lines_of("FAXERROR.LOG"), testing::Contains(line("Error: ", "y")));
+}
+
+TEST_F(Files, WithoutATextBufferTracingIsOffAndErrorsComeLater) {
+    configure("Trace=1");
+    std::optional<no_memory> none(std::in_place);
+    T_TRACE tracer;
+    EXPECT_EQ(T_TRACE_access::trace_on(tracer), 0);
+    none.reset();
+    tracer.traceSetName(nullptr);
+    none.emplace();
+    write_line(tracer, 100, "lost");
+    none.reset();
+    write_line(tracer, 100, "kept");
+    EXPECT_THAT(boxes.shown, ElementsAre(Pair(no_buffer, "Tracer"), Pair(no_buffer, "Tracer")));
+    EXPECT_THAT(lines_of("FAXERROR.LOG"),
+                ElementsAre("", StartsWith("Zeit:"), "", line("Error: ", "kept")));
+    EXPECT_FALSE(folder.exists("FAXTRACE.LOG"));
+}

@@ -1,0 +1,79 @@
+// A tracer of its own for each test, with its files in a scratch folder.
+#ifndef ZERDIX_TESTS_TRACE_TRACING_H
+#define ZERDIX_TESTS_TRACE_TRACING_H
+
+#include <regex>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <zerdix/trace.h>
+
+#include "platform/scratch.h"
+
+// What only the class itself can reach.
+struct T_TRACE_access {
+    static void set_scope(T_TRACE& t, char* names, char* excluded, char* levels) {
+        t._scopeNames = names;
+        t._scopeExcluded = excluded;
+        t._scopeLevels = levels;
+    }
+    static bool within_scope(T_TRACE& t, const char* name, std::uint32_t level) {
+        return t._isWithinScope(name, level) != 0;
+    }
+    static bool mask_fits(T_TRACE& t, const char* mask, const char* value) {
+        return t._checkMask(mask, value) != 0;
+    }
+    static std::int32_t trace_on(const T_TRACE& t) { return t._traceOn; }
+    static std::int32_t name_set(const T_TRACE& t) { return t._nameSet; }
+};
+
+namespace zerdix::tests {
+
+// While it lives, an allocation of the text buffer's kind fails.
+class no_memory {
+  public:
+    no_memory();
+    ~no_memory();
+    no_memory(const no_memory&) = delete;
+    no_memory& operator=(const no_memory&) = delete;
+};
+
+class Tracing : public testing::Test {
+  protected:
+    void configure(const std::string& lines) {
+        folder.write("zerdix.ini", "[Zerdix]\nLogDir=" + folder.path("") + "\n" + lines + "\n");
+    }
+
+    // The lines of a file without the start line, each with "#" in place of its ticks.
+    std::vector<std::string> lines_of(const std::string& name) const {
+        const std::string text =
+            std::regex_replace(folder.read(name), std::regex("(^|\n)\\([0-9]+\\) "), "$1# ");
+        std::vector<std::string> lines;
+        for (std::size_t at = 0; at < text.size();) {
+            const std::size_t end = text.find('\n', at);
+            lines.push_back(text.substr(at, end - at));
+            at = end + 1;
+        }
+        const bool started = !lines.empty() && lines[0].starts_with("*** ");
+        lines.erase(lines.begin(), lines.begin() + (started ? 2 : 0));
+        return lines;
+    }
+
+    std::vector<std::string> trace_lines() const { return lines_of("FAXTRACE.LOG"); }
+
+    scratch_folder folder;
+    environment_variable ini{"ZERDIX_INI", folder.path("zerdix.ini")};
+    environment_variable width{"TRACE_WRAP_WIDTH", nullptr};
+    recorded_boxes boxes;
+};
+
+inline std::string padded(std::string text, std::size_t width) {
+    text.resize(std::max(width, text.size()), ' ');
+    return text;
+}
+
+} // namespace zerdix::tests
+
+#endif
