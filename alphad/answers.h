@@ -1,0 +1,100 @@
+// What the server does for each procedure: one overload of answer() each, told apart by the
+// procedure's type. A procedure without an overload answers an empty result.
+//
+// An answer either does the whole thing or refuses with false, 0 or an empty record and leaves the
+// store as it was; the dispatcher wraps each in a transaction. Bytes and chains in a result are on
+// the heap (malloc); the dispatcher releases them.
+#ifndef ZERDIX_ALPHAD_ANSWERS_H
+#define ZERDIX_ALPHAD_ANSWERS_H
+
+#include <optional>
+
+#include "alphad/sending.h"
+#include "alphad/store.h"
+#include "rpc/wire/procedures.h"
+
+namespace zerdix::alphad {
+
+namespace proc = wire::proc;
+
+class answers {
+  public:
+    // Both must outlive the object.
+    answers(alphad::store& store, alphad::sending& sending) : store_(store), sending_(sending) {}
+
+    // Documents
+    std::int32_t answer(proc::a_create_doc_1, const str10&);
+    boolean answer(proc::a_copy_doc_1, const a_copy_doc_i&);
+    boolean answer(proc::a_del_doc_1, const a_del_doc_i&);
+    boolean answer(proc::a_forward_doc_1, const a_forward_doc_i&);
+    boolean answer(proc::a_put_comment_1, const a_put_comment_i&);
+    boolean answer(proc::a_set_public_1, const a_set_public_i&);
+    boolean answer(proc::a_set_bif_1, const a_set_bif_i&);
+    boolean answer(proc::a_is_bif_1, const a_is_bif_i&);
+    a_e_rec answer(proc::a_get_e_1, const a_get_e_i&);
+    a_p_rec answer(proc::a_get_p_1, const a_get_p_i&);
+    a_s_rec answer(proc::a_get_s_1, const a_get_s_i&);
+
+    // Pages
+    a_get_inf_o answer(proc::a_get_inf_1, const a_get_inf_i&);
+    a_get_pageb_o answer(proc::a_get_pageb_1, const a_get_pageb_i&);
+    boolean answer(proc::a_put_pageb_1, const a_put_pageb_i&);
+    boolean answer(proc::a_insert_page_1, const a_insert_page_i&);
+    boolean answer(proc::a_del_page_1, const a_del_page_i&);
+    boolean answer(proc::a_copy_page_1, const a_copy_page_i&);
+
+    // Logs
+    boolean answer(proc::a_put_log_1, const a_put_log_i&);
+    bytes answer(proc::a_get_log_1, const a_get_log_i&);
+    a_get_logb_o answer(proc::a_get_logb_1, const a_get_logb_i&);
+    a_get_logl_o answer(proc::a_get_logl_1, const a_get_logl_i&);
+
+    // Send jobs and printing
+    std::int32_t answer(proc::a_send_doc_1, const a_send_doc_i&);
+    boolean answer(proc::a_chg_s_rec_1, const a_chg_s_rec_i&);
+    boolean answer(proc::a_cancel_job_1, const a_cancel_job_i&);
+    boolean answer(proc::a_restart_job_1, const a_restart_job_i&);
+    boolean answer(proc::a_print_doc_1, const a_print_doc_i&);
+
+    // Session
+    str80 answer(proc::a_get_config_1, const a_get_config_i&);
+    a_get_tz_o answer(proc::a_get_tz_1, const wire::none&);
+
+    // Phone books
+    boolean answer(proc::o_put_tbook_1, const o_put_tbook_i&);
+    o_tebu answer(proc::o_get_tbook_1, const o_get_tbook_i&);
+    o_get_tbooks_o answer(proc::o_get_tbooks_1, const o_get_tbooks_i&);
+    o_get_tbooksb_o answer(proc::o_get_tbooksb_1, const o_get_tbooksb_i&);
+    boolean answer(proc::o_del_tbook_1, const o_del_tbook_i&);
+    boolean answer(proc::o_put_tbookentry_1, const o_put_tbookentry_i&);
+    o_tebul answer(proc::o_get_tbookentry_1, const o_get_tbookentry_i&);
+    o_get_tbookl_o answer(proc::o_get_tbookl_1, const o_get_tbookl_i&);
+    boolean answer(proc::o_del_tbookentry_1, const o_del_tbookentry_i&);
+
+    // Recipient groups
+    boolean answer(proc::o_put_tgroup_1, const o_put_tgroup_i&);
+    o_tgroup answer(proc::o_get_tgroup_1, const o_get_tgroup_i&);
+    o_get_tgroups_o answer(proc::o_get_tgroups_1, const o_get_tgroups_i&);
+    o_get_tgroupsb_o answer(proc::o_get_tgroupsb_1, const o_get_tgroupsb_i&);
+    boolean answer(proc::o_del_tgroup_1, const o_del_tgroup_i&);
+    boolean answer(proc::o_put_tgroupentry_1, const o_put_tgroupentry_i&);
+    o_get_tgroupl_o answer(proc::o_get_tgroupl_1, const o_get_tgroupl_i&);
+    o_get_tgrouplb_o answer(proc::o_get_tgrouplb_1, const o_get_tgrouplb_i&);
+    boolean answer(proc::o_del_tgroupentry_1, const o_del_tgroupentry_i&);
+
+  private:
+    // The document, when the user may change it: their own, any for the administrative user.
+    std::optional<document> own(const str10& user, topftype pool, std::int32_t id) const;
+
+    // The document, when the user may read it: their own, or a public one of the desk pools.
+    std::optional<document> readable(const str10& user, topftype pool, std::int32_t id) const;
+
+    std::string log_text(const str10& user, topftype pool, std::int32_t id) const;
+
+    alphad::store& store_;
+    alphad::sending& sending_;
+};
+
+} // namespace zerdix::alphad
+
+#endif

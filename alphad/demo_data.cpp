@@ -1,0 +1,126 @@
+#include "alphad/demo_data.h"
+
+#include "platform/encoding.h"
+
+namespace zerdix::alphad {
+
+namespace {
+
+constexpr const char* server_name = "alpha";
+constexpr opaque<3> rights_of_all{{0x3F, 0x03, 0x03}}; // owner all, the others read and use
+
+struct demo_entry {
+    const char *book, *id, *comment, *tsi, *phone;
+    nettypetype net;
+    bool in_house;
+};
+
+// Names are invented; the numbers lie in ranges kept free for such use.
+constexpr demo_entry entries[] = {
+    {"common", "baecker",
+     "B\xc3\xa4"
+     "ckerei M\xc3\xbchlenhof",
+     "+49 30 23125 101", "03023125101", NETTYPE_FAX, false},
+    {"common", "buchhalt", "Buchhaltung, 2. Stock", "+49 30 23125 990", "990", NETTYPE_FAX, true},
+    {"common", "druckerei", "Druckerei Gr\xc3\xbcn & S\xc3\xb6hne", "+49 69 90009 212",
+     "06990009212", NETTYPE_FAX, false},
+    {"common", "empfang", "Empfang", "+49 30 23125 900", "900", NETTYPE_FAX, true},
+    {"common", "hansen", "Reederei Hansen, Telex", "402195 rehan d", "402195", NETTYPE_TELEX,
+     false},
+    {"common", "kanzlei", "Kanzlei Wei\xc3\x9f und Partner", "+49 40 66969 330", "04066969330",
+     NETTYPE_FAX, false},
+    {"common", "lager",
+     "Lager S\xc3\xbc"
+     "d",
+     "+49 30 23125 950", "950", NETTYPE_FAX, true},
+    {"common", "spedition", "Spedition K\xc3\xb6rner", "+49 89 99998 417", "08999998417",
+     NETTYPE_FAX, false},
+    {"private", "arzt", "Praxis Dr. J\xc3\xa4ger", "+49 30 23125 614", "03023125614", NETTYPE_FAX,
+     false},
+    {"private", "garten", "G\xc3\xa4rtnerei Lindner", "+49 221 4710 733", "02214710733",
+     NETTYPE_FAX, false},
+    {"private", "kunde1", "Modehaus Fr\xc3\xb6hlich", "+49 30 23125 208", "03023125208",
+     NETTYPE_FAX, false},
+    {"private", "kunde2",
+     "M\xc3\xb6"
+     "bel Overath",
+     "+49 221 4710 925", "02214710925", NETTYPE_FAX, false},
+};
+
+constexpr const char* kunden[][2] = {
+    {"common", "druckerei"}, {"common", "spedition"}, {"private", "kunde1"}, {"private", "kunde2"}};
+
+template <class Field>
+void set(Field& field, const char* utf8) {
+    field.assign(platform::utf8_to_cp1252(utf8));
+}
+
+void add_book(store& store, const char* id, const char* comment, const char* owner) {
+    o_tebu book{};
+    set(book.tbookid, id);
+    set(book.comment, comment);
+    set(book.alphaid, server_name);
+    set(book.owner, owner);
+    book.perms = rights_of_all;
+    store.phone_books.put_book(book);
+}
+
+void add_entry(store& store, const demo_entry& from) {
+    o_tebul entry{};
+    set(entry.tbookid, from.book);
+    set(entry.teleid, from.id);
+    set(entry.comment, from.comment);
+    set(entry.tsi, from.tsi);
+    set(entry.phone, from.phone);
+    entry.intern = from.in_house;
+    entry.nettype = from.net;
+    store.phone_books.put_entry(entry);
+}
+
+void add_group(store& store, const char* id, const char* comment) {
+    o_tgroup group{};
+    set(group.groupid, id);
+    set(group.comment, comment);
+    set(group.alphaid, server_name);
+    set(group.owner, "zerdix");
+    group.perms = rights_of_all;
+    store.phone_books.put_group(group);
+}
+
+void add_member(store& store, const char* group, const char* book, const char* entry) {
+    o_tgroupl member{};
+    set(member.groupid, group);
+    set(member.tbookid, book);
+    set(member.teleid, entry);
+    store.phone_books.put_member(member);
+}
+
+void add_settings(directory& directory) {
+    directory.put_user("zerdix", "Clara Beispiel");
+    directory.put_user("meier", "Jonas Meier");
+    directory.set_config("ALPHAID", server_name);
+    directory.set_config("JOURNALBLK", "30");
+    directory.set_config("PHONEBOOKB", "30");
+    directory.set_config("COVER", "");
+    directory.set_config("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+}
+
+} // namespace
+
+void add_demo_data(store& store) {
+    transaction adding(store.database());
+    add_settings(store.directory);
+    add_book(store, "common", "Allgemeines Telefonbuch", "zerdix");
+    add_book(store, "private", "Pers\xc3\xb6nliches Telefonbuch", "meier");
+    for (const demo_entry& entry : entries)
+        add_entry(store, entry);
+    add_group(store, "alle", "Alle Eintr\xc3\xa4ge");
+    add_group(store, "kunden", "Kunden");
+    for (const demo_entry& entry : entries)
+        add_member(store, "alle", entry.book, entry.id);
+    for (const auto& member : kunden)
+        add_member(store, "kunden", member[0], member[1]);
+    adding.commit();
+}
+
+} // namespace zerdix::alphad

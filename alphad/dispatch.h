@@ -1,0 +1,54 @@
+// From a call's number to its answer and back to the caller.
+#ifndef ZERDIX_ALPHAD_DISPATCH_H
+#define ZERDIX_ALPHAD_DISPATCH_H
+
+#include <fstream>
+#include <string>
+
+#include <rpc/rpc.h>
+
+#include "alphad/answers.h"
+#include "alphad/gate.h"
+
+namespace zerdix::alphad {
+
+// The calls in the order in which they were taken, a line each: number and name.
+class call_log {
+  public:
+    // An empty path: nothing is written. Throws std::runtime_error when the file can't be opened.
+    explicit call_log(const std::string& path);
+
+    // Hands the line to the system before it returns.
+    void add(std::uint32_t number, const char* name);
+
+  private:
+    std::ofstream file_;
+};
+
+class dispatcher {
+  public:
+    // All must outlive the object.
+    dispatcher(alphad::store& store, alphad::answers& answers, alphad::gate& gate, call_log& calls)
+        : store_(store), answers_(answers), gate_(gate), calls_(calls) {}
+
+    // Answers one call. Throws nothing: what goes wrong inside is an RPC error for the caller and a
+    // line on standard error.
+    void serve(svc_req* request, SVCXPRT* transport) noexcept;
+
+  private:
+    template <class P>
+    bool serve_if(std::uint32_t number, SVCXPRT* transport);
+    template <class P>
+    void serve_procedure(SVCXPRT* transport);
+    template <class P>
+    void reply(typename P::argument& argument, bool refused, SVCXPRT* transport);
+
+    alphad::store& store_;
+    alphad::answers& answers_;
+    alphad::gate& gate_;
+    call_log& calls_;
+};
+
+} // namespace zerdix::alphad
+
+#endif

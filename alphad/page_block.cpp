@@ -1,0 +1,78 @@
+#include "alphad/page_block.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "imaging/page_codec.h"
+
+namespace zerdix::alphad {
+
+namespace {
+
+// Wider or longer is no page.
+constexpr std::uint32_t most_pixels = 1u << 16;
+constexpr std::size_t header_size = 8;
+
+struct free_block {
+    void operator()(unsigned char* block) const { std::free(block); }
+};
+
+unsigned char mirrored(unsigned char byte) {
+    unsigned result = 0;
+    for (unsigned bit = 0; bit < 8; ++bit)
+        result |= (byte >> bit & 1u) << (7 - bit);
+    return static_cast<unsigned char>(result);
+}
+
+// A header word, most significant byte first; the expander has mirrored each of its bytes.
+std::uint32_t header_word(const unsigned char* from) {
+    std::uint32_t word = 0;
+    for (int i = 0; i < 4; ++i)
+        word = word << 8 | mirrored(from[i]);
+    return word;
+}
+
+std::optional<page_picture> picture_of(const unsigned char* block, std::size_t size) {
+    if (size < header_size)
+        return std::nullopt;
+    const std::uint32_t width = header_word(block), height = header_word(block + 4);
+    const std::size_t rows = std::size_t{width} / 8 * height;
+    if (width == 0 || width % 8 != 0 || height == 0 || width > most_pixels ||
+        height > most_pixels || rows > size - header_size)
+        return std::nullopt;
+    return page_picture{static_cast<std::int32_t>(width),
+                        static_cast<std::int32_t>(height),
+                        {block + header_size, block + header_size + rows}};
+}
+
+} // namespace
+
+std::optional<page_picture> expand_page(std::string_view compressed) {
+    unsigned char* output = nullptr;
+    std::int32_t length = 0;
+    const auto* input = reinterpret_cast<const unsigned char*>(compressed.data());
+    const bool good =
+        imaging::uncompress_mem_2_mem(input, static_cast<std::int32_t>(compressed.size()), &output,
+                                      &length) == 0;
+    const std::unique_ptr<unsigned char, free_block> owner{output};
+    if (!good || length <= 0)
+        return std::nullopt;
+    return picture_of(output, static_cast<std::size_t>(length));
+}
+
+page_picture halved(page_picture page) {
+    const std::size_t bytes = page.row_bytes();
+    const std::int32_t height = (page.height + 1) / 2;
+    for (std::int32_t y = 0; y < height; ++y) {
+        std::memmove(page.row(y), page.row(2 * y), bytes);
+        if (2 * y + 1 < page.height)
+            for (std::size_t i = 0; i < bytes; ++i)
+                page.row(y)[i] |= page.row(2 * y + 1)[i];
+    }
+    page.height = height;
+    page.rows.resize(bytes * static_cast<std::size_t>(height));
+    return page;
+}
+
+} // namespace zerdix::alphad

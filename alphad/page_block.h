@@ -1,0 +1,34 @@
+// A stored page as a picture.
+//
+// The picture has its rows from top to bottom, each of width / 8 bytes, the leftmost pixel in bit
+// 7, a set bit black.
+#ifndef ZERDIX_ALPHAD_PAGE_BLOCK_H
+#define ZERDIX_ALPHAD_PAGE_BLOCK_H
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace zerdix::alphad {
+
+struct page_picture {
+    std::int32_t width; // a multiple of 8
+    std::int32_t height;
+    std::vector<unsigned char> rows;
+
+    std::size_t row_bytes() const { return static_cast<std::size_t>(width) / 8; }
+    unsigned char* row(std::int32_t y) {
+        return rows.data() + row_bytes() * static_cast<std::size_t>(y);
+    }
+};
+
+// Nothing unless the bytes are a compressed page block whose rows are all there.
+std::optional<page_picture> expand_page(std::string_view compressed);
+
+// Half as many rows: each is black where one of its two was.
+page_picture halved(page_picture page);
+
+} // namespace zerdix::alphad
+
+#endif

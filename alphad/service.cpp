@@ -1,0 +1,31 @@
+#include "alphad/service.h"
+
+#include <cstdlib>
+
+#include "alphad/demo_data.h"
+
+namespace zerdix::alphad {
+
+namespace {
+
+// Log lines of the server's own carry its local time.
+void use_time_zone(const directory& directory) {
+    const std::string zone = directory.config("TZ");
+    if (!zone.empty())
+        setenv("TZ", zone.c_str(), 1);
+    tzset();
+}
+
+} // namespace
+
+service::service(const service_options& options, alphad::gate& gate)
+    : store_(options.store), spool_(options.spool), sending_(store_, spool_),
+      answers_(store_, sending_), calls_(options.calls),
+      dispatcher_(store_, answers_, gate, calls_) {
+    if (options.demo_data && store_.is_new())
+        add_demo_data(store_);
+    use_time_zone(store_.directory);
+    server_.emplace(dispatcher_, options.listen, options.port);
+}
+
+} // namespace zerdix::alphad

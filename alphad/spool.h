@@ -1,0 +1,47 @@
+// The spool folder: what would go over the line, as multi-page TIFF files in Group 4 coding.
+#ifndef ZERDIX_ALPHAD_SPOOL_H
+#define ZERDIX_ALPHAD_SPOOL_H
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "alphad/page_block.h"
+
+namespace zerdix::alphad {
+
+class spool_error : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+struct spooled_picture {
+    std::vector<page_picture> pages;
+    std::string title;       // UTF-8
+    std::string description; // UTF-8
+    bool normal;             // 98 rows to the inch instead of 196
+};
+
+class spool {
+  public:
+    // Makes the folder. Throws spool_error.
+    explicit spool(std::filesystem::path folder);
+
+    const std::filesystem::path& folder() const { return folder_; }
+
+    // The file appears whole under its name, or not at all. Throws spool_error.
+    void write(const std::string& name, const spooled_picture& picture) const;
+
+    void remove(const std::string& name) const;
+
+    // "000017-4930123456.tif": the id and what of the text can stand in a file name.
+    static std::string file_name(std::int32_t id, std::string_view text);
+
+  private:
+    std::filesystem::path folder_;
+};
+
+} // namespace zerdix::alphad
+
+#endif

@@ -1,0 +1,14 @@
+#include "alphad/store.h"
+
+#include "alphad/schema.h"
+
+namespace zerdix::alphad {
+
+store::store(const std::string& path, alphad::database::access mode) : db_(path, mode) {
+    if (mode == alphad::database::access::read_only)
+        require_schema(db_);
+    else
+        new_ = prepare_schema(db_);
+}
+
+} // namespace zerdix::alphad

@@ -1,0 +1,160 @@
+// Servers for tests: the stand-in server in a child process of the test, with calls that can be
+// made to go wrong, and the real program.
+//
+// Both register with the port mapper of this machine under a program number of their own, so that
+// tests run side by side. They throw std::runtime_error with a sentence when they can't start.
+#ifndef ZERDIX_TESTS_TEST_SERVER_H
+#define ZERDIX_TESTS_TEST_SERVER_H
+
+#include <csignal>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+#include "alphad/store.h"
+
+namespace zerdix::test {
+
+// A folder of its own, gone with the object.
+class temporary_folder {
+  public:
+    temporary_folder();
+    ~temporary_folder();
+    temporary_folder(const temporary_folder&) = delete;
+    temporary_folder& operator=(const temporary_folder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+// An environment variable, put back with the object.
+class environment_value {
+  public:
+    environment_value(const char* name, const std::string& value);
+    ~environment_value();
+    environment_value(const environment_value&) = delete;
+    environment_value& operator=(const environment_value&) = delete;
+
+  private:
+    std::string name_;
+    std::optional<std::string> before_;
+};
+
+// What a client of a test server finds in its environment: ZERDIXRPCOFFSET, and ZERDIX_INI with a
+// settings file (Host=127.0.0.1, User=zerdix, LogDir=the folder).
+class client_environment {
+  public:
+    explicit client_environment(const std::filesystem::path& folder);
+
+    std::int32_t offset() const { return offset_; }
+    std::uint32_t program() const;
+    const std::filesystem::path& settings() const { return settings_; }
+
+  private:
+    std::int32_t offset_;
+    std::filesystem::path settings_;
+    environment_value offset_value_;
+    environment_value settings_value_;
+};
+
+// The procedure numbers of a call log.
+std::vector<int> read_calls(const std::filesystem::path& file);
+
+struct fault_table;
+
+class test_server {
+  public:
+    // Starts it, with the demo data unless told otherwise, and sets up the environment.
+    explicit test_server(bool demo_data = true);
+    // Ends it, and takes the folder away.
+    ~test_server();
+    test_server(const test_server&) = delete;
+    test_server& operator=(const test_server&) = delete;
+
+    // The procedures called since the start or the last clear_calls, in order. A call stands here
+    // before it is answered, so nothing is missing once the client has its answer.
+    std::vector<int> calls() const;
+    void clear_calls();
+
+    // The n-th call of a procedure from now on goes wrong, once: it answers false, 0 or an empty
+    // record; it ends in an RPC error; the connection closes without a reply; the answer comes
+    // late, and so does everything behind it.
+    void refuse(int procedure, int nth = 1);
+    void fail(int procedure, int nth = 1);
+    void drop(int procedure, int nth = 1);
+    void stall(int procedure, int nth, int seconds);
+
+    // What the server has stored, fit for looking and for setting up.
+    alphad::store& store();
+
+    // Documents on a desk, and all send jobs.
+    std::vector<alphad::document> desk(const std::string& user);
+    std::vector<alphad::send_job> jobs();
+
+    std::filesystem::path folder() const { return folder_.path(); }
+    std::filesystem::path spool() const { return folder() / "spool"; }
+    const std::filesystem::path& settings() const { return environment_.settings(); }
+    std::uint32_t program() const { return environment_.program(); }
+    std::uint16_t port() const { return port_; }
+
+    // Ends it before its time: SIGTERM in good order, SIGKILL without.
+    void stop(int signal = SIGTERM);
+
+  private:
+    void start(bool demo_data);
+    void add_fault(int procedure, int nth, int kind, int seconds);
+
+    temporary_folder folder_;
+    client_environment environment_;
+    fault_table* faults_; // shared with the child
+    pid_t child_ = -1;
+    std::uint16_t port_ = 0;
+    std::unique_ptr<alphad::store> store_;
+};
+
+// The real program, on a data folder that can outlive it.
+class alphad_program {
+  public:
+    // Waits for its ready line, or for its end. More arguments can be given.
+    explicit alphad_program(const std::filesystem::path& data,
+                            const std::vector<std::string>& arguments = {});
+    ~alphad_program();
+    alphad_program(const alphad_program&) = delete;
+    alphad_program& operator=(const alphad_program&) = delete;
+
+    // The first line on its standard output, empty when it ended without one.
+    const std::string& ready_line() const { return ready_line_; }
+
+    // Sends the signal, waits, and gives the exit status, or minus the signal that ended it.
+    int stop(int signal = SIGTERM);
+
+    // Of a program that ended by itself.
+    int wait();
+
+    // All that it wrote to standard error.
+    std::string errors() const;
+
+    pid_t id() const { return child_; }
+
+  private:
+    std::filesystem::path errors_;
+    pid_t child_ = -1;
+    std::string ready_line_;
+};
+
+// Runs the real program to its end: exit status and standard output.
+struct program_result {
+    int status;
+    std::string output;
+};
+program_result run_alphad(const std::vector<std::string>& arguments);
+
+} // namespace zerdix::test
+
+#endif
