@@ -67,11 +67,9 @@ TEST_F(Files, StartsWithTheTimeAndOpensOnce) {
     EXPECT_EQ(T_TRACE_access::name_set(tracer), 0);
     tracer.traceSetName("unused");
     EXPECT_EQ(T_TRACE_access::name_set(tracer), 1);
-    EXPECT_TRUE(std::regex_match(
-        folder.read("FAXTRACE.LOG"),
-        std::regex("\\*\\*\\* Tracer gestartet: [A-Z][a-z]{2} [A-Z][a-z]{2} [ 0-9]{2} "
-                   "[0-9:]{8} [0-9]{4}\n\n")))
-        << folder.read("FAXTRACE.LOG");
+    EXPECT_THAT(folder.read("FAXTRACE.LOG"),
+                testing::MatchesRegex("[*]{3} Tracer gestartet: [A-Z][a-z]{2} [A-Z][a-z]{2} "
+                                      "[ 0-9]{2} [0-9:]{8} [0-9]{4}\n\n"));
     tracer.traceSetName(nullptr);
     write_line(tracer, 200, "x");
     EXPECT_THAT(trace_lines(), ElementsAre(line("Info1: ", "x"))); // and unbuffered

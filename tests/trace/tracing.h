@@ -2,7 +2,6 @@
 #ifndef ZERDIX_TESTS_TRACE_TRACING_H
 #define ZERDIX_TESTS_TRACE_TRACING_H
 
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -40,6 +39,18 @@ class no_memory {
     no_memory& operator=(const no_memory&) = delete;
 };
 
+inline std::string padded(std::string text, std::size_t width) {
+    text.resize(std::max(width, text.size()), ' ');
+    return text;
+}
+
+// "(4183075) Entry: ..." becomes "# Entry: ...".
+inline std::string without_ticks(const std::string& line) {
+    const std::size_t end = line.find_first_not_of("0123456789", 1);
+    const bool ticks = line.starts_with('(') && end > 1 && line.compare(end, 2, ") ") == 0;
+    return ticks ? "#" + line.substr(end + 1) : line;
+}
+
 class Tracing : public testing::Test {
   protected:
     void configure(const std::string& lines) {
@@ -48,12 +59,11 @@ class Tracing : public testing::Test {
 
     // The lines of a file without the start line, each with "#" in place of its ticks.
     std::vector<std::string> lines_of(const std::string& name) const {
-        const std::string text =
-            std::regex_replace(folder.read(name), std::regex("(^|\n)\\([0-9]+\\) "), "$1# ");
+        const std::string text = folder.read(name);
         std::vector<std::string> lines;
         for (std::size_t at = 0; at < text.size();) {
             const std::size_t end = text.find('\n', at);
-            lines.push_back(text.substr(at, end - at));
+            lines.push_back(without_ticks(text.substr(at, end - at)));
             at = end + 1;
         }
         const bool started = !lines.empty() && lines[0].starts_with("*** ");
@@ -68,11 +78,6 @@ class Tracing : public testing::Test {
     environment_variable width{"TRACE_WRAP_WIDTH", nullptr};
     recorded_boxes boxes;
 };
-
-inline std::string padded(std::string text, std::size_t width) {
-    text.resize(std::max(width, text.size()), ' ');
-    return text;
-}
 
 } // namespace zerdix::tests
 
