@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <ctime>
 
 namespace {
@@ -59,7 +58,8 @@ extern "C" std::int32_t printTime(std::int32_t time, char language, const char**
     const form* as = form_of(language);
     if (as != nullptr && local != nullptr) {
         if (day != nullptr)
-            std::strcpy(day_text.data(), as->days[static_cast<std::size_t>(local->tm_wday)]);
+            std::snprintf(day_text.data(), day_text.size(), "%s",
+                          as->days[static_cast<std::size_t>(local->tm_wday)]);
         if (date != nullptr)
             print_date(*as, *local);
         if (clock != nullptr)

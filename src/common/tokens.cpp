@@ -84,7 +84,7 @@ void store_text(char* to, const char* field, std::optional<std::size_t> width) {
     if (width)
         std::strncpy(to, field, *width);
     else
-        std::strcpy(to, field);
+        std::memcpy(to, field, std::strlen(field) + 1);
 }
 
 // The arguments in a struct, so that a helper's va_arg moves them on for its caller too.

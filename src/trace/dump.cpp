@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdio>
-#include <string>
 
 #include "trace/state.h"
 
@@ -21,7 +20,7 @@ struct dump_row {
 
     dump_row(const unsigned char* data, std::uint32_t length) {
         constexpr const char* digits = "0123456789ABCDEF";
-        for (std::uint32_t i = 0; i < length; ++i) {
+        for (std::size_t i = 0; i < length; ++i) {
             text[i] = printable(data[i]);
             hexadecimal[3 * i] = digits[data[i] >> 4];
             hexadecimal[3 * i + 1] = digits[data[i] & 15];
