@@ -1,0 +1,127 @@
+// The connection: opening it, what ends it, and what the session knows.
+
+#include <chrono>
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <zerdix/journal.h>
+#include <zerdix/timetext.h>
+#include <zerdix/zerdix.h>
+
+#include "rpc/session.h"
+#include "support/test_server.h"
+
+namespace zerdix::testing {
+namespace {
+
+class Connection : public ::testing::Test {
+  protected:
+    test::test_server server;
+    ZERDIX session;
+
+    Connection() {
+        session.setUserId("zerdix");
+        session.setAlphaserver("127.0.0.1");
+    }
+    ~Connection() override { session.CleanupHostConnection(); }
+
+    client* connect() { return session.GetClientAddr("127.0.0.1"); }
+};
+
+TEST_F(Connection, OpensAndCloses) {
+    EXPECT_EQ(ZERDIX::clsGetClient(), nullptr);
+    ASSERT_NE(connect(), nullptr);
+    EXPECT_NE(ZERDIX::clsGetClient(), nullptr);
+    EXPECT_EQ(setTZ(), 0);
+    ZERDIX second;
+    EXPECT_EQ(ZERDIX::clsGetClient(), nullptr) << "a new object forgets the handle";
+    ASSERT_NE(session.GetClientAddr("localhost"), nullptr);
+    session.CleanupHostConnection();
+    EXPECT_EQ(ZERDIX::clsGetClient(), nullptr);
+    EXPECT_EQ(setTZ(), 8);
+}
+
+TEST_F(Connection, NoConnectionIsMadeToWhatIsNoServer) {
+    EXPECT_EQ(session.GetClientAddr("nowhere.invalid"), nullptr);
+    EXPECT_EQ(session.GetClientAddr("256.1.1.1"), nullptr);
+    EXPECT_EQ(session.GetClientAddr("3com"), nullptr) << "a digit in front makes it an address";
+    EXPECT_EQ(session.GetClientAddr(""), nullptr);
+    server.stop();
+    EXPECT_EQ(connect(), nullptr);
+}
+
+TEST_F(Connection, TheProgramNumberFollowsTheEnvironment) {
+    const std::pair<const char*, std::uint32_t> cases[] = {{"100", 16012067}, {"-10", 16011957},
+                                                           {"0", 16011967},   {"", 16011967},
+                                                           {"x1", 16011967},  {"7 up", 16011974}};
+    for (const auto& [offset, number] : cases) {
+        test::environment_value value{"ZERDIXRPCOFFSET", offset};
+        EXPECT_EQ(session.rpc_prog_nr(0xF452BF), number) << offset;
+    }
+}
+
+TEST_F(Connection, TheServersTimeZoneBecomesTheProcesss) {
+    test::environment_value zone{"TZ", "EST5EDT"};
+    tzset();
+    ASSERT_NE(connect(), nullptr);
+    ASSERT_EQ(setTZ(), 0);
+    const std::time_t summer = 867758400; // 1997-07-01 12:00 UTC
+    EXPECT_EQ(std::localtime(&summer)->tm_hour, 14);
+    server.fail(89);
+    EXPECT_EQ(setTZ(), 8);
+    EXPECT_EQ(std::localtime(&summer)->tm_hour, 14) << "a failure changes nothing";
+}
+
+TEST_F(Connection, LanguagesHaveALetterAndALocale) {
+    EXPECT_EQ(ZERDIX::clsSetLanguage('X'), 4);
+    EXPECT_STREQ(ZERDIX::clsGetLanguageString(), "german_germany");
+    EXPECT_EQ(ZERDIX::clsSetLanguage('I'), 0);
+    EXPECT_EQ(ZERDIX::clsGetLanguage(), 'I');
+    EXPECT_STREQ(ZERDIX::clsGetLanguageString(), "english_us");
+    EXPECT_EQ(ZERDIX::clsSetLanguage('G'), 0);
+}
+
+TEST_F(Connection, BlockSizesAreAskedOnceAndCut) {
+    ASSERT_NE(connect(), nullptr);
+    auto& directory = server.store().directory;
+    const std::tuple<const char*, std::int32_t, std::size_t> cases[] = {
+        {"200", 200, 1}, {"201", 200, 1}, {"", 30, 2}, {"many", 30, 2}, {"1", 1, 1}};
+    for (const auto& [value, size, asked] : cases) {
+        rpc::session().telebook_block_size = 0;
+        directory.set_config("PHONEBOOKB", value);
+        server.clear_calls();
+        EXPECT_EQ(ZERDIX::clsGetTelebookBlockSize(), size) << value;
+        EXPECT_EQ(ZERDIX::clsGetTelebookBlockSize(), size) << value;
+        EXPECT_EQ(server.calls(), std::vector<int>(asked, 74)) << value;
+    }
+    rpc::session().journal_block_size = 0;
+    server.fail(74);
+    EXPECT_EQ(ZERDIX::clsGetJournalBlockSize(), -1);
+    session.CleanupHostConnection();
+    EXPECT_EQ(ZERDIX::clsGetJournalBlockSize(), 12);
+}
+
+// Takes the full 25 seconds, once, for real.
+TEST_F(Connection, ACallThatTimesOutEndsTheConnection) {
+    ASSERT_NE(connect(), nullptr);
+    JOURNAL caller, bystander;
+    ASSERT_GT(caller.makeDoc(), 0);
+    ASSERT_GT(bystander.makeDoc(), 0);
+    server.stall(3, 1, 40);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(caller.makeDoc(), -1);
+    const auto took = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(took, std::chrono::seconds{24});
+    EXPECT_LE(took, std::chrono::seconds{27});
+    EXPECT_EQ(ZERDIX::clsGetClient(), nullptr);
+    EXPECT_EQ(caller.delDoc(TOPF_P, 1), 12);
+    EXPECT_EQ(bystander.delDoc(TOPF_P, 1), 12) << "a copy of the handle counts as none too";
+    EXPECT_EQ(bystander.getPDoc(1), nullptr);
+    server.stop(SIGKILL);
+}
+
+} // namespace
+} // namespace zerdix::testing

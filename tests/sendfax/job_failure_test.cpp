@@ -1,0 +1,165 @@
+// Jobs on which the server refuses, fails or goes away at one step.
+
+#include <cstring>
+
+#include "sendfax/job_fixture.h"
+
+namespace zerdix::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+using calls = std::vector<int>;
+
+// The first page on a server that goes wrong at one call.
+struct page_fault {
+    int procedure;
+    int nth;
+    std::int32_t result;
+    calls made;
+    const char* error;
+};
+
+class PageFault : public PrintJob {};
+
+TEST_F(PageFault, RefusalsStopThePageOrAreOnlyWarned) {
+    const page_fault faults[] = {
+        {3, 1, 8, {3}, "StoreFaxPage(): Problems with RPC connection"},
+        {23, 1, 0, {3, 23, 22, 60, 22}, nullptr},
+        {22, 1, 0, {3, 23, 22, 60, 22}, nullptr},
+        {60, 1, 8, {3, 23, 22, 60}, "-> StoreFaxPage(): Problems with RPC connection"},
+        {22, 2, 0, {3, 23, 22, 60, 22}, nullptr},
+    };
+    for (const page_fault& fault : faults) {
+        SCOPED_TRACE(std::to_string(fault.procedure) + ", call " + std::to_string(fault.nth));
+        std::filesystem::remove(server.folder() / "FAXERROR.LOG");
+        ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+        server.clear_calls();
+        server.refuse(fault.procedure, fault.nth);
+        EXPECT_EQ(store(driver_block(1728, 100)), fault.result);
+        EXPECT_EQ(server.calls(), fault.made);
+        if (fault.error != nullptr)
+            EXPECT_THAT(error_log(), HasSubstr(fault.error));
+        else
+            EXPECT_THAT(error_log(), IsEmpty());
+        sendfax::close_job();
+    }
+}
+
+TEST_F(PageFault, AFailedFirstPageMakesNoSecondDocument) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    server.refuse(3);
+    EXPECT_EQ(store(driver_block(1728, 100)), 8);
+    server.clear_calls();
+    EXPECT_EQ(store(driver_block(1728, 100)), 8);
+    EXPECT_EQ(server.calls(), calls{60});
+}
+
+TEST_F(PageFault, APageThatWasNotStoredStillCounts) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    server.refuse(60);
+    EXPECT_EQ(store(driver_block(1728, 100)), 8);
+    EXPECT_EQ(sendfax::job().sPageCount, 1);
+    EXPECT_EQ(DeleteFaxDoc(), 0);
+    EXPECT_THAT(server.desk("zerdix"), IsEmpty());
+}
+
+TEST_F(PageFault, ABlockThatDoesNotCoverItsRowsIsRefused) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    const auto good = driver_block(1728, 100);
+    const auto cut = [&](std::size_t size) {
+        return StoreFaxPage(good.data(), static_cast<std::int32_t>(size), 0, 0);
+    };
+    EXPECT_EQ(cut(good.size() - 1), 8);
+    EXPECT_EQ(cut(8), 8);
+    EXPECT_EQ(cut(7), 8);
+    EXPECT_EQ(cut(0), 8);
+    EXPECT_EQ(StoreFaxPage(good.data(), -5, 0, 0), 8);
+    EXPECT_EQ(StoreFaxPage(nullptr, 100, 0, 0), 8);
+    auto huge = good; // rows of which the product wraps 32 bits
+    std::memset(huge.data(), 0xFF, 8);
+    EXPECT_EQ(store(huge), 8);
+    EXPECT_THAT(error_log(), HasSubstr("doesn't cover its rows"));
+    EXPECT_EQ(sendfax::job().sPageCount, 0);
+    EXPECT_EQ(store(good), 0);
+}
+
+struct send_fault {
+    int procedure;
+    int nth;
+    std::int32_t result;
+    calls made;
+    std::size_t jobs;
+    std::size_t desk;
+    const char* error;
+};
+
+TEST_F(PrintJob, AFanOutStopsAtARefusedSendAndKeepsWhatWentOut) {
+    const send_fault faults[] = {
+        {22, 1, 0, {22, 25, 25, 25, 22, 6}, 3, 0, nullptr},
+        {25, 1, 8, {22, 25}, 0, 1, "SendFaxDoc(): Problems with sending document"},
+        {25, 2, 8, {22, 25, 25}, 1, 1, "SendFaxDoc(): Problems with sending document"},
+        {22, 2, 0, {22, 25, 25, 25, 22, 6}, 3, 0, nullptr},
+        {6, 1, 8, {22, 25, 25, 25, 22, 6}, 3, 1, "->SendFaxDoc(): Problems with deleting document"},
+    };
+    for (const send_fault& fault : faults) {
+        SCOPED_TRACE(std::to_string(fault.procedure) + ", call " + std::to_string(fault.nth));
+        std::filesystem::remove(server.folder() / "FAXERROR.LOG");
+        const std::size_t jobs = server.jobs().size();
+        const std::size_t desk = server.desk("zerdix").size();
+        open_job_with_pages("#PHONE 1##PHONE 2##PHONE 3#");
+        server.refuse(fault.procedure, fault.nth);
+        EXPECT_EQ(SendFaxDoc(), fault.result);
+        EXPECT_EQ(server.calls(), fault.made);
+        EXPECT_THAT(server.jobs(), SizeIs(jobs + fault.jobs));
+        EXPECT_THAT(server.desk("zerdix"), SizeIs(desk + fault.desk));
+        EXPECT_EQ(pzerdix, nullptr);
+        EXPECT_EQ(ppReceiver, nullptr);
+        if (fault.error != nullptr)
+            EXPECT_THAT(error_log(), HasSubstr(fault.error));
+    }
+}
+
+TEST_F(PrintJob, APoolDocumentThatCannotMoveStaysAndTheUserIsGivenBack) {
+    sendfax::install_send_dialog([](void*) {
+        std::strcpy(userid, "meier");
+        return sendfax::dialog_accepted;
+    });
+    for (int procedure : {3, 5}) {
+        SCOPED_TRACE(procedure);
+        const std::size_t desk = server.desk("zerdix").size();
+        open_job_with_pages("");
+        server.refuse(procedure);
+        EXPECT_EQ(SendFaxDoc(), 8);
+        EXPECT_THAT(server.desk("zerdix"), SizeIs(desk + 1));
+        EXPECT_STREQ(ZERDIX::clsGetUserId(), "zerdix");
+        EXPECT_STREQ(userid, "");
+    }
+}
+
+TEST_F(PrintJob, AClosedConnectionIsAFailureNotASignal) {
+    open_job_with_pages("#PHONE 1##PHONE 2#");
+    server.drop(25, 1);
+    EXPECT_EQ(SendFaxDoc(), 8);
+    EXPECT_EQ(pzerdix, nullptr);
+    ASSERT_EQ(TransmissionDlg(nullptr, "Next", 1), 0) << "the next job connects anew";
+    ASSERT_EQ(store(driver_block(1728, 100)), 0);
+    server.stop(SIGKILL);
+    EXPECT_EQ(store(driver_block(1728, 100)), 8);
+    EXPECT_EQ(DeleteFaxDoc(), 8);
+    EXPECT_NE(pzerdix, nullptr);
+}
+
+TEST_F(PrintJob, AJobWithoutConnectionIsStuckUntilGivenUp) {
+    server.stop();
+    EXPECT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 8);
+    EXPECT_THAT(error_log(), HasSubstr("TransmissionDlg(): Problems with RPC connection"));
+    EXPECT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 4);
+    EXPECT_EQ(DeleteFaxDoc(), 0);
+    EXPECT_EQ(pzerdix, nullptr);
+}
+
+} // namespace
+} // namespace zerdix::testing

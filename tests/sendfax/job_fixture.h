@@ -1,0 +1,67 @@
+// A print job against the stand-in server, as a driver makes one.
+#ifndef ZERDIX_TESTS_JOB_FIXTURE_H
+#define ZERDIX_TESTS_JOB_FIXTURE_H
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sstream>
+
+#include "sendfax/job.h"
+#include "sendfax/send_dialog.h"
+#include "support/test_server.h"
+
+namespace zerdix::testing {
+
+// A driver's page block: header, then rows of one byte value.
+inline std::vector<unsigned char> driver_block(std::uint32_t width, std::uint32_t height,
+                                               unsigned char fill = 0xFF) {
+    std::vector<unsigned char> block;
+    for (std::uint32_t word : {width, height})
+        for (int shift = 24; shift >= 0; shift -= 8)
+            block.push_back(static_cast<unsigned char>(word >> shift));
+    block.resize(8 + std::size_t{width} / 8 * height, fill);
+    return block;
+}
+
+inline std::int32_t store(const std::vector<unsigned char>& block) {
+    return StoreFaxPage(block.data(), static_cast<std::int32_t>(block.size()), 0, 0);
+}
+
+inline std::int32_t merge(std::string_view text) {
+    return SetFaxMergeData(text.data(), static_cast<std::int32_t>(text.size()));
+}
+
+class PrintJob : public ::testing::Test {
+  protected:
+    PrintJob() { sendfax::install_send_dialog(nullptr); }
+    ~PrintJob() override {
+        if (pzerdix != nullptr)
+            DeleteFaxDoc();
+        if (pzerdix != nullptr)
+            sendfax::close_job();
+        sendfax::install_send_dialog(nullptr);
+    }
+
+    // Opens a job of two small pages and forgets the calls until then.
+    void open_job_with_pages(std::string_view merge_data) {
+        ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+        ASSERT_EQ(merge(merge_data), 0);
+        ASSERT_EQ(store(driver_block(1728, 100)), 0);
+        ASSERT_EQ(store(driver_block(1728, 100)), 0);
+        server.clear_calls();
+    }
+
+    std::string error_log() const {
+        std::ifstream file{server.folder() / "FAXERROR.LOG"};
+        std::ostringstream text;
+        text << file.rdbuf();
+        return text.str();
+    }
+
+    test::test_server server;
+};
+
+} // namespace zerdix::testing
+
+#endif

@@ -1,0 +1,216 @@
+// Merge data: what is taken, what is passed over, and what it does to the job.
+
+#include <cstring>
+
+#include "sendfax/job_fixture.h"
+#include "sendfax/merge_text.h"
+#include "sendfax/receivers.h"
+
+namespace zerdix::testing {
+namespace {
+
+using sendfax::ExtractKeyAndValue;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+struct pair {
+    std::int32_t key;
+    std::string value;
+    bool operator==(const pair&) const = default;
+};
+
+std::vector<pair> pairs_of(std::string_view text) {
+    std::vector<pair> found;
+    while (text.find('#') != std::string_view::npos) {
+        std::int32_t key = -1;
+        char value[31];
+        const std::size_t before = text.size();
+        if (ExtractKeyAndValue(text, key, value, sizeof value) == 0)
+            found.push_back({key, value});
+        EXPECT_LT(text.size(), before) << "the cursor always moves on";
+    }
+    return found;
+}
+
+TEST(MergeText, AcceptsPairsAnywhere) {
+    using sendfax::key_phone, sendfax::key_title, sendfax::key_last_docpage;
+    const std::pair<const char*, std::vector<pair>> accepts[] = {
+        {"#PHONE 4930123456#", {{key_phone, "4930123456"}}},
+        {"abc#PHONE   123#def", {{key_phone, "123"}}},
+        {"#PHONE123#", {{key_phone, "123"}}},
+        {"#PHONE 1##PHONE 2#", {{key_phone, "1"}, {key_phone, "2"}}},
+        {"#PHONE#", {{key_phone, ""}}},
+        {"#PHONE    #", {{key_phone, ""}}},
+        {"#PHONE 12 34 #", {{key_phone, "12 34 "}}},
+        {"#TITLES#", {{key_title, "S"}}},
+        {"#LAST_DOCPAGE#", {{key_last_docpage, ""}}},
+        {"#XYZ##PHONE 1#", {{key_phone, "1"}}},
+        {"##PHONE 1#", {}}, // the empty pair takes the mark, and the rest is free text
+        {"#PHONE \tx#", {{key_phone, "\tx"}}},
+        {"#PHONE 1234567890123456789012345678901234567890#",
+         {{key_phone, "123456789012345678901234567890"}}},
+    };
+    for (const auto& [text, expected] : accepts)
+        EXPECT_EQ(pairs_of(text), expected) << text;
+}
+
+TEST(MergeText, PassesOverEverythingElse) {
+    const char* rejects[] = {"",           "plain text",   "#",         "##",         "#PHONE 123",
+                             "PHONE 123#", "#phone 123#",  "#Phone 1#", "# PHONE 1#", "#PHON#",
+                             "#PHON E1#",  "#RECEIVER x#", "#SEND#",    "#\0PHONE#",  "#8#"};
+    for (const char* text : rejects)
+        EXPECT_THAT(pairs_of(text), IsEmpty()) << text;
+}
+
+class MergeData : public PrintJob {
+  protected:
+    MergeData() { TransmissionDlg(nullptr, "Angebot", 1); }
+
+    std::vector<std::string> receivers() const {
+        return {ppReceiver, ppReceiver + lPDCountReceiver};
+    }
+};
+
+TEST_F(MergeData, NumbersAreTakenWithinTheirRangeOnly) {
+    const std::tuple<const char*, int, int> priorities[] = {
+        {"100", 0, 32767}, {"50", 0, 16384}, {"0", 7, 0},      {"101", 7, 7},
+        {"-1", 7, 7},      {"", 7, 7},       {"12x", 0, 3932}, {"x", 7, 0},
+    };
+    for (const auto& [value, before, after] : priorities) {
+        pa_s_rec->priority = static_cast<std::int16_t>(before);
+        EXPECT_EQ(merge(std::string{"#PRIORITY "} + value + '#'), 0);
+        EXPECT_EQ(pa_s_rec->priority, after) << value;
+    }
+    const std::tuple<const char*, int, int> papers[] = {
+        {"9", 0, 9}, {"10", 3, 3}, {"-1", 3, 3}, {"", 3, 3}, {"0", 3, 0}};
+    for (const auto& [value, before, after] : papers) {
+        sendfax::job().sPaperSource = static_cast<std::int16_t>(before);
+        EXPECT_EQ(merge(std::string{"#PAPER "} + value + '#'), 0);
+        EXPECT_EQ(sendfax::job().sPaperSource, after) << value;
+    }
+    merge("#RETRIES 9##RETRIES #");
+    EXPECT_EQ(pa_s_rec->maxretries, 9);
+}
+
+TEST_F(MergeData, WordsAreComparedAsTheyStand) {
+    merge("#RESOLUTION fine#");
+    EXPECT_EQ(pa_s_rec->resolution, 0);
+    merge("#RESOLUTION NORMAL#");
+    EXPECT_EQ(pa_s_rec->resolution, 2);
+    merge("#RESOLUTION FINEST#");
+    EXPECT_EQ(pa_s_rec->resolution, 2);
+    merge("#RESOLUTION FINE##TITLE A title of more than thirty characters#");
+    EXPECT_EQ(pa_s_rec->resolution, 1);
+    EXPECT_EQ(pa_s_rec->comment, "A title of more than thirty ch");
+    merge("#TITLE#");
+    EXPECT_TRUE(pa_s_rec->comment.empty());
+}
+
+TEST_F(MergeData, ASendTimeIsATimeOrATariff) {
+    merge("#SENDTIME 31.12.30 20:15#");
+    EXPECT_EQ(pa_s_rec->sendtime, 1924974900) << "in the server's zone, one hour ahead of UTC";
+    merge("#SENDTIME DELAYED#");
+    EXPECT_TRUE(pa_s_rec->nighttariff);
+    EXPECT_EQ(pa_s_rec->sendtime, 1924974900);
+    merge("#SENDTIME NOW#");
+    EXPECT_FALSE(pa_s_rec->nighttariff);
+    merge("#SENDTIME DELAYED##SENDTIME tomorrow#");
+    EXPECT_EQ(pa_s_rec->sendtime, 0);
+    EXPECT_TRUE(pa_s_rec->nighttariff);
+}
+
+TEST_F(MergeData, TheLastPageIsTold) {
+    EXPECT_EQ(merge("#LAST_DOCPAGE#"), 4);
+    EXPECT_EQ(merge("#LAST_DOCPAGE##PHONE 1#"), 4);
+    EXPECT_THAT(receivers(), ElementsAre("1"));
+    EXPECT_EQ(merge("#PHONE 2#"), 0);
+    EXPECT_EQ(SetFaxMergeData("#PHONE 3#garbage", 9), 0) << "the length ends the text";
+    EXPECT_EQ(SetFaxMergeData(nullptr, 10), 0);
+    EXPECT_EQ(SetFaxMergeData("#PHONE 4#", -1), 0);
+    EXPECT_THAT(receivers(), ElementsAre("1", "2", "3"));
+}
+
+TEST_F(MergeData, TheReceiverArrayGrowsByAThousand) {
+    std::string text;
+    for (int i = 0; i < 1001; ++i)
+        text += "#PHONE " + std::to_string(i) + '#';
+    EXPECT_EQ(merge(text), 0);
+    ASSERT_EQ(lPDCountReceiver, 1001);
+    EXPECT_STREQ(ppReceiver[0], "0");
+    EXPECT_STREQ(ppReceiver[1000], "1000");
+    EXPECT_EQ(sendfax::job().receiver_room, 2000);
+}
+
+void add_entry(alphad::store& store, const char* book, const char* id, nettypetype nettype) {
+    o_tebul entry{};
+    entry.tbookid.assign(book);
+    entry.teleid.assign(id);
+    entry.phone.assign("123");
+    entry.nettype = nettype;
+    ASSERT_TRUE(store.phone_books.put_entry(entry));
+}
+
+void add_member(alphad::store& store, const char* group, const char* book, const char* id) {
+    o_tgroupl member{};
+    member.groupid.assign(group);
+    member.tbookid.assign(book);
+    member.teleid.assign(id);
+    ASSERT_TRUE(store.phone_books.put_member(member));
+}
+
+class MergeGroup : public MergeData {
+  protected:
+    MergeGroup() {
+        o_tgroup group{};
+        group.groupid.assign("team");
+        server.store().phone_books.put_group(group);
+        add_entry(server.store(), "common", "a", NETTYPE_FAX);
+        add_entry(server.store(), "common", "b", NETTYPE_TELEX);
+        add_entry(server.store(), "private", "c", NETTYPE_FAX);
+        for (const auto& [book, id] :
+             {std::pair{"common", "a"}, {"common", "b"}, {"common", "gone"}, {"private", "c"}})
+            add_member(server.store(), "team", book, id);
+        server.clear_calls();
+    }
+};
+
+TEST_F(MergeGroup, MembersOfTheJobsNetTypeBecomeReceivers) {
+    EXPECT_EQ(merge("#PHONE 1##RECEIVERGROUP team##PHONE 2#"), 0);
+    EXPECT_THAT(receivers(), ElementsAre("1", "common:a", "private:c", "2"));
+    EXPECT_EQ(server.calls(), (std::vector<int>{64, 74, 93, 82, 82, 82, 82}));
+    EXPECT_THAT(error_log(), HasSubstr("telebook book entry is not fax receiver"));
+    EXPECT_THAT(error_log(), HasSubstr("telebook book entry does not exist"));
+}
+
+TEST_F(MergeGroup, AnUnknownGroupIsPassedOver) {
+    EXPECT_EQ(merge("#RECEIVERGROUP nobody##RECEIVERGROUP##PHONE 2#"), 0);
+    EXPECT_THAT(receivers(), ElementsAre("2"));
+    EXPECT_THAT(error_log(), HasSubstr("group <nobody> doesn't exist on the server"));
+}
+
+TEST_F(MergeGroup, AFailedCallEndsTheTextAndKeepsWhatWasDone) {
+    for (int procedure : {64, 93}) {
+        server.fail(procedure);
+        EXPECT_EQ(merge("#PHONE 1##RECEIVERGROUP team##PHONE 2#"), 8);
+        EXPECT_THAT(receivers(), ::testing::Each("1"));
+    }
+    EXPECT_EQ(lPDCountReceiver, 2);
+    server.fail(82, 1); // one member can't be looked up: the others are taken
+    EXPECT_EQ(merge("#RECEIVERGROUP team#"), 0);
+    EXPECT_THAT(receivers(), ElementsAre("1", "1", "private:c"));
+}
+
+// The phone books of merge data outlive the job that they were made in.
+TEST_F(MergeGroup, TheNextJobsConnectionIsUsed) {
+    ASSERT_EQ(merge("#RECEIVERGROUP team#"), 0);
+    ASSERT_EQ(SendFaxDoc(), 0);
+    EXPECT_EQ(merge("#RECEIVERGROUP team#"), 8) << "no job, no connection";
+    sendfax::release_receivers();
+    ASSERT_EQ(TransmissionDlg(nullptr, "Second", 1), 0);
+    EXPECT_EQ(merge("#RECEIVERGROUP team#"), 0);
+    EXPECT_THAT(receivers(), ElementsAre("common:a", "private:c"));
+}
+
+} // namespace
+} // namespace zerdix::testing

@@ -1,0 +1,217 @@
+// Phone books and recipient groups on the server, and the lists that are gathered from blocks.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <zerdix/telebook.h>
+#include <zerdix/zerdix.h>
+
+#include "rpc/session.h"
+#include "support/test_server.h"
+
+namespace zerdix::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using calls = std::vector<int>;
+
+class Telebook : public ::testing::Test {
+  protected:
+    Telebook() {
+        session.setUserId("zerdix");
+        session.setAlphaserver("127.0.0.1");
+        EXPECT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
+        server.clear_calls();
+    }
+    ~Telebook() override { session.CleanupHostConnection(); }
+
+    void set_block_size(const char* size) {
+        rpc::session().telebook_block_size = 0;
+        server.store().directory.set_config("PHONEBOOKB", size);
+    }
+
+    void put_groups(int count) {
+        for (int i = 0; i < count; ++i) {
+            o_tgroup group{};
+            group.groupid.assign("g" + std::to_string(1000 + i));
+            ASSERT_TRUE(server.store().phone_books.put_group(group));
+        }
+    }
+
+    void put_entry(const char* book, const char* id, nettypetype nettype) {
+        o_tebul entry{};
+        entry.tbookid.assign(book);
+        entry.teleid.assign(id);
+        entry.nettype = nettype;
+        ASSERT_EQ(books.putTBookEntry(&entry), 0);
+    }
+
+    template <class Record>
+    static std::vector<std::string> ids(PTRLIST* list, str10 Record::*id) {
+        std::vector<std::string> found;
+        for (std::uint32_t i = 0; list != nullptr && i < list->getSize(); ++i)
+            found.emplace_back((static_cast<Record*>((*list)[i])->*id).view());
+        return found;
+    }
+
+    test::test_server server{false};
+    ZERDIX session;
+    TELEBOOK books;
+};
+
+TEST_F(Telebook, BooksAreWrittenReadAndDeleted) {
+    EXPECT_EQ(books.getTBooks()->getSize(), 0u);
+    o_tebu book{};
+    book.tbookid.assign("common");
+    book.comment.assign("Alle B\xfc"
+                        "cher");
+    book.perms = {{1, 2, 3}};
+    book.t_kind = 5;
+    book.t_labels[9].assign("label");
+    book.t_text2.assign("text");
+    ASSERT_EQ(books.putTBook(&book), 0);
+    const o_tebu* back = books.getTBook("common");
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(back->comment, book.comment);
+    EXPECT_EQ(back->perms, book.perms);
+    EXPECT_EQ(back->t_kind, 5);
+    EXPECT_EQ(back->t_labels[9], "label");
+    EXPECT_EQ(back->t_text2, "text");
+    EXPECT_THAT(ids(books.getTBooks(), &o_tebu::tbookid), ElementsAre("common"));
+    EXPECT_EQ(books.delTBook("common"), 0);
+    EXPECT_EQ(books.delTBook("common"), 4);
+    EXPECT_TRUE(books.getTBook("common")->tbookid.empty());
+    EXPECT_TRUE(books.getTBook("commonwealth")->tbookid.empty()) << "cut to ten characters";
+}
+
+TEST_F(Telebook, EntriesComeByNetTypeAndBlock) {
+    o_tebu book{};
+    book.tbookid.assign("b");
+    books.putTBook(&book);
+    EXPECT_EQ(books.getTBookEntries("b", NETTYPE_FAX, "", 10)->getSize(), 0u);
+    put_entry("b", "anna", NETTYPE_FAX);
+    put_entry("b", "berta", NETTYPE_TELEX);
+    put_entry("b", "clara", NETTYPE_FAX);
+    const auto entries = [&](int nettype, const char* start, std::int32_t size) {
+        return ids(books.getTBookEntries("b", static_cast<nettypetype>(nettype), start, size),
+                   &o_tebul::teleid);
+    };
+    EXPECT_THAT(entries(1, "", 10), ElementsAre("anna", "clara"));
+    EXPECT_THAT(entries(2, "", 10), ElementsAre("berta"));
+    EXPECT_THAT(entries(0, "", 10), ElementsAre("anna", "berta", "clara"));
+    EXPECT_THAT(entries(3, "", 2), ElementsAre("anna", "berta"));
+    EXPECT_THAT(entries(3, "berta", 2), ElementsAre("berta", "clara"));
+    EXPECT_EQ(books.getTBookEntry("b", "anna", 1)->teleid, "anna");
+    EXPECT_TRUE(books.getTBookEntry("b", "dora", 1)->tbookid.empty());
+    EXPECT_EQ(books.delTBookEntry("b", "anna"), 0);
+    server.refuse(81);
+    o_tebul entry{};
+    EXPECT_EQ(books.putTBookEntry(&entry), 4);
+    server.fail(83);
+    EXPECT_EQ(books.getTBookEntries("b", NETTYPE_FAX, "", 10), nullptr);
+}
+
+struct gathering {
+    const char* block_size;
+    int groups;
+    std::size_t blocks;
+};
+
+class GatheredGroups : public Telebook, public ::testing::WithParamInterface<gathering> {};
+
+TEST_P(GatheredGroups, EveryGroupComesOnce) {
+    const auto& [block_size, groups, blocks] = GetParam();
+    set_block_size(block_size);
+    put_groups(groups);
+    ZERDIX::clsGetTelebookBlockSize();
+    server.clear_calls();
+    const auto found = ids(books.getTGroups(), &o_tgroup::groupid);
+    EXPECT_EQ(found.size(), static_cast<std::size_t>(groups));
+    EXPECT_TRUE(std::adjacent_find(found.begin(), found.end(), std::greater_equal<>{}) ==
+                found.end());
+    EXPECT_EQ(server.calls(), calls(blocks, 104));
+}
+
+INSTANTIATE_TEST_SUITE_P(BlockSizes, GatheredGroups,
+                         ::testing::Values(gathering{"30", 0, 1}, gathering{"30", 28, 1},
+                                           gathering{"30", 29, 2}, gathering{"30", 30, 2},
+                                           gathering{"30", 59, 3}, gathering{"2", 5, 5},
+                                           gathering{"200", 450, 3}));
+
+TEST_F(Telebook, AGatheringEndsWhateverTheBlockSize) {
+    put_groups(5);
+    for (const char* size : {"1", "-1", "-5"}) {
+        set_block_size(size);
+        PTRLIST* list = books.getTGroups();
+        ASSERT_NE(list, nullptr) << size;
+        EXPECT_LE(list->getSize(), 5u) << size;
+    }
+}
+
+TEST_F(Telebook, MembersAreGatheredByBookAndEntry) {
+    set_block_size("3");
+    o_tgroup group{};
+    group.groupid.assign("team");
+    ASSERT_EQ(books.putTGroup(&group), 0);
+    EXPECT_EQ(books.getTGroupEntries("team", 1)->getSize(), 0u);
+    for (const auto& [book, entry] :
+         {std::pair{"a", "1"}, {"a", "2"}, {"b", "1"}, {"b", "2"}, {"c", "1"}}) {
+        o_tgroupl member{};
+        member.groupid.assign("team");
+        member.tbookid.assign(book);
+        member.teleid.assign(entry);
+        ASSERT_EQ(books.putTGroupEntry(&member), 0);
+    }
+    EXPECT_THAT(ids(books.getTGroupEntries("team", 1), &o_tgroupl::tbookid),
+                ElementsAre("a", "a", "b", "b", "c"));
+    EXPECT_THAT(ids(books._getTGroupEntries("team", 1), &o_tgroupl::teleid),
+                ElementsAre("1", "2", "1", "2", "1"));
+    EXPECT_EQ(books.delTGroupEntry("team", "b", "1"), 0);
+    EXPECT_EQ(books.getTGroupEntries("team", 1)->getSize(), 4u);
+    EXPECT_EQ(books.delTGroup("team"), 0);
+    EXPECT_TRUE(books.getTGroup("team")->groupid.empty());
+}
+
+// A list of copies and a list into an answer share a member and are released in different ways.
+TEST_F(Telebook, TheTwoKindsOfListsTakeTurns) {
+    put_groups(3);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(books.getTGroups()->getSize(), 3u);
+        EXPECT_EQ(books._getTGroups()->getSize(), 3u);
+    }
+    PTRLIST* gathered = books.getTGroups();
+    server.fail(65);
+    EXPECT_EQ(books._getTGroups(), nullptr);
+    server.fail(104);
+    EXPECT_EQ(books.getTGroups(), nullptr);
+    EXPECT_EQ(ids(gathered, &o_tgroup::groupid).front(), "g1000") << "the old list stays";
+    set_block_size("2");
+    ZERDIX::clsGetTelebookBlockSize();
+    server.fail(104, 2);
+    EXPECT_EQ(books.getTGroups(), nullptr) << "a later block";
+    EXPECT_EQ(books.getTGroups()->getSize(), 3u);
+}
+
+TEST_F(Telebook, AListFromAnObjectThatWentStaysTheOthersOwn) {
+    put_groups(3);
+    PTRLIST* list;
+    {
+        TELEBOOK other;
+        other._getTGroups();
+        list = books._getTGroups();
+    }
+    EXPECT_EQ(ids(list, &o_tgroup::groupid).size(), 3u);
+}
+
+TEST_F(Telebook, WithoutAHandleNothingIsAsked) {
+    session.CleanupHostConnection();
+    EXPECT_EQ(books.getTGroups(), nullptr);
+    EXPECT_EQ(books.getTBook("b"), nullptr);
+    EXPECT_EQ(books.delTGroup("g"), 12);
+    ASSERT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
+    EXPECT_NE(books.getTGroups(), nullptr);
+}
+
+} // namespace
+} // namespace zerdix::testing
