@@ -1,1 +1,146 @@
-int main() {}
+// alphad, the stand-in Alpha server.
+#include <CLI/CLI.hpp>
+#include <cstdlib>
+#include <iostream>
+#include <sysexits.h>
+#include <unistd.h>
+
+#include "alphad/job_table.h"
+#include "alphad/service.h"
+#include "platform/encoding.h"
+
+namespace {
+
+using namespace zerdix::alphad;
+namespace fs = std::filesystem;
+
+struct command_line {
+    std::string data;
+    bool memory = false;
+    std::string spool;
+    std::string calls;
+    std::string listen = "127.0.0.1";
+    std::uint16_t port = 0;
+    bool no_demo = false;
+    bool json = false;
+    std::string key;
+    std::string value;
+};
+
+fs::path default_data() {
+    if (geteuid() == 0)
+        return "/var/lib/alphad";
+    if (const char* state = std::getenv("XDG_STATE_HOME"); state != nullptr && *state != '\0')
+        return fs::path{state} / "alphad";
+    const char* home = std::getenv("HOME");
+    return fs::path{home != nullptr ? home : "."} / ".local/state/alphad";
+}
+
+fs::path new_spool_folder() {
+    std::string name = (fs::temp_directory_path() / "alphad-spool-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr)
+        throw spool_error("no spool folder can be made in " + fs::temp_directory_path().string());
+    std::cerr << "alphad: spooling into " << name << std::endl;
+    return name;
+}
+
+fs::path spool_folder(const command_line& line) {
+    if (!line.spool.empty())
+        return line.spool;
+    return line.memory ? new_spool_folder() : fs::path{line.data} / "spool";
+}
+
+int serve(const command_line& line) {
+    service_options options;
+    if (!line.memory) {
+        fs::create_directories(line.data);
+        options.store = (fs::path{line.data} / store_file).string();
+    }
+    options.spool = spool_folder(line);
+    options.calls = line.calls;
+    options.listen = line.listen;
+    options.port = line.port;
+    options.demo_data = !line.no_demo;
+    open_gate gate;
+    service service(options, gate);
+    std::cout << "alphad: listening on " << line.listen << " port " << service.server().port()
+              << ", program " << service.server().program() << " version 1" << std::endl;
+    service.run();
+    return EX_OK;
+}
+
+std::string existing_store(const command_line& line) {
+    const fs::path path = fs::path{line.data} / store_file;
+    if (!fs::exists(path))
+        throw database_error("there is no store in " + line.data);
+    return path.string();
+}
+
+int show_jobs(const command_line& line) {
+    const store store(existing_store(line), database::access::read_only);
+    (line.json ? print_jobs_json : print_jobs)(std::cout, store, spool_folder(line));
+    return EX_OK;
+}
+
+int configure(const command_line& line, bool set) {
+    store store(existing_store(line));
+    if (set)
+        store.directory.set_config(line.key, zerdix::platform::utf8_to_cp1252(line.value));
+    else
+        std::cout << zerdix::platform::cp1252_to_utf8(store.directory.config(line.key)) << '\n';
+    return EX_OK;
+}
+
+void add_options(CLI::App& app, command_line& line) {
+    app.fallthrough();
+    auto* data = app.add_option("--data", line.data, "Folder of the store")->capture_default_str();
+    app.add_flag("--memory", line.memory, "Keep the store in memory, for this run alone")
+        ->excludes(data);
+    app.add_option("--spool", line.spool,
+                   "Folder for the pictures of send jobs (default: spool in the data folder)");
+    app.add_option("--calls", line.calls, "Append number and name of each call to this file");
+    app.add_option("--listen", line.listen, "IPv4 address to listen on")->capture_default_str();
+    app.add_option("--port", line.port, "TCP port to listen on (default: one that is free)");
+    app.add_flag("--no-demo", line.no_demo, "Leave a new store without the demo data");
+}
+
+// Exit code by kind: what is missing around the server, or what is wrong with its files.
+int guarded(int (*run)(const command_line&, bool), const command_line& line, bool set) {
+    try {
+        return run(line, set);
+    } catch (const registration_error& error) {
+        std::cerr << "alphad: " << error.what() << std::endl;
+        return EX_UNAVAILABLE;
+    } catch (const server_error& error) {
+        std::cerr << "alphad: " << error.what() << std::endl;
+        return EX_OSERR;
+    } catch (const std::exception& error) {
+        std::cerr << "alphad: " << error.what() << std::endl;
+        return EX_CANTCREAT;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    command_line line;
+    line.data = default_data().string();
+    CLI::App app{"alphad, a stand-in Alpha server: takes the calls of zerdix clients, keeps what "
+                 "they store, and spools what they send instead of sending it."};
+    add_options(app, line);
+    auto* jobs = app.add_subcommand("jobs", "Show the send jobs of a store and their logs");
+    jobs->add_flag("--json", line.json, "As JSON");
+    auto* config = app.add_subcommand("config", "Show or set a configuration value of a store");
+    config->add_option("KEY", line.key, "Its name, JOURNALBLK for one")->required();
+    auto* value = config->add_option("VALUE", line.value, "What to set it to");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? EX_OK : EX_USAGE;
+    }
+    if (jobs->parsed())
+        return guarded([](const command_line& l, bool) { return show_jobs(l); }, line, false);
+    if (config->parsed())
+        return guarded(configure, line, value->count() > 0);
+    return guarded([](const command_line& l, bool) { return serve(l); }, line, false);
+}
