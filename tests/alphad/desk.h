@@ -1,0 +1,74 @@
+// Short forms of the calls that put documents and pages on a desk.
+#ifndef ZERDIX_TESTS_ALPHAD_DESK_H
+#define ZERDIX_TESTS_ALPHAD_DESK_H
+
+#include <string>
+#include <vector>
+
+#include "support/raw_client.h"
+
+namespace zerdix::test {
+
+namespace proc = wire::proc;
+
+inline std::int32_t create(raw_client& client, std::string_view user = "zerdix") {
+    return client.call(proc::a_create_doc_1{}, id(user));
+}
+
+inline bytes lent(std::string_view text) {
+    return {static_cast<std::uint32_t>(text.size()),
+            reinterpret_cast<unsigned char*>(const_cast<char*>(text.data()))};
+}
+
+inline bool put_block(raw_client& client, std::int32_t document, std::int16_t page,
+                      std::int32_t offset, std::string_view block, std::string_view user = "zerdix",
+                      std::int16_t type = 0) {
+    return client.call(proc::a_put_pageb_1{},
+                       {id(user), document, page, type, offset,
+                        static_cast<std::int32_t>(block.size()), lent(block)});
+}
+
+inline std::int32_t page_size(raw_client& client, std::int32_t document, std::int16_t page,
+                              std::string_view user = "zerdix", topftype pool = TOPF_P) {
+    return client.call(proc::a_get_pageb_1{}, {id(user), pool, document, page, 0, 0, 0}).size;
+}
+
+inline std::string page_part(raw_client& client, std::int32_t document, std::int16_t page,
+                             std::int32_t offset, std::int32_t length) {
+    const auto& got = client.call(proc::a_get_pageb_1{},
+                                  {id("zerdix"), TOPF_P, document, page, 0, offset, length});
+    EXPECT_EQ(got.size, static_cast<std::int32_t>(got.data.length));
+    return {reinterpret_cast<const char*>(got.data.data), got.data.length};
+}
+
+// The masks of a document's pages.
+inline std::vector<std::int32_t> masks(raw_client& client, std::int32_t document,
+                                       std::string_view user = "zerdix") {
+    const auto& info = client.call(proc::a_get_inf_1{}, {id(user), TOPF_P, document});
+    return {info.pagemasks.begin(), info.pagemasks.begin() + info.pagecount};
+}
+
+inline bool put_log(raw_client& client, std::int32_t document, std::string_view line,
+                    std::string_view user = "zerdix") {
+    return client.call(proc::a_put_log_1{}, {id(user), TOPF_P, document, lent(line)});
+}
+
+struct log_answer {
+    bool more;
+    std::int32_t position;
+    std::vector<std::string> lines;
+};
+
+inline log_answer get_log(raw_client& client, std::int32_t document, std::int32_t position,
+                          std::string_view language = "english_us", topftype pool = TOPF_P) {
+    const auto& got = client.call(
+        proc::a_get_logl_1{}, {id("zerdix"), pool, document, position, 80, field<str30>(language)});
+    log_answer answer{got.more, got.position, {}};
+    for (const a_log_line* node = got.first; node != nullptr; node = node->next)
+        answer.lines.emplace_back(reinterpret_cast<const char*>(node->line.bytes));
+    return answer;
+}
+
+} // namespace zerdix::test
+
+#endif

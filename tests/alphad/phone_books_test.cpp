@@ -1,0 +1,145 @@
+// Phone books and groups: keys, blocks and masks.
+#include <gtest/gtest.h>
+
+#include "alphad/stored_record.h"
+#include "desk.h"
+#include "support/test_server.h"
+
+namespace zerdix {
+namespace {
+
+using namespace test;
+
+class PhoneBooks : public testing::Test {
+  protected:
+    bool put_entry(std::string_view entry, nettypetype net = NETTYPE_FAX) {
+        o_tebul record{};
+        record.tbookid.assign("book");
+        record.teleid.assign(entry);
+        record.nettype = net;
+        return client.call(proc::o_put_tbookentry_1{}, {{}, id("zerdix"), record});
+    }
+
+    std::vector<std::string> entries(std::int32_t mask, str10 start, std::int32_t most) {
+        const auto& got =
+            client.call(proc::o_get_tbookl_1{}, {{}, id("zerdix"), id("book"), mask, start, most});
+        std::vector<std::string> ids;
+        for (auto* node = got.first; node != nullptr; node = node->next)
+            ids.emplace_back(node->entry.teleid.view());
+        EXPECT_EQ(got.count, static_cast<std::int32_t>(ids.size()));
+        return ids;
+    }
+
+    std::vector<std::string> members(str10 book, str10 entry, std::int32_t most) {
+        const auto& got = client.call(proc::o_get_tgrouplb_1{},
+                                      {{}, id("zerdix"), id("group"), {1}, book, entry, most});
+        std::vector<std::string> keys;
+        for (auto* node = got.first; node != nullptr; node = node->next)
+            keys.push_back(std::string{node->tmember.tbookid.view()} + ":" +
+                           std::string{node->tmember.teleid.view()});
+        return keys;
+    }
+
+    test_server server{false};
+    raw_client client{server.program()};
+};
+
+using ids = std::vector<std::string>;
+
+TEST_F(PhoneBooks, KeepARecordWhole) {
+    o_tebu book{};
+    book.tbookid.assign("book");
+    book.perms = {{1, 0x80, 0xFF}};
+    book.t_kind = -3;
+    book.t_labels[9].assign_field(std::string(31, '\xe4'));
+    EXPECT_EQ(client.call(proc::o_get_tbook_1{}, {{}, {}, id("book")}).tbookid, "");
+    EXPECT_TRUE(client.call(proc::o_put_tbook_1{}, {{}, {}, book}));
+    const o_tebu& back = client.call(proc::o_get_tbook_1{}, {{}, {}, id("book")});
+    EXPECT_EQ(alphad::to_stored(back), alphad::to_stored(book));
+    // Changing a book leaves its entries, removing it doesn't.
+    EXPECT_TRUE(put_entry("a"));
+    EXPECT_TRUE(client.call(proc::o_put_tbook_1{}, {{}, {}, book}));
+    EXPECT_EQ(entries(6, {}, 9), ids{"a"});
+    EXPECT_TRUE(client.call(proc::o_del_tbook_1{}, {{}, {}, id("book")}));
+    EXPECT_FALSE(client.call(proc::o_del_tbook_1{}, {{}, {}, id("book")}));
+    EXPECT_EQ(entries(6, {}, 9), ids{});
+    EXPECT_FALSE(put_entry("a"));
+    EXPECT_FALSE(client.call(proc::o_put_tbook_1{}, {{}, {}, {}}));
+}
+
+TEST_F(PhoneBooks, ListEntriesByBlocksInTheOrderOfBytes) {
+    o_tebu book{};
+    book.tbookid.assign("book");
+    ASSERT_TRUE(client.call(proc::o_put_tbook_1{}, {{}, {}, book}));
+    for (const char* entry : {"b", "a", "B", "ab", "\xe4", "zzzzzzzzzz", "zzzzzzzzz"})
+        ASSERT_TRUE(put_entry(entry, *entry == 'a' ? NETTYPE_TELEX : NETTYPE_FAX));
+    ASSERT_TRUE(put_entry("b"));
+
+    EXPECT_EQ(entries(6, {}, 9), (ids{"B", "a", "ab", "b", "zzzzzzzzz", "zzzzzzzzzz", "\xe4"}));
+    EXPECT_EQ(entries(6, {}, 2), (ids{"B", "a"}));
+    EXPECT_EQ(entries(6, id("a"), 2), (ids{"a", "ab"}));
+    EXPECT_EQ(entries(6, id("aa"), 2), (ids{"ab", "b"}));
+    EXPECT_EQ(entries(2, {}, 9), (ids{"B", "b", "zzzzzzzzz", "zzzzzzzzzz", "\xe4"}));
+    EXPECT_EQ(entries(4, {}, 9), (ids{"a", "ab"}));
+    EXPECT_EQ(entries(0, {}, 9), ids{});
+    EXPECT_EQ(entries(6, {}, 0), ids{});
+    EXPECT_EQ(entries(6, {}, -5), ids{});
+    // A byte behind the NUL makes a start key that skips the id in front of it and nothing else.
+    str10 behind = id("a");
+    behind.bytes[10] = '\xff';
+    EXPECT_EQ(entries(6, behind, 1), ids{"ab"});
+    behind = id("zzzzzzzzzz");
+    behind.bytes[10] = '\xff';
+    EXPECT_EQ(entries(6, behind, 9), ids{"\xe4"});
+}
+
+TEST_F(PhoneBooks, ListMembersByBothKeys) {
+    o_tgroup group{};
+    group.groupid.assign("group");
+    const auto put = [&](std::string_view book, std::string_view entry) -> bool {
+        return client.call(proc::o_put_tgroupentry_1{},
+                           {{}, {}, {id("group"), id(book), id(entry)}});
+    };
+    EXPECT_FALSE(put("a", "1"));
+    ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, {}, group}));
+    ASSERT_TRUE(put("b", "1"));
+    ASSERT_TRUE(put("a", "9"));
+    ASSERT_TRUE(put("a", "1"));
+    EXPECT_EQ(members({}, {}, 9), (ids{"a:1", "a:9", "b:1"}));
+    EXPECT_EQ(members(id("a"), id("9"), 9), (ids{"a:9", "b:1"}));
+    EXPECT_EQ(members(id("a"), id("5"), 1), ids{"a:9"});
+    EXPECT_EQ(members({}, {}, 0), ids{});
+    const o_del_tgroupentry_i out{{}, {}, id("group"), id("a"), id("9")};
+    EXPECT_TRUE(client.call(proc::o_del_tgroupentry_1{}, out));
+    EXPECT_FALSE(client.call(proc::o_del_tgroupentry_1{}, out));
+    EXPECT_TRUE(client.call(proc::o_del_tgroup_1{}, {{}, {}, id("group")}));
+    EXPECT_EQ(members({}, {}, 9), ids{});
+    EXPECT_EQ(client.call(proc::o_get_tgroup_1{}, {{}, {}, id("group")}).groupid, "");
+}
+
+TEST(DemoData, HasWhatATryNeeds) {
+    test_server server;
+    raw_client client(server.program());
+    const auto config = [&](std::string_view name, std::int16_t index) {
+        return std::string{client.call(proc::a_get_config_1{}, {id(name), index}).view()};
+    };
+    EXPECT_EQ(config("PHONEBOOKB", 1), "30");
+    EXPECT_EQ(config("PHONEBOOKB", 2), "");
+    EXPECT_EQ(config("COVER", 1), "");
+    EXPECT_EQ(client.call(proc::a_get_tz_1{}, {}).tztexts[2], "CET-1CEST,M3.5.0,M10.5.0/3");
+    EXPECT_EQ(client.call(proc::o_get_tbooks_1{}, {}).count, 2);
+    EXPECT_EQ(client.call(proc::o_get_tgroups_1{}, {}).count, 2);
+    const auto& members = client.call(proc::o_get_tgroupl_1{}, {{}, {}, id("alle"), {1}});
+    EXPECT_EQ(members.count, 12);
+    int telexes = 0;
+    for (auto* node = members.first; node != nullptr; node = node->next) {
+        const auto& entry = client.call(proc::o_get_tbookentry_1{},
+                                        {{}, {}, node->tmember.tbookid, node->tmember.teleid, {1}});
+        EXPECT_EQ(entry.teleid, node->tmember.teleid);
+        telexes += entry.nettype == NETTYPE_TELEX;
+    }
+    EXPECT_EQ(telexes, 1);
+}
+
+} // namespace
+} // namespace zerdix
