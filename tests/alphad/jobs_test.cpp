@@ -1,0 +1,253 @@
+// Send jobs: what is refused, what is kept, and the picture that the receiver would get.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <memory>
+#include <tiffio.h>
+
+#include "desk.h"
+#include "imaging/page_codec.h"
+#include "support/test_server.h"
+
+namespace zerdix {
+namespace {
+
+using namespace test;
+
+constexpr int page_width = 72, page_height = 7;
+
+// A pattern in which no row, column or page equals its mirror image.
+bool is_black(int x, int y, int page) {
+    return (x * x + 3 * y * x + 7 * y + page) % 5 < 2;
+}
+
+// A page as it is stored: leftmost pixel in bit 0, a set bit black.
+std::string page_block(int page) {
+    std::string block;
+    for (const int word : {page_width, page_height})
+        for (int shift = 24; shift >= 0; shift -= 8)
+            block += static_cast<char>(word >> shift);
+    for (int y = 0; y < page_height; ++y)
+        for (int x = 0; x < page_width; x += 8) {
+            int byte = 0;
+            for (int bit = 0; bit < 8; ++bit)
+                byte |= is_black(x + bit, y, page) ? 1 << bit : 0;
+            block += static_cast<char>(byte);
+        }
+    return block;
+}
+
+std::string compressed(const std::string& block) {
+    unsigned char* output = nullptr;
+    std::int32_t length = 0;
+    imaging::compress_mem_2_mem(reinterpret_cast<const unsigned char*>(block.data()),
+                                static_cast<std::int32_t>(block.size()), &output, &length);
+    std::string result(reinterpret_cast<const char*>(output), static_cast<std::size_t>(length));
+    std::free(output);
+    return result;
+}
+
+// The name that a person looks for in the spool folder.
+std::string spool_name(std::int32_t number, const std::string& receiver) {
+    std::string digits = std::to_string(number);
+    return std::string(6 - digits.size(), '0') + digits + "-" + receiver + ".tif";
+}
+
+struct read_picture {
+    std::uint32_t width = 0, height = 0;
+    std::uint16_t compression = 0, photometric = 0, page = 0, pages = 0;
+    float across = 0, down = 0;
+    std::string title, description;
+    std::vector<std::vector<bool>> black;
+};
+
+std::string text_tag(TIFF* file, std::uint32_t tag) {
+    char* text = nullptr;
+    return TIFFGetField(file, tag, &text) == 1 ? text : "";
+}
+
+std::vector<bool> read_row(TIFF* file, const read_picture& picture, std::uint32_t y) {
+    std::vector<unsigned char> bytes(static_cast<std::size_t>(TIFFScanlineSize(file)));
+    EXPECT_EQ(TIFFReadScanline(file, bytes.data(), y), 1);
+    std::vector<bool> row;
+    for (std::uint32_t x = 0; x < picture.width; ++x)
+        row.push_back((bytes[x / 8] >> (7 - x % 8) & 1) == 1);
+    return row;
+}
+
+std::vector<read_picture> read_tiff(const std::filesystem::path& path) {
+    std::vector<read_picture> found;
+    const std::unique_ptr<TIFF, decltype(&TIFFClose)> file{TIFFOpen(path.c_str(), "r"), TIFFClose};
+    if (!file)
+        return found;
+    do {
+        read_picture& one = found.emplace_back();
+        TIFFGetField(file.get(), TIFFTAG_IMAGEWIDTH, &one.width);
+        TIFFGetField(file.get(), TIFFTAG_IMAGELENGTH, &one.height);
+        TIFFGetField(file.get(), TIFFTAG_COMPRESSION, &one.compression);
+        TIFFGetField(file.get(), TIFFTAG_PHOTOMETRIC, &one.photometric);
+        TIFFGetField(file.get(), TIFFTAG_PAGENUMBER, &one.page, &one.pages);
+        TIFFGetField(file.get(), TIFFTAG_XRESOLUTION, &one.across);
+        TIFFGetField(file.get(), TIFFTAG_YRESOLUTION, &one.down);
+        one.title = text_tag(file.get(), TIFFTAG_DOCUMENTNAME);
+        one.description = text_tag(file.get(), TIFFTAG_IMAGEDESCRIPTION);
+        for (std::uint32_t y = 0; y < one.height; ++y)
+            one.black.push_back(read_row(file.get(), one, y));
+    } while (TIFFReadDirectory(file.get()) == 1);
+    return found;
+}
+
+class Jobs : public testing::Test {
+  protected:
+    void SetUp() override {
+        record.nettype = NETTYPE_FAX;
+        record.comment.assign("Gr\xfc\xdf"
+                              "e");
+        record.phone.assign("+49 30/123");
+        for (std::int16_t page = 1; page <= 2; ++page)
+            ASSERT_TRUE(put_block(client, document, page, 0, compressed(page_block(page))));
+    }
+
+    std::int32_t send(std::string_view user = "zerdix") {
+        return client.call(proc::a_send_doc_1{}, {id(user), document, record});
+    }
+    const a_s_rec& job(std::int32_t number) {
+        return client.call(proc::a_get_s_1{}, {id("zerdix"), number});
+    }
+
+    test_server server;
+    raw_client client{server.program()};
+    std::int32_t document = create(client);
+    a_s_rec record{};
+};
+
+TEST_F(Jobs, SpoolWhatTheReceiverWouldGet) {
+    const std::int32_t number = send();
+    ASSERT_GT(number, document);
+    const auto pages = read_tiff(server.spool() / spool_name(number, "+4930123"));
+    ASSERT_EQ(pages.size(), 2u);
+    for (int page = 1; page <= 2; ++page) {
+        const read_picture& one = pages[static_cast<std::size_t>(page - 1)];
+        EXPECT_EQ(one.compression, COMPRESSION_CCITTFAX4);
+        EXPECT_EQ(one.photometric, PHOTOMETRIC_MINISWHITE);
+        EXPECT_EQ(one.page, page - 1);
+        EXPECT_EQ(one.pages, 2);
+        EXPECT_EQ(one.across, 204);
+        EXPECT_EQ(one.down, 196);
+        EXPECT_EQ(one.title, "Gr\xc3\xbc\xc3\x9f"
+                             "e");
+        EXPECT_EQ(one.description, "To +49 30/123");
+        ASSERT_EQ(one.width, page_width);
+        ASSERT_EQ(one.height, page_height);
+        for (int y = 0; y < page_height; ++y)
+            for (int x = 0; x < page_width; ++x)
+                ASSERT_EQ(one.black[static_cast<std::size_t>(y)][static_cast<std::size_t>(x)],
+                          is_black(x, y, page))
+                    << page << " " << x << " " << y;
+    }
+}
+
+TEST_F(Jobs, HalveTheRowsAtNormalResolution) {
+    record.resolution = 2;
+    const std::int32_t number = send();
+    const auto pages = read_tiff(server.spool() / spool_name(number, "+4930123"));
+    ASSERT_EQ(pages.size(), 2u);
+    EXPECT_EQ(pages[0].down, 98);
+    ASSERT_EQ(pages[0].height, (page_height + 1) / 2);
+    for (int y = 0; y < page_height; y += 2)
+        for (int x = 0; x < page_width; ++x) {
+            const bool below = y + 1 < page_height && is_black(x, y + 1, 1);
+            ASSERT_EQ(pages[0].black[static_cast<std::size_t>(y / 2)][static_cast<std::size_t>(x)],
+                      is_black(x, y, 1) || below);
+        }
+}
+
+TEST_F(Jobs, AreTheServersOwnCopy) {
+    ASSERT_TRUE(put_log(client, document, "a line"));
+    record.phone.assign("common:druckerei");
+    const std::int32_t number = send();
+    ASSERT_GT(number, 0);
+    EXPECT_TRUE(client.call(proc::a_del_doc_1{}, {id("zerdix"), TOPF_P, document, {1}}));
+    const a_s_rec kept = job(number);
+    EXPECT_EQ(kept.faxid, number);
+    EXPECT_EQ(kept.userid, "zerdix");
+    EXPECT_EQ(kept.pages, 2);
+    EXPECT_EQ(kept.phone, "06990009212");
+    EXPECT_EQ(kept.tsi, "+49 69 90009 212");
+    EXPECT_EQ(kept.status, static_cast<std::int32_t>(alphad::job_state::spooled));
+    EXPECT_EQ(page_size(client, number, 2, "zerdix", TOPF_S),
+              static_cast<std::int32_t>(compressed(page_block(2)).size()));
+    const log_answer log = get_log(client, number, 0, "english_us", TOPF_S);
+    ASSERT_EQ(log.lines.size(), 2u);
+    EXPECT_EQ(log.lines[0], "a line");
+    EXPECT_NE(log.lines[1].find("spooled for 06990009212"), std::string::npos) << log.lines[1];
+    ASSERT_EQ(server.jobs().size(), 1u);
+    EXPECT_EQ(server.jobs()[0].receiver, "common:druckerei");
+    EXPECT_EQ(server.jobs()[0].desk, document);
+}
+
+TEST_F(Jobs, AreRefusedAsAWhole) {
+    EXPECT_EQ(send("meier"), 0);
+    for (const char* phone : {"", "common:nobody", "nobook:lager", ":", "common:hansen"}) {
+        record.phone.assign(phone);
+        EXPECT_EQ(send(), 0) << phone;
+    }
+    record.phone.assign("123");
+    record.nettype = NETTYPE_TELEX;
+    EXPECT_EQ(send(), 0);
+    record.nettype = NETTYPE_FAX;
+
+    const std::string good = page_block(1);
+    std::string wide = good, endless = good, odd = good;
+    wide[0] = endless[4] = '\x7f';
+    odd[3] = page_width + 1;
+    for (const std::string& block :
+         {good.substr(0, 7), good.substr(0, good.size() - 1), wide, endless, odd, std::string{}}) {
+        ASSERT_TRUE(put_block(client, document, 2, 0, compressed(block)));
+        EXPECT_EQ(send(), 0);
+    }
+    for (const char* stored : {"", "no stream"}) {
+        ASSERT_TRUE(put_block(client, document, 2, 0, stored));
+        EXPECT_EQ(send(), 0);
+    }
+    ASSERT_TRUE(put_block(client, document, 2, 0, compressed(good + "spare")));
+    ASSERT_TRUE(client.call(proc::a_insert_page_1{}, {id("zerdix"), document, 1}));
+    EXPECT_EQ(send(), 0);
+    document = create(client);
+    EXPECT_EQ(send(), 0);
+
+    EXPECT_TRUE(server.jobs().empty());
+    EXPECT_TRUE(server.store().documents.list(TOPF_S, "zerdix").empty());
+    EXPECT_TRUE(std::filesystem::is_empty(server.spool()));
+}
+
+TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
+    const std::int32_t done = send();
+    EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), done}));
+    EXPECT_FALSE(client.call(proc::a_restart_job_1{}, {id("zerdix"), done}));
+
+    record.sendtime = static_cast<std::int32_t>(std::time(nullptr) + 3600);
+    const std::int32_t number = send();
+    const auto picture = server.spool() / spool_name(number, "+4930123");
+    EXPECT_EQ(job(number).status, static_cast<std::int32_t>(alphad::job_state::waiting));
+    EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("meier"), number}));
+    EXPECT_TRUE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
+    EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
+    EXPECT_FALSE(std::filesystem::exists(picture));
+    EXPECT_EQ(job(number).status, static_cast<std::int32_t>(alphad::job_state::cancelled));
+
+    a_chg_s_rec_i change{number, id("zerdix"), 5, field<str30>("new"), 0, {0}, 3, 2};
+    EXPECT_TRUE(client.call(proc::a_chg_s_rec_1{}, change));
+    EXPECT_TRUE(client.call(proc::a_restart_job_1{}, {id("zerdix"), number}));
+    EXPECT_FALSE(client.call(proc::a_chg_s_rec_1{}, change));
+    const a_s_rec& changed = job(number);
+    EXPECT_EQ(changed.status, static_cast<std::int32_t>(alphad::job_state::spooled));
+    EXPECT_EQ(changed.comment, "new");
+    EXPECT_EQ(changed.maxretries, 3);
+    ASSERT_EQ(read_tiff(picture).size(), 2u);
+    EXPECT_EQ(read_tiff(picture)[0].down, 98);
+}
+
+} // namespace
+} // namespace zerdix

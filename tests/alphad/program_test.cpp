@@ -1,0 +1,118 @@
+// The program itself: its start, its end, and what a hard end leaves.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <rpc/rpc.h>
+#include <sysexits.h>
+
+#include "desk.h"
+#include "support/test_server.h"
+
+namespace zerdix {
+namespace {
+
+using namespace test;
+
+class Program : public testing::Test {
+  protected:
+    bool is_registered() {
+        sockaddr_in here{};
+        here.sin_family = AF_INET;
+        here.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        return pmap_getport(&here, environment.program(), 1, IPPROTO_TCP) != 0;
+    }
+
+    temporary_folder folder;
+    client_environment environment{folder.path()};
+    std::filesystem::path data = folder.path() / "data";
+};
+
+TEST_F(Program, TellsWhenItIsReadyAndGoesInGoodOrder) {
+    for (const int signal : {SIGTERM, SIGINT}) {
+        alphad_program program(data);
+        EXPECT_TRUE(program.ready_line().starts_with("alphad: listening on 127.0.0.1 port "));
+        EXPECT_TRUE(program.ready_line().ends_with(
+            ", program " + std::to_string(environment.program()) + " version 1"));
+        EXPECT_TRUE(is_registered());
+        EXPECT_NE(raw_client(environment.program()).try_call(proc::a_ping_1{}, {}), nullptr);
+        EXPECT_EQ(program.stop(signal), 0);
+        EXPECT_FALSE(is_registered());
+    }
+}
+
+TEST_F(Program, LosesNothingThatItAcknowledgedWhenKilled) {
+    std::int32_t document = 0;
+    {
+        alphad_program program(data);
+        raw_client client(environment.program());
+        document = create(client);
+        for (std::int16_t page = 1; page <= 20; ++page)
+            ASSERT_TRUE(put_block(client, document, page, 0, std::string(9000, char('a' + page))));
+        ASSERT_TRUE(put_log(client, document, "the last line"));
+        EXPECT_EQ(program.stop(SIGKILL), -SIGKILL);
+    }
+    EXPECT_TRUE(is_registered()); // the dead one's entry, to be replaced
+    alphad_program program(data);
+    raw_client client(environment.program());
+    EXPECT_EQ(masks(client, document), std::vector<std::int32_t>(20, 1));
+    for (std::int16_t page = 1; page <= 20; ++page)
+        EXPECT_EQ(page_part(client, document, page, 0, 16384), std::string(9000, char('a' + page)));
+    EXPECT_EQ(get_log(client, document, 0).lines, std::vector<std::string>{"the last line"});
+    EXPECT_GT(create(client), document);
+}
+
+TEST_F(Program, SaysWhyItDoesNotStart) {
+    alphad_program first(data);
+    alphad_program second(folder.path() / "other");
+    EXPECT_EQ(second.ready_line(), "");
+    EXPECT_EQ(second.wait(), EX_UNAVAILABLE);
+    EXPECT_NE(second.errors().find("is already registered by a server that answers on port"),
+              std::string::npos)
+        << second.errors();
+    EXPECT_TRUE(is_registered());
+    first.stop();
+
+    alphad::database(data / alphad::store_file).run("PRAGMA user_version = 99");
+    alphad_program newer(data);
+    EXPECT_EQ(newer.wait(), EX_CANTCREAT);
+    EXPECT_NE(newer.errors().find("newer version of alphad"), std::string::npos) << newer.errors();
+    std::ofstream(data / alphad::store_file) << std::string(5000, 'x');
+    alphad_program broken(data);
+    EXPECT_EQ(broken.wait(), EX_CANTCREAT);
+    EXPECT_EQ(run_alphad({"--port", "many"}).status, EX_USAGE);
+}
+
+TEST_F(Program, ShowsJobsAndSettingsWhileItRuns) {
+    alphad_program program(data);
+    EXPECT_EQ(run_alphad({"jobs", "--data", data}).output, "no send jobs\n");
+    {
+        alphad::store store((data / alphad::store_file).string());
+        alphad::send_job job{7, "common:lager", {}, false, "000001-950.tif"};
+        job.record.faxid = store.documents.create(TOPF_S, "zerdix");
+        job.record.pages = 3;
+        job.record.comment.assign("\xdc"
+                                  "ber \"uns\"\n");
+        job.record.phone.assign("950");
+        store.jobs.put(job);
+        store.logs.add(job.record.faxid, "a line");
+    }
+    const std::string table = run_alphad({"jobs", "--data", data}).output;
+    for (const char* part : {"common:lager", "950",
+                             "\xc3\x9c"
+                             "ber \"uns\" ",
+                             "spooled", "000001-950.tif", "a line"})
+        EXPECT_NE(table.find(part), std::string::npos) << part << " in\n" << table;
+    const std::string json = run_alphad({"jobs", "--json", "--data", data}).output;
+    EXPECT_NE(json.find("\"title\": \"\xc3\x9c"
+                        "ber \\\"uns\\\" \""),
+              std::string::npos)
+        << json;
+
+    EXPECT_EQ(run_alphad({"config", "COVER", "12", "--data", data}).status, 0);
+    raw_client client(environment.program());
+    EXPECT_EQ(client.call(proc::a_get_config_1{}, {id("COVER"), 1}), "12");
+    EXPECT_NE(run_alphad({"jobs", "--data", folder.path() / "none"}).status, 0);
+}
+
+} // namespace
+} // namespace zerdix
