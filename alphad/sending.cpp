@@ -55,8 +55,10 @@ sending::pictures(std::int32_t document, std::int16_t first, std::int16_t last, 
 // There is no telex line, so a telex is refused here.
 std::int32_t sending::send(const document& desk, const a_s_rec& wanted) {
     const auto to = find_receiver(wanted);
-    if (!to || wanted.nettype != NETTYPE_FAX || desk.pages == 0 ||
-        !pictures(desk.id, 1, desk.pages, false))
+    if (!to || wanted.nettype != NETTYPE_FAX || desk.pages == 0)
+        return 0;
+    auto pages = pictures(desk.id, 1, desk.pages, wanted.resolution == resolution_normal);
+    if (!pages)
         return 0;
     const std::string_view title =
         wanted.comment.empty() ? std::string_view{desk.comment} : wanted.comment.view();
@@ -73,24 +75,29 @@ std::int32_t sending::send(const document& desk, const a_s_rec& wanted) {
     job.record.tsi.assign(to->tsi);
     job.record.errorstatus = 0;
     job.record.retries = 0;
-    return spool_job(job) ? id : 0;
+    spool_job(job, std::move(*pages));
+    return id;
 }
 
-bool sending::spool_job(send_job& job) {
-    const a_s_rec& record = job.record;
-    const bool normal = record.resolution == resolution_normal;
-    auto pages = pictures(record.faxid, 1, record.pages, normal);
+bool sending::spool_again(send_job& job) {
+    const bool normal = job.record.resolution == resolution_normal;
+    auto pages = pictures(job.record.faxid, 1, job.record.pages, normal);
     if (!pages)
         return false;
+    spool_job(job, std::move(*pages));
+    return true;
+}
+
+void sending::spool_job(send_job& job, std::vector<page_picture> pages) {
+    const a_s_rec& record = job.record;
     const std::string number = platform::cp1252_to_utf8(record.phone.view());
     job.cancelled = false;
     job.spool = spool::file_name(record.faxid, number);
-    spool_.write(job.spool, {std::move(*pages), platform::cp1252_to_utf8(record.comment.view()),
-                             "To " + number, normal});
+    spool_.write(job.spool, {std::move(pages), platform::cp1252_to_utf8(record.comment.view()),
+                             "To " + number, record.resolution == resolution_normal});
     store_.jobs.put(job);
     store_.logs.add(record.faxid, log_line("$as.job_spooled: $n:=" +
                                            std::string{record.phone.view()} + " $s:=" + job.spool));
-    return true;
 }
 
 bool sending::change(const a_chg_s_rec_i& wanted) {
@@ -107,7 +114,7 @@ bool sending::change(const a_chg_s_rec_i& wanted) {
     store_.documents.set_comment(wanted.faxid, wanted.comment.view());
     store_.logs.add(wanted.faxid, log_line("$as.job_changed:"));
     if (!job->cancelled)
-        return spool_job(*job);
+        return spool_again(*job);
     store_.jobs.put(*job);
     return true;
 }
@@ -126,7 +133,7 @@ bool sending::cancel(std::int32_t id) {
 
 bool sending::restart(std::int32_t id) {
     auto job = store_.jobs.find(id);
-    return job && job->cancelled && spool_job(*job);
+    return job && job->cancelled && spool_again(*job);
 }
 
 bool sending::print(const document& printed, const a_print_doc_i& wanted) {

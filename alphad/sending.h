@@ -35,7 +35,8 @@ class sending {
     std::optional<receiver> find_receiver(const a_s_rec& wanted) const;
     std::optional<std::vector<page_picture>> pictures(std::int32_t document, std::int16_t first,
                                                       std::int16_t last, bool normal) const;
-    bool spool_job(send_job& job);
+    void spool_job(send_job& job, std::vector<page_picture> pages);
+    bool spool_again(send_job& job);
 
     alphad::store& store_;
     const alphad::spool& spool_;
