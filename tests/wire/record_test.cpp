@@ -111,7 +111,7 @@ TEST(Record, PhoneBookRightsArePaddedToAWord) {
     expected.text("PRIVAT", 10).text("Privates", 30).text("alpha", 35).text("meier", 10);
     expected.text("vertrieb", 10).raw({"\x3f\x03\x01\x00", 4}).word(7);
     for (int i = 0; i < 10; ++i)
-        expected.text("L" + std::to_string(i), 30);
+        expected.text(std::string{"L"}.append(1, static_cast<char>('0' + i)), 30);
     expected.text("one", 80).text("two", 80);
     ASSERT_EQ(expected.size(), 2296u);
     o_tebu book{};
