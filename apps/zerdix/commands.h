@@ -1,0 +1,17 @@
+// The commands of zerdix. Each adds itself to the command line, with a callback that does the work
+// and throws failure when it can't.
+#ifndef ZERDIX_APP_COMMANDS_H
+#define ZERDIX_APP_COMMANDS_H
+
+namespace CLI {
+class App;
+}
+
+namespace zerdix::app {
+
+void add_print_command(CLI::App& app, char** arguments);
+void add_page_command(CLI::App& app, char** arguments);
+
+} // namespace zerdix::app
+
+#endif

@@ -1,0 +1,20 @@
+// The document of a job that the library has closed after a failure: it lies on the desk still.
+#ifndef ZERDIX_APP_LEFTOVER_H
+#define ZERDIX_APP_LEFTOVER_H
+
+#include <cstdint>
+#include <string>
+
+namespace zerdix::app {
+
+struct leftover {
+    bool gone;     // it was deleted, or had been before
+    bool all_sent; // the job had come to its last step, the deletion
+};
+
+// Connects anew as the session's user and deletes the document.
+leftover clear_leftover(std::int32_t faxid, const std::string& host);
+
+} // namespace zerdix::app
+
+#endif

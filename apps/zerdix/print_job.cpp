@@ -1,0 +1,160 @@
+#include "print_job.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <limits>
+
+#include <zerdix/journal.h>
+#include <zerdix/sendfax.h>
+#include <zerdix/telebook.h>
+#include <zerdix/zerdix.h>
+
+#include "error_log.h"
+#include "leftover.h"
+#include "platform/encoding.h"
+
+namespace zerdix::app {
+
+namespace {
+
+constexpr std::int32_t success = 0;
+constexpr std::int32_t declined = 4;
+
+failure failed_step(const std::string& step, const trouble& why) {
+    return {why.code,
+            step + " failed: " + why.cause + " (the error log is " + error_log_path() + ")"};
+}
+
+void tell(const std::string& sentence) {
+    std::fprintf(stderr, "zerdix: %s\n", sentence.c_str());
+}
+
+void tell_document_stays(std::int32_t faxid) {
+    tell("document " + std::to_string(faxid) + " couldn't be deleted and stays on the desk of " +
+         platform::cp1252_to_utf8(ZERDIX::clsGetUserId()));
+}
+
+std::vector<std::string> job_receivers() {
+    std::vector<std::string> receivers;
+    for (std::int32_t i = 0; i < lPDCountReceiver; ++i)
+        receivers.emplace_back(ppReceiver[i]);
+    return receivers;
+}
+
+// Receivers go out from the last to the first, and the record still names the one at hand.
+std::size_t sent_before(const std::vector<std::string>& receivers) {
+    const auto at = std::find(receivers.rbegin(), receivers.rend(), pa_s_rec->phone.view());
+    return static_cast<std::size_t>(at - receivers.rbegin());
+}
+
+std::string count_of_jobs(std::size_t made, std::size_t all) {
+    return std::to_string(made) + " of " + std::to_string(all) + " send jobs had been made";
+}
+
+} // namespace
+
+print_job::print_job(const std::string& title) {
+    const std::int32_t rc = TransmissionDlg(nullptr, title.c_str(), 1);
+    host_ = ZERDIX::clsGetAlphaServer();
+    if (rc == success) {
+        open_ = true;
+        return;
+    }
+    DeleteFaxDoc();
+    trouble why = probe_server(host_);
+    if (why.code == exit_refused)
+        why = {exit_unavailable, "the server answers, but took no connection"};
+    throw failed_step("opening the print job", why);
+}
+
+print_job::~print_job() {
+    if (open_)
+        give_up();
+}
+
+void print_job::apply(const std::string& merge_text) {
+    const call_watch watch;
+    const auto length = static_cast<std::int32_t>(merge_text.size());
+    if (SetFaxMergeData(merge_text.data(), length) != success)
+        throw failed_step("reading the receivers", watch.explain(host_));
+}
+
+void print_job::require_fax_entry(const book_entry& wanted) {
+    const call_watch watch;
+    TELEBOOK books;
+    const o_tebul* entry = books.getTBookEntry(wanted.book.c_str(), wanted.entry.c_str(), 1);
+    const std::string name = platform::cp1252_to_utf8(wanted.book + ':' + wanted.entry);
+    if (entry == nullptr)
+        throw failed_step("looking up " + name, watch.explain(host_));
+    if (entry->tbookid.empty())
+        throw failure(exit_no_receiver, "the phone books have no entry " + name);
+    if (entry->nettype != NETTYPE_FAX)
+        throw failure(exit_no_receiver, name + " has no fax: it is an entry for telex");
+}
+
+void print_job::add_group(const std::string& group_utf8) {
+    const std::int32_t before = lPDCountReceiver;
+    apply(group_pair(group_utf8));
+    if (lPDCountReceiver == before)
+        throw failure(exit_no_receiver,
+                      "the group " + group_utf8 + " doesn't exist or has no fax receiver");
+}
+
+void print_job::store_page(const std::vector<unsigned char>& block) {
+    if (pages_ == std::numeric_limits<std::int16_t>::max())
+        throw failure(exit_bad_data, "a document has at most 32767 pages");
+    const call_watch watch;
+    const auto size = static_cast<std::int32_t>(block.size());
+    if (StoreFaxPage(block.data(), size, pages_, 0) != success) {
+        const bool no_document = pa_s_rec->faxid == 0;
+        throw failed_step(no_document ? "creating the document"
+                                      : "storing page " + std::to_string(pages_ + 1),
+                          watch.explain(host_));
+    }
+    ++pages_;
+}
+
+std::int32_t print_job::receivers() const {
+    return lPDCountReceiver;
+}
+
+std::int32_t print_job::send() {
+    const std::vector<std::string> receivers = job_receivers();
+    const call_watch watch;
+    open_ = false;
+    const std::int32_t rc = SendFaxDoc();
+    if (rc == declined)
+        throw failure(exit_interrupted, "cancelled; nothing was sent");
+    if (rc == success)
+        return static_cast<std::int32_t>(receivers.size());
+    if (receivers.empty())
+        send_failed(receivers, {exit_no_dialog, ""});
+    send_failed(receivers, watch.explain(host_));
+}
+
+void print_job::send_failed(const std::vector<std::string>& receivers, const trouble& why) {
+    const std::int32_t faxid = pa_s_rec->faxid;
+    const leftover left = clear_leftover(faxid, host_);
+    if (!left.gone)
+        tell_document_stays(faxid);
+    if (receivers.empty())
+        throw failure(why.code, "no receiver is named and no dialog can ask for one; use --to or "
+                                "--group");
+    const std::size_t made = left.all_sent ? receivers.size() : sent_before(receivers);
+    const std::string step =
+        left.all_sent
+            ? "deleting the document after sending"
+            : "sending to " + platform::cp1252_to_utf8(std::string(pa_s_rec->phone.view()));
+    throw failed_step(step, {why.code, why.cause + "; " + count_of_jobs(made, receivers.size())});
+}
+
+// The connection may be what failed, so the second try has one of its own.
+void print_job::give_up() {
+    open_ = false;
+    if (DeleteFaxDoc() == success || pa_s_rec->faxid == 0)
+        return;
+    if (!clear_leftover(pa_s_rec->faxid, host_).gone)
+        tell_document_stays(pa_s_rec->faxid);
+}
+
+} // namespace zerdix::app

@@ -1,0 +1,51 @@
+// The print job of this process, from opening to its end, over the library's print job functions.
+//
+// Texts are Windows-1252 unless told otherwise. Every failure names the step and its cause.
+// Whatever happens, the object's end leaves no document on the user's desk, or says which one
+// stays.
+#ifndef ZERDIX_APP_PRINT_JOB_H
+#define ZERDIX_APP_PRINT_JOB_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "link_probe.h"
+#include "merge_text.h"
+
+namespace zerdix::app {
+
+class print_job {
+  public:
+    explicit print_job(const std::string& title);
+    ~print_job();
+    print_job(const print_job&) = delete;
+    print_job& operator=(const print_job&) = delete;
+
+    // Settings and receivers. An unknown entry, an entry for telex, and a group that adds no
+    // receiver are failures.
+    void apply(const std::string& merge_text);
+    void require_fax_entry(const book_entry& entry);
+    void add_group(const std::string& group_utf8);
+
+    // The page block is one of page_block.h.
+    void store_page(const std::vector<unsigned char>& block);
+
+    // Receivers known by now.
+    std::int32_t receivers() const;
+
+    // Ends the job. The number of send jobs made.
+    std::int32_t send();
+
+  private:
+    [[noreturn]] void send_failed(const std::vector<std::string>& receivers, const trouble& why);
+    void give_up();
+
+    std::string host_;
+    std::int16_t pages_ = 0;
+    bool open_ = false; // the library's job waits for its end
+};
+
+} // namespace zerdix::app
+
+#endif
