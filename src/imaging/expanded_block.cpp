@@ -11,8 +11,10 @@ bool expanded_block::grow(std::size_t wanted) {
     if (wanted > expanded_limit) {
         return false;
     }
+    // Never more than the limit needs, so that reserve() can't pass it either.
     const std::size_t capacity =
-        whole_blocks(std::max(wanted + 2 * piece, capacity_ + capacity_ / 2));
+        std::min(whole_blocks(std::max(wanted + 2 * piece, capacity_ + capacity_ / 2)),
+                 expanded_limit + 2 * piece);
     auto* larger = static_cast<unsigned char*>(std::realloc(bytes_, capacity));
     if (larger == nullptr) {
         out_of_memory_ = true;
