@@ -7,6 +7,9 @@ namespace zerdix::alphad {
 
 namespace {
 
+constexpr std::int16_t telex_page = 6; // the picture type
+constexpr std::string_view telex_printer = ".zerdixpr";
+
 constexpr std::int16_t fax_picture = 0; // the picture type that goes over a fax line
 constexpr std::int32_t resolution_normal = 2;
 
@@ -136,7 +139,27 @@ bool sending::restart(std::int32_t id) {
     return job && job->cancelled && spool_again(*job);
 }
 
+// The receiver stands in the control record, as an item of its own.
+bool sending::print_telex(const document& printed) const {
+    const auto text = store_.pages.picture({printed.id, 1, telex_page});
+    if (!text || !text->starts_with("#TELEX#"))
+        return false;
+    constexpr std::string_view mark = "##PHONE ";
+    const std::size_t begin = text->find(mark);
+    if (begin == std::string::npos)
+        return false;
+    const std::size_t from = begin + mark.size();
+    const std::string number = text->substr(from, text->find('#', from) - from);
+    const std::string name = spool::file_name(printed.id, "telex" + number, ".txt");
+    spool_.write_text(name, *text);
+    store_.logs.add(printed.id, log_line("$as.printed: $p:=1-1 $d:=" + std::string{telex_printer} +
+                                         " $s:=" + name));
+    return true;
+}
+
 bool sending::print(const document& printed, const a_print_doc_i& wanted) {
+    if (wanted.printer == telex_printer)
+        return print_telex(printed);
     if (wanted.printer.empty() || wanted.frompage < 1 || wanted.topage < wanted.frompage ||
         wanted.topage > printed.pages)
         return false;

@@ -24,7 +24,8 @@ class sending {
     bool cancel(std::int32_t id);
     bool restart(std::int32_t id);
 
-    // Spools some pages of a document for a printer.
+    // Spools some pages of a document for a printer; for the telex printer page 1, a text with its
+    // control record in front.
     bool print(const document& printed, const a_print_doc_i& wanted);
 
   private:
@@ -35,6 +36,7 @@ class sending {
     std::optional<receiver> find_receiver(const a_s_rec& wanted) const;
     std::optional<std::vector<page_picture>> pictures(std::int32_t document, std::int16_t first,
                                                       std::int16_t last, bool normal) const;
+    bool print_telex(const document& printed) const;
     void spool_job(send_job& job, std::vector<page_picture> pages);
     bool spool_again(send_job& job);
 

@@ -3,6 +3,7 @@
 #include <cctype>
 #include <cstdio>
 #include <ctime>
+#include <fstream>
 #include <memory>
 #include <tiffio.h>
 
@@ -79,17 +80,30 @@ spool::spool(std::filesystem::path folder) : folder_(std::move(folder)) {
                           " can't be made: " + error.message());
 }
 
-void spool::write(const std::string& name, const spooled_picture& picture) const {
-    const std::filesystem::path part = folder_ / ("." + name + ".part");
+std::filesystem::path spool::part_of(const std::string& name) const {
+    return folder_ / ("." + name + ".part");
+}
+
+void spool::finish(const std::string& name, bool written) const {
     std::error_code error;
-    if (!write_file(part.c_str(), picture)) {
-        std::filesystem::remove(part, error);
-        throw spool_error("the picture " + (folder_ / name).string() + " can't be written");
-    }
-    std::filesystem::rename(part, folder_ / name, error);
-    if (error)
-        throw spool_error("the picture " + (folder_ / name).string() +
-                          " can't be written: " + error.message());
+    if (written)
+        std::filesystem::rename(part_of(name), folder_ / name, error);
+    if (written && !error)
+        return;
+    const std::string reason = error ? ": " + error.message() : "";
+    std::filesystem::remove(part_of(name), error);
+    throw spool_error("the file " + (folder_ / name).string() + " can't be written" + reason);
+}
+
+void spool::write(const std::string& name, const spooled_picture& picture) const {
+    finish(name, write_file(part_of(name).c_str(), picture));
+}
+
+void spool::write_text(const std::string& name, std::string_view text) const {
+    std::ofstream file{part_of(name), std::ios::binary};
+    file << text;
+    file.close();
+    finish(name, !file.fail());
 }
 
 void spool::remove(const std::string& name) const {
@@ -98,7 +112,7 @@ void spool::remove(const std::string& name) const {
         std::filesystem::remove(folder_ / name, error);
 }
 
-std::string spool::file_name(std::int32_t id, std::string_view text) {
+std::string spool::file_name(std::int32_t id, std::string_view text, std::string_view ending) {
     char number[16];
     std::snprintf(number, sizeof number, "%06d", id);
     std::string name = number;
@@ -106,7 +120,7 @@ std::string spool::file_name(std::int32_t id, std::string_view text) {
     for (const char c : text)
         if (std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '+')
             name += c;
-    return name + ".tif";
+    return name.append(ending);
 }
 
 } // namespace zerdix::alphad

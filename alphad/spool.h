@@ -33,12 +33,18 @@ class spool {
     // The file appears whole under its name, or not at all. Throws spool_error.
     void write(const std::string& name, const spooled_picture& picture) const;
 
+    void write_text(const std::string& name, std::string_view text) const;
+
     void remove(const std::string& name) const;
 
     // "000017-4930123456.tif": the id and what of the text can stand in a file name.
-    static std::string file_name(std::int32_t id, std::string_view text);
+    static std::string file_name(std::int32_t id, std::string_view text,
+                                 std::string_view ending = ".tif");
 
   private:
+    std::filesystem::path part_of(const std::string& name) const;
+    void finish(const std::string& name, bool written) const;
+
     std::filesystem::path folder_;
 };
 

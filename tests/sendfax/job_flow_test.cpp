@@ -207,6 +207,17 @@ TEST_F(PrintJob, TelexIsPrintedForEachReceiverFirstToLast) {
     EXPECT_EQ(SendTelex("HELLO and nothing more", 5), 0);
     EXPECT_EQ(server.calls(), (calls{3, 60, 53, 60, 53, 6}));
     EXPECT_EQ(pzerdix, nullptr);
+
+    std::vector<std::string> telexes;
+    for (const auto& file : std::filesystem::directory_iterator{server.spool()}) {
+        std::ostringstream text;
+        text << std::ifstream{file.path()}.rdbuf();
+        telexes.push_back(text.str());
+    }
+    const std::string head = "#TELEX##USER zerdix##ALPHAHOST 127.0.0.1##TITLE Hello##PHONE ";
+    EXPECT_THAT(telexes,
+                ::testing::UnorderedElementsAre(head + "12345##SENDTIME  0##RETRIES 3#\nHELLO",
+                                                head + "678##SENDTIME  0##RETRIES 3#\nHELLO"));
 }
 
 } // namespace
