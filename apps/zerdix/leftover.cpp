@@ -1,5 +1,6 @@
 #include "leftover.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include <zerdix/journal.h>
@@ -9,10 +10,9 @@ namespace zerdix::app {
 
 namespace {
 
-// The job writes this line when every receiver has its send job.
-bool tells_of_completion(JOURNAL& journal, std::int32_t faxid) {
+int count_lines(JOURNAL& journal, std::int32_t faxid) {
     const char* log = journal.getLog(TOPF_P, faxid, 0, nullptr);
-    return log != nullptr && std::strstr(log, "$ps.document_deleted:") != nullptr;
+    return log == nullptr ? 0 : static_cast<int>(std::count(log, log + std::strlen(log), '\n'));
 }
 
 bool remove(JOURNAL& journal, std::int32_t faxid) {
@@ -27,11 +27,11 @@ bool remove(JOURNAL& journal, std::int32_t faxid) {
 leftover clear_leftover(std::int32_t faxid, const std::string& host) {
     ZERDIX session;
     if (session.GetClientAddr(host.c_str()) == nullptr)
-        return {false, false};
+        return {false, 0};
     leftover result{};
     {
         JOURNAL journal;
-        result.all_sent = tells_of_completion(journal, faxid);
+        result.log_lines = count_lines(journal, faxid);
         result.gone = remove(journal, faxid);
     }
     session.CleanupHostConnection();

@@ -9,7 +9,7 @@ namespace zerdix::app {
 
 struct leftover {
     bool gone;     // it was deleted, or had been before
-    bool all_sent; // the job had come to its last step, the deletion
+    int log_lines; // of the document, just before
 };
 
 // Connects anew as the session's user and deletes the document.

@@ -47,6 +47,13 @@ std::size_t sent_before(const std::vector<std::string>& receivers) {
     return static_cast<std::size_t>(at - receivers.rbegin());
 }
 
+// The document's log has a line for its creation, one a page, one for its completion; the next one
+// says that it is deleted, and is written when every receiver has its send job. What the lines say
+// can't be relied on: the server shows them in words of its own.
+int lines_before_deletion(int pages) {
+    return 1 + pages + 1;
+}
+
 std::string count_of_jobs(std::size_t made, std::size_t all) {
     return std::to_string(made) + " of " + std::to_string(all) + " send jobs had been made";
 }
@@ -140,11 +147,11 @@ void print_job::send_failed(const std::vector<std::string>& receivers, const tro
     if (receivers.empty())
         throw failure(why.code, "no receiver is named and no dialog can ask for one; use --to or "
                                 "--group");
-    const std::size_t made = left.all_sent ? receivers.size() : sent_before(receivers);
+    const bool all_sent = left.log_lines > lines_before_deletion(pages_);
+    const std::size_t made = all_sent ? receivers.size() : sent_before(receivers);
     const std::string step =
-        left.all_sent
-            ? "deleting the document after sending"
-            : "sending to " + platform::cp1252_to_utf8(std::string(pa_s_rec->phone.view()));
+        all_sent ? "deleting the document after sending"
+                 : "sending to " + platform::cp1252_to_utf8(std::string(pa_s_rec->phone.view()));
     throw failed_step(step, {why.code, why.cause + "; " + count_of_jobs(made, receivers.size())});
 }
 

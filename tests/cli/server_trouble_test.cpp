@@ -1,0 +1,70 @@
+// No way to the server: each kind has a sentence and a code of its own.
+
+#include <arpa/inet.h>
+#include <gmock/gmock.h>
+#include <rpc/rpc.h>
+
+#include <rpc/pmap_clnt.h>
+
+#include "cli/program.h"
+#include "cli/tiny_pdf.h"
+#include "failure.h"
+#include "support/test_server.h"
+
+namespace zerdix::test {
+namespace {
+
+using testing::HasSubstr;
+
+outcome print_sample(const circumstances& around = {}) {
+    return run_zerdix({"print", SAMPLE_PDF, "--to", "1"}, around);
+}
+
+void expect_failure(const outcome& result, int code, const std::string& part) {
+    EXPECT_EQ(result.status, code) << result.errors;
+    EXPECT_THAT(result.errors, HasSubstr(part));
+}
+
+TEST(Trouble, AHostThatIsntKnown) {
+    const temporary_folder folder;
+    const client_environment environment(folder.path());
+    // Two dots in a row make a name that no name server needs to be asked for.
+    const std::string settings =
+        write_file(folder.path() / "other.ini",
+                   "[Zerdix]\nHost=no..host\nLogDir=" + folder.path().string() + "\n");
+    expect_failure(run_zerdix({"print", SAMPLE_PDF, "--to", "1", "--settings", settings}),
+                   app::exit_no_host,
+                   "opening the print job failed: the host \"no..host\" can't be found");
+    expect_failure(run_zerdix({"page", "1", "1", "-o", "x.png", "--settings", settings}),
+                   app::exit_no_host, "\"no..host\" can't be found");
+    EXPECT_TRUE(std::filesystem::exists(folder.path() / "FAXERROR.LOG"));
+}
+
+TEST(Trouble, NoServerAtThePortMapper) {
+    const temporary_folder folder;
+    const client_environment environment(folder.path());
+    expect_failure(print_sample(), app::exit_unavailable, "no Alpha server is registered");
+}
+
+TEST(Trouble, NoPortMapper) {
+    const temporary_folder folder;
+    const client_environment environment(folder.path());
+    const outcome result = print_sample({.disturb = {}, .without_network = true});
+    if (result.status == 125)
+        GTEST_SKIP() << "no network of its own can be made here";
+    expect_failure(result, app::exit_unavailable, "no port mapper answers on \"127.0.0.1\"");
+}
+
+TEST(Trouble, AServerThatDied) {
+    test_server server;
+    const std::uint32_t program = server.program();
+    pmap_unset(program, 1);
+    // Still registered, and nothing listens at its port.
+    ASSERT_TRUE(pmap_set(program, 1, IPPROTO_TCP, server.port()));
+    server.stop(SIGKILL);
+    expect_failure(print_sample(), app::exit_unavailable, "is registered but doesn't answer");
+    pmap_unset(program, 1);
+}
+
+} // namespace
+} // namespace zerdix::test
