@@ -1,6 +1,7 @@
 #include "rpc/wire/filter.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "rpc/wire/deadline.h"
 
@@ -11,8 +12,29 @@ namespace {
 // First allocation of a byte field whose bytes haven't come yet.
 constexpr std::uint32_t first_piece = 64u << 10;
 
+// How much is taken at once of what has already arrived.
+constexpr std::size_t arrived_piece = 256;
+
 std::uint32_t padding(std::uint32_t length) {
     return (4 - length % 4) % 4;
+}
+
+// What has arrived is copied in pieces. Where the stream has to wait it is for one byte at a time,
+// with a look at the clock before each, since every wait may last as long as a whole call.
+bool read_bytes(XDR* stream, unsigned char* to, std::size_t size) {
+    while (size > 0) {
+        std::size_t piece = std::min(size, arrived_piece);
+        if (const auto* run = XDR_INLINE(stream, static_cast<u_int>(piece))) {
+            std::memcpy(to, run, piece);
+        } else {
+            piece = 1;
+            if (call_expired() || !XDR_GETBYTES(stream, reinterpret_cast<char*>(to), 1))
+                return false;
+        }
+        to += piece;
+        size -= piece;
+    }
+    return true;
 }
 
 bool decode_bytes(XDR* stream, bytes& field, std::uint32_t length) {
@@ -27,20 +49,19 @@ bool decode_bytes(XDR* stream, bytes& field, std::uint32_t length) {
             field.data = grown;
         }
         const std::uint32_t piece = std::min(room - field.length, first_piece);
-        if (call_expired() ||
-            !XDR_GETBYTES(stream, reinterpret_cast<char*>(field.data + field.length), piece))
+        if (call_expired() || !read_bytes(stream, field.data + field.length, piece))
             return false;
         field.length += piece;
     }
-    char tail[4];
-    return padding(length) == 0 || XDR_GETBYTES(stream, tail, padding(length));
+    unsigned char tail[4];
+    return read_bytes(stream, tail, padding(length));
 }
 
 } // namespace
 
 bool transfer(XDR* stream, unsigned char* buffer, std::size_t size) {
-    if (stream->x_op == XDR_DECODE && call_expired())
-        return false;
+    if (stream->x_op == XDR_DECODE)
+        return read_bytes(stream, buffer, size);
     return xdr_opaque(stream, reinterpret_cast<char*>(buffer), static_cast<u_int>(size));
 }
 
