@@ -50,11 +50,15 @@ void trace_create_error() {
 }
 
 // The port is left 0, so that the server's port mapper is asked for it.
-client* connect_to(std::uint32_t network_address, std::uint32_t program) {
+sockaddr_in socket_address(std::uint32_t network_address) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = network_address;
     trace_lines.info("ZERDIX::GetClientAddr(): IP address <%s>", inet_ntoa(address.sin_addr));
+    return address;
+}
+
+client* connect_to(sockaddr_in address, std::uint32_t program) {
     int socket = RPC_ANYSOCK;
     return clnttcp_create(&address, program, wire::ZERDIX_VERS, &socket, 0, 0);
 }
@@ -119,7 +123,8 @@ client* ZERDIX::GetClientAddr(const char* alphaServer) {
         trace_lines.exit("--> ZERDIX::GetClientAddr()");
         return nullptr;
     }
-    session().handle = connect_to(host.address, rpc_prog_nr(wire::ZERDIX_PROG));
+    const sockaddr_in address = socket_address(host.address);
+    session().handle = connect_to(address, rpc_prog_nr(wire::ZERDIX_PROG));
     if (session().handle == nullptr)
         trace_create_error();
     trace_lines.exit("--> ZERDIX::GetClientAddr()");
