@@ -1,0 +1,34 @@
+// A server that does nothing: the peer of measurements of the client's side.
+//
+// A child process on loopback, registered with the port mapper under the program number that the
+// environment gives. It answers every procedure of the table at once, with a fixed record (numbers
+// are 1, truth values true, the time zone UTC), looks at no argument and keeps nothing.
+#ifndef ZERDIX_BENCH_INSTANT_SERVER_H
+#define ZERDIX_BENCH_INSTANT_SERVER_H
+
+#include <atomic>
+#include <cstdint>
+#include <sys/types.h>
+
+namespace zerdix::bench {
+
+class instant_server {
+  public:
+    // ZERDIXRPCOFFSET must be set by now. Ends the program with a sentence when it can't start.
+    instant_server();
+    // Ends the child. It also ends by itself when its parent goes, and after ten minutes.
+    ~instant_server();
+    instant_server(const instant_server&) = delete;
+    instant_server& operator=(const instant_server&) = delete;
+
+    // Calls answered so far, all procedures together.
+    std::uint32_t calls() const { return *calls_; }
+
+  private:
+    std::atomic<std::uint32_t>* calls_; // shared with the child
+    pid_t child_;
+};
+
+} // namespace zerdix::bench
+
+#endif

@@ -1,0 +1,49 @@
+// What the ratio programs share: the best time of several runs, and a bar with its verdict.
+#ifndef ZERDIX_BENCH_MEASURE_H
+#define ZERDIX_BENCH_MEASURE_H
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <limits>
+
+namespace zerdix::bench {
+
+// The shortest of all runs, in microseconds: what is left when nothing else got in between.
+class best_time {
+  public:
+    template <class Work>
+    void run(Work work) {
+        const auto begin = std::chrono::steady_clock::now();
+        work();
+        const std::chrono::duration<double, std::micro> took =
+            std::chrono::steady_clock::now() - begin;
+        best_ = std::min(best_, took.count());
+    }
+
+    double microseconds() const { return best_; }
+
+  private:
+    double best_ = std::numeric_limits<double>::max();
+};
+
+// A measurement of something that failed is none.
+inline void require(bool well, const char* what) {
+    if (well)
+        return;
+    std::fprintf(stderr, "failed: %s\n", what);
+    std::exit(2);
+}
+
+// Prints the bar's line and passes its verdict on.
+inline bool bar(const char* what, double value, double limit, const char* unit) {
+    const bool reached = value <= limit;
+    std::printf("  bar: %-46s %9.2f, at most %9.2f %s  %s\n", what, value, limit, unit,
+                reached ? "PASS" : "MISS");
+    return reached;
+}
+
+} // namespace zerdix::bench
+
+#endif
