@@ -109,7 +109,7 @@ page_dat* JOURNAL::getDocPage(topftype pool, std::int32_t faxid, std::int16_t pa
             gathered += take_block(*answer, lastPage, gathered, room);
             if (answer->size < fetch_block)
                 break;
-            request.offset += answer->size;
+            request.offset = static_cast<std::int32_t>(gathered);
         }
     }
     wire::release(wire::result_slot<proc::a_get_pageb_1>::record);
