@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <string>
 
 #include <zerdix/telebook.h>
@@ -28,8 +29,16 @@ TELEBOOK& telebook() {
     return *books;
 }
 
+// Leading digits count, and text without digits is 0. A number too big stays too big: it mustn't
+// come round into a range.
+int number_of(const char* value) {
+    constexpr long lowest = std::numeric_limits<int>::min();
+    constexpr long highest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(std::strtol(value, nullptr, 10), lowest, highest));
+}
+
 void set_paper(const char* value) {
-    const int source = std::atoi(value);
+    const int source = number_of(value);
     trace_lines.info("SetFaxMergeData: Paper source - <%d>", source);
     if (source >= 0 && source <= 9)
         job().sPaperSource = static_cast<std::int16_t>(source);
@@ -37,7 +46,7 @@ void set_paper(const char* value) {
 
 // 0 to 100 becomes 0 to 32767, rounded to the nearest.
 void set_priority(const char* value) {
-    const int priority = std::atoi(value);
+    const int priority = number_of(value);
     trace_lines.info("SetFaxMergeData: Priority - <%d>", priority);
     if (priority >= 0 && priority <= 100)
         pa_s_rec->priority = static_cast<std::int16_t>((priority * highest_priority + 50) / 100);
@@ -54,7 +63,7 @@ void set_resolution(const char* value) {
 }
 
 void set_retries(const char* value) {
-    pa_s_rec->maxretries = static_cast<std::int16_t>(std::atoi(value));
+    pa_s_rec->maxretries = static_cast<std::int16_t>(number_of(value));
     trace_lines.info("SetFaxMergeData: Retries - <%d>", pa_s_rec->maxretries);
 }
 

@@ -74,8 +74,8 @@ class MergeData : public PrintJob {
 
 TEST_F(MergeData, NumbersAreTakenWithinTheirRangeOnly) {
     const std::tuple<const char*, int, int> priorities[] = {
-        {"100", 0, 32767}, {"50", 0, 16384}, {"0", 7, 0},      {"101", 7, 7},
-        {"-1", 7, 7},      {"", 7, 7},       {"12x", 0, 3932}, {"x", 7, 0},
+        {"100", 0, 32767}, {"50", 0, 16384}, {"0", 7, 0}, {"101", 7, 7},        {"-1", 7, 7},
+        {"", 7, 7},        {"12x", 0, 3932}, {"x", 7, 0}, {"4294967346", 7, 7},
     };
     for (const auto& [value, before, after] : priorities) {
         pa_s_rec->priority = static_cast<std::int16_t>(before);
@@ -83,7 +83,7 @@ TEST_F(MergeData, NumbersAreTakenWithinTheirRangeOnly) {
         EXPECT_EQ(pa_s_rec->priority, after) << value;
     }
     const std::tuple<const char*, int, int> papers[] = {
-        {"9", 0, 9}, {"10", 3, 3}, {"-1", 3, 3}, {"", 3, 3}, {"0", 3, 0}};
+        {"9", 0, 9}, {"10", 3, 3}, {"-1", 3, 3}, {"", 3, 3}, {"0", 3, 0}, {"4294967301", 3, 3}};
     for (const auto& [value, before, after] : papers) {
         sendfax::job().sPaperSource = static_cast<std::int16_t>(before);
         EXPECT_EQ(merge(std::string{"#PAPER "} + value + '#'), 0);
