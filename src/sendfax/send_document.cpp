@@ -80,7 +80,10 @@ bool send_to_receiver(std::int32_t index, const job_log& log) {
     return true;
 }
 
+// With cover pages each pass deletes the document that it sent; the job's own goes with the last.
 bool delete_sent_document(const job_log& log) {
+    if (fCoverpage != 0)
+        return true;
     log.document_deleted(job().lFaxid);
     if (job().pjournal->delDoc(TOPF_P, job().lFaxid) == success)
         return true;
@@ -88,7 +91,12 @@ bool delete_sent_document(const job_log& log) {
     return false;
 }
 
+// There are no cover pages yet: what would have needed one isn't sent without it.
 bool run_passes(std::int32_t count, const job_log& log) {
+    if (fCoverpage != 0 && count > 0) {
+        trace_lines.error("SendFaxDoc(): Cover pages can't be composed yet");
+        return false;
+    }
     for (std::int32_t index = count - 1; index >= 0; --index)
         if (!send_to_receiver(index, log))
             return false;
@@ -103,7 +111,8 @@ bool deliver(const job_log& log) {
         return false;
     release_receivers();
     job().fLogCompleted = 1;
-    trace_lines.info("SendFaxDoc(): Delete temporary fax doc: %ld", job().lFaxid);
+    if (fCoverpage == 0)
+        trace_lines.info("SendFaxDoc(): Delete temporary fax doc: %ld", job().lFaxid);
     return to_pool ? pool.deliver(log) : delete_sent_document(log);
 }
 
@@ -113,10 +122,6 @@ std::int32_t send_job() {
         const std::int32_t rc = ask_user();
         if (rc != success)
             return rc;
-    }
-    if (fCoverpage != 0) {
-        trace_lines.error("SendFaxDoc(): Cover pages can't be composed yet");
-        return failure;
     }
     return deliver(log) ? success : failure;
 }

@@ -126,6 +126,28 @@ TEST_F(PrintJob, TheOwnPoolDocumentStaysFlagged) {
     EXPECT_STREQ(userid, "");
 }
 
+// Only a pass composes a cover page: what has no pass needs none.
+TEST_F(PrintJob, AWishForCoverPagesConcernsOnlyWhatIsSent) {
+    sendfax::install_send_dialog([](void*) {
+        std::strcpy(userid, "zerdix");
+        fCoverpage = 1;
+        return sendfax::dialog_accepted;
+    });
+    open_job_with_pages("");
+    EXPECT_EQ(SendFaxDoc(), 0);
+    EXPECT_EQ(server.calls(), (calls{42, 22}));
+    EXPECT_EQ(fCoverpage, 0);
+
+    sendfax::install_send_dialog([](void*) {
+        fCoverpage = 1;
+        return sendfax::dialog_accepted;
+    });
+    open_job_with_pages("");
+    EXPECT_EQ(SendFaxDoc(), 0) << "without receivers";
+    EXPECT_EQ(server.calls(), calls{});
+    EXPECT_THAT(server.desk("zerdix"), SizeIs(2));
+}
+
 TEST_F(PrintJob, APoolDocumentForAnotherUserMoves) {
     sendfax::install_send_dialog([](void*) {
         std::strcpy(userid, "meier");
