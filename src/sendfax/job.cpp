@@ -34,6 +34,16 @@ void take_user_from_settings(bool record_user) {
         pa_s_rec->userid.assign(user);
 }
 
+// The next job of the process mustn't run in another user's name.
+void restore_own_identity() {
+    std::optional<identity>& own = job().own_identity;
+    if (!own || pzerdix == nullptr)
+        return;
+    pzerdix->setUserId(own->user.bytes);
+    pzerdix->setAlphaserver(own->alpha_server.bytes);
+    own.reset();
+}
+
 } // namespace
 
 job_state& job() {
@@ -57,8 +67,18 @@ bool open_session(bool record_user) {
     return false;
 }
 
+void keep_own_identity() {
+    if (job().own_identity)
+        return; // the session speaks as another user already
+    identity own{};
+    own.user.assign(ZERDIX::clsGetUserId());
+    own.alpha_server.assign(ZERDIX::clsGetAlphaServer());
+    job().own_identity = own;
+}
+
 void close_job() {
     release_receivers();
+    restore_own_identity();
     if (pzerdix != nullptr && ZERDIX::clsGetClient() != nullptr)
         pzerdix->CleanupHostConnection();
     delete job().pjournal;

@@ -8,6 +8,7 @@
 #define ZERDIX_SENDFAX_JOB_H
 
 #include <limits>
+#include <optional>
 
 #include <zerdix/journal.h>
 #include <zerdix/records.h>
@@ -25,6 +26,12 @@ enum result : std::int32_t {
     failure = 8,
 };
 
+// In whose name the session speaks, and with which server.
+struct identity {
+    str10 user;
+    str35 alpha_server;
+};
+
 struct job_state {
     JOURNAL* pjournal = nullptr;    // comes and goes with pzerdix
     std::int32_t lFaxid = NO_FAXID; // the job's document
@@ -34,6 +41,9 @@ struct job_state {
     std::int32_t fSendActive = 0;   // 1 while SendFaxDoc runs
     std::int32_t fLogCompleted = 1; // the fan-out still has to write its completion line
     std::int32_t receiver_room = 0; // slots of ppReceiver
+
+    // The session's own, while a telex speaks as another user.
+    std::optional<identity> own_identity;
 };
 
 job_state& job();
@@ -43,7 +53,11 @@ job_state& job();
 // that comes from the settings is noted in the send record.
 bool open_session(bool record_user);
 
-// Ends the job: receivers, connection and objects go, and the state is idle again.
+// Called before the session takes another user's name for the rest of the job.
+void keep_own_identity();
+
+// Ends the job: receivers, connection and objects go, and the state is idle again. The
+// session has its own user and server again.
 void close_job();
 
 } // namespace zerdix::sendfax

@@ -1,5 +1,6 @@
 // Telex: the whole text at once, printed on a printer of the server that stands for the telex line.
 
+#include <new>
 #include <string>
 
 #include <zerdix/timetext.h>
@@ -16,6 +17,7 @@ namespace {
 
 constexpr std::int16_t telex_page = 6; // the picture type
 constexpr const char* telex_printer = ".zerdixpr";
+constexpr std::size_t control_record_room = 300;
 
 std::int32_t ask_user() {
     const std::int32_t rc = run_send_dialog();
@@ -30,6 +32,7 @@ std::int32_t ask_user() {
 void speak_as_pool_user() {
     if (userid[0] == '\0')
         return;
+    keep_own_identity();
     trace_lines.info("SendTelex(): Creation of a new pool document for %s on %s is requested",
                      userid, alphaid);
     pzerdix->setUserId(userid);
@@ -92,11 +95,13 @@ bool print_page(std::string& content) {
     return true;
 }
 
-bool print_for(const char* receiver, std::string_view text, const std::string& time) {
+// `content` is the work buffer: it has room for both, and serves all receivers.
+bool print_for(const char* receiver, std::string_view text, const std::string& time,
+               std::string& content) {
     trace_lines.info("SendTelex(): Receiver: <%s>", receiver);
     if (userid[0] == '\0')
         pa_s_rec->phone.assign(receiver);
-    std::string content = control_record(time);
+    content = control_record(time);
     trace_lines.info("SendTelex(): Controlrecord: %s", content.c_str());
     content.append(text);
     return print_page(content);
@@ -104,12 +109,14 @@ bool print_for(const char* receiver, std::string_view text, const std::string& t
 
 // First receiver to last; the page is stored anew for each.
 bool print_for_all(std::string_view text) {
+    std::string content;
+    content.reserve(text.size() + control_record_room);
     const std::string time = send_time();
     trace_lines.info("SendTelex(): lPDCountReceiver: %ld", lPDCountReceiver);
     for (std::int32_t i = 0; i < lPDCountReceiver; ++i) {
         if (ppReceiver[i] == nullptr || ppReceiver[i][0] == '\0')
             continue;
-        if (!print_for(ppReceiver[i], text, time))
+        if (!print_for(ppReceiver[i], text, time, content))
             return false;
         release_receiver(i);
     }
@@ -127,8 +134,10 @@ bool print_telex(std::string_view text) {
 }
 
 std::int32_t send_telex(std::string_view text) {
-    if (pzerdix == nullptr)
+    if (pzerdix == nullptr) {
+        trace_lines.error("SendTelex(): no initialisation");
         return failure;
+    }
     if (ppReceiver == nullptr) {
         const std::int32_t rc = ask_user();
         if (rc != success) {
@@ -143,13 +152,23 @@ std::int32_t send_telex(std::string_view text) {
     return success;
 }
 
+// A text can be as large as memory itself; the job stays open when it doesn't fit.
+std::int32_t take_telex(const char* text, std::int32_t size) {
+    try {
+        const std::string copy =
+            text != nullptr && size > 0 ? std::string(text, static_cast<std::size_t>(size)) : "";
+        trace_lines.entry("<-- SendTelex(): Telex text (size: %ld): %s", size, copy.c_str());
+        return send_telex(copy);
+    } catch (const std::bad_alloc&) {
+        trace_lines.error("SendTelex(): Problems to allocate memory");
+        return failure;
+    }
+}
+
 } // namespace
 
 extern "C" std::int32_t SendTelex(const char* text, std::int32_t size) {
-    const std::string copy =
-        text != nullptr && size > 0 ? std::string(text, static_cast<std::size_t>(size)) : "";
-    trace_lines.entry("<-- SendTelex(): Telex text (size: %ld): %s", size, copy.c_str());
-    const std::int32_t rc = send_telex(copy);
+    const std::int32_t rc = take_telex(text, size);
     if (rc == success)
         trace_lines.exit("--> SendTelex(): OK");
     else

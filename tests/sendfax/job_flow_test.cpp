@@ -242,5 +242,25 @@ TEST_F(PrintJob, TelexIsPrintedForEachReceiverFirstToLast) {
                                                 head + "678##SENDTIME  0##RETRIES 3#\nHELLO"));
 }
 
+TEST_F(PrintJob, ATelexSpeaksAsThePoolUserUntilTheJobEnds) {
+    sendfax::install_send_dialog([](void*) {
+        std::strcpy(userid, "meier");
+        std::strcpy(ppReceiver[0], "1");
+        lPDCountReceiver = 1;
+        return sendfax::dialog_accepted;
+    });
+    for (bool refused : {false, true}) {
+        ASSERT_EQ(TransmissionDlg(nullptr, "Hello", 0), 0);
+        if (refused)
+            server.refuse(53);
+        EXPECT_EQ(SendTelex("HELLO", 5), refused ? 8 : 0);
+        EXPECT_STREQ(ZERDIX::clsGetUserId(), refused ? "meier" : "zerdix");
+        sendfax::close_job();
+        EXPECT_STREQ(ZERDIX::clsGetUserId(), "zerdix");
+    }
+    EXPECT_EQ(SendTelex("HELLO", 5), 8) << "without a job";
+    EXPECT_THAT(error_log(), HasSubstr("SendTelex(): no initialisation"));
+}
+
 } // namespace
 } // namespace zerdix::testing
