@@ -1,0 +1,288 @@
+// What whole jobs leave in the trace file: each line with its level, in order.
+
+#include <cstring>
+#include <memory>
+
+#include <zerdix/trace.h>
+
+#include "sendfax/job_fixture.h"
+
+namespace zerdix::testing {
+namespace {
+
+using ::testing::ElementsAreArray;
+using ::testing::IsSupersetOf;
+using lines = std::vector<std::string>;
+
+class JobTrace : public PrintJob {
+  protected:
+    JobTrace() { begin_tracing("1"); }
+    ~JobTrace() override { begin_tracing("0"); }
+
+    // The print job's own lines since the last look, as "Level: text".
+    lines traced() {
+        std::ifstream file{server.folder() / "FAXTRACE.LOG"};
+        file.seekg(seen_);
+        lines found;
+        for (std::string line; std::getline(file, line); seen_ = file.tellg())
+            if (const auto room = line.find(" sendfax: : "); room != std::string::npos)
+                found.push_back(level_of(line) + line.substr(room + 12, text_end(line, room)));
+        return found;
+    }
+
+    std::string document() { return std::to_string(server.desk("zerdix").at(0).id); }
+
+  private:
+    // The switch is read when the tracer comes up, as at the start of a process.
+    void begin_tracing(const char* on) {
+        std::ofstream{server.settings()}
+            << "[Zerdix]\nHost=127.0.0.1\nUser=zerdix\nLogDir=" << server.folder().string()
+            << "\nTrace=" << on << '\n';
+        std::destroy_at(&TTrace);
+        std::construct_at(&TTrace);
+    }
+
+    // "(4183075) Entry:  sendfax: : ..." has its level behind the ticks.
+    static std::string level_of(const std::string& line) {
+        const std::size_t begin = line.find(") ") + 2;
+        return line.substr(begin, line.find(':', begin) + 1 - begin) + ' ';
+    }
+
+    // Length of the text without the blanks that fill the line.
+    static std::size_t text_end(const std::string& line, std::size_t room) {
+        return line.find_last_not_of(' ') + 1 - (room + 12);
+    }
+
+    test::environment_value width_{"TRACE_WRAP_WIDTH", "200"};
+    std::streamoff seen_ = 0;
+};
+
+// Entry and exit of the reading of one pair of merge data.
+lines pair_lines(const std::string& key, const std::string& value) {
+    return {"Entry: <-- ExtractKeyAndValue",
+            "Exit: --> ExtractKeyAndValue: Key: #" + key + "# Value: <" + value + ">"};
+}
+
+lines operator+(lines all, const lines& more) {
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+}
+
+TEST_F(JobTrace, AFaxJobFromItsOpeningToItsEnd) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    EXPECT_EQ(traced(), (lines{"Entry: <-- TransmissionDlg(): Title: <Angebot> Fax: <1>",
+                               "Exit: --> TransmissionDlg(): OK"}));
+
+    ASSERT_EQ(merge("#PHONE 111##PHONE 222#"), 0);
+    EXPECT_EQ(traced(), lines{"Entry: <-- SetFaxMergeData: #PHONE 111##PHONE 222#"} +
+                            pair_lines("PHONE", "111") + pair_lines("PHONE", "222") +
+                            lines{"Exit: --> SetFaxMergeData: rc = 0"});
+
+    ASSERT_EQ(store(driver_block(1728, 100)), 0);
+    EXPECT_EQ(traced(), (lines{"Entry: <-- StoreFaxPage(): Size of Bitmap: 21608 Page Index: 0",
+                               "Info1: StoreFaxPage(): Faxid of created document: " + document(),
+                               "Info1: StoreFaxPage(): Width: 1728 Height 100",
+                               "Exit: --> StoreFaxPage():"}));
+
+    const std::string id = document();
+    ASSERT_EQ(SendFaxDoc(), 0);
+    EXPECT_EQ(
+        traced(),
+        (lines{"Entry: <-- SendFaxDoc():", "Info1: SendFaxDoc(): Faxid -> " + id,
+               "Info1: SendFaxDoc(): Userid -> zerdix", "Info1: SendFaxDoc(): Priorit\xe4t -> 0",
+               "Info1: SendFaxDoc(): Status -> 0", "Info1: SendFaxDoc(): Seiten -> 1",
+               "Info1: SendFaxDoc(): Kommentar -> Angebot", "Info1: SendFaxDoc(): Nachttarif -> 0",
+               "Info1: SendFaxDoc(): Error-Status -> 0",
+               "Info1: SendFaxDoc(): Wiederholungen (max.) -> 0",
+               "Info1: SendFaxDoc(): Wiederholungen (tats.) -> 0",
+               "Info1: SendFaxDoc(): Empf\xe4nger-TSI ->",
+               "Info1: SendFaxDoc(): Netztyp (1=FAX/2=TELEX) -> 1",
+               "Info1: SendFaxDoc(): Aufl\xf6sung (0=as is/1=fine/2=normal) -> 0",
+               "Info1: SendFaxDoc(): Number of receivers: 2", "Info1: SendFaxDoc(): Receiver: 222",
+               "Info1: SendFaxDoc(): Receiver: 111",
+               "Info1: SendFaxDoc(): Delete temporary fax doc: " + id, "Exit: --> SendFaxDoc()"}));
+
+    EXPECT_EQ(SendFaxDoc(), 0);
+    EXPECT_EQ(traced(),
+              (lines{"Entry: <-- SendFaxDoc():", "Exit: --> SendFaxDoc(): no initialisation"}));
+}
+
+void add_entry(alphad::store& store, const char* id, nettypetype nettype) {
+    o_tebul entry{};
+    entry.tbookid.assign("common");
+    entry.teleid.assign(id);
+    entry.nettype = nettype;
+    store.phone_books.put_entry(entry);
+    o_tgroupl member{};
+    member.groupid.assign("team");
+    member.tbookid.assign("common");
+    member.teleid.assign(id);
+    store.phone_books.put_member(member);
+}
+
+TEST_F(JobTrace, EveryKeyOfMergeData) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    traced();
+    EXPECT_EQ(
+        merge("#PAPER 3##PRIORITY 50##RESOLUTION FINE##RESOLUTION NORMAL##RETRIES 4##SENDTIME "
+              "NOW##TITLE B\xfcro##PAPER##XYZ#"),
+        0);
+    EXPECT_EQ(
+        traced(),
+        (lines{"Entry: <-- SetFaxMergeData: #PAPER 3##PRIORITY 50##RESOLUTION FINE##RESOLUTION "
+               "NORMAL##RETRIES 4##SENDTIME NOW##TITLE B\xfcro##PAPER##XYZ#"} +
+         pair_lines("PAPER", "3") + lines{"Info1: SetFaxMergeData: Paper source - <3>"} +
+         pair_lines("PRIORITY", "50") + lines{"Info1: SetFaxMergeData: Priority - <50>"} +
+         pair_lines("RESOLUTION", "FINE") + lines{"Info1: SetFaxMergeData: Resolution - fine"} +
+         pair_lines("RESOLUTION", "NORMAL") + lines{"Info1: SetFaxMergeData: Resolution - normal"} +
+         pair_lines("RETRIES", "4") + lines{"Info1: SetFaxMergeData: Retries - <4>"} +
+         pair_lines("SENDTIME", "NOW") + lines{"Info1: SetFaxMergeData: send time - <NOW>"} +
+         pair_lines("TITLE", "B\xfcro") + lines{"Info1: SetFaxMergeData: comment - <B\xfcro>"} +
+         pair_lines("PAPER", "") +
+         lines{"Entry: <-- ExtractKeyAndValue",
+               "Exit: --> ExtractKeyAndValue: No valid key/value pair found",
+               "Exit: --> SetFaxMergeData: rc = 0"}));
+
+    o_tgroup group{};
+    group.groupid.assign("team");
+    server.store().phone_books.put_group(group);
+    add_entry(server.store(), "a", NETTYPE_FAX);
+    add_entry(server.store(), "b", NETTYPE_TELEX);
+    EXPECT_EQ(merge("#RECEIVERGROUP team##RECEIVERGROUP nobody#"), 0);
+    EXPECT_EQ(traced(),
+              (lines{"Entry: <-- SetFaxMergeData: #RECEIVERGROUP team##RECEIVERGROUP nobody#"} +
+               pair_lines("RECEIVERGROUP", "team") +
+               lines{"Info1: SetFaxMergeData: receiver group - <team>",
+                     "Info1: SetFaxMergeData: Receiver: common:a",
+                     "Error: SetFaxMergeData: telebook book entry is not fax receiver"} +
+               pair_lines("RECEIVERGROUP", "nobody") +
+               lines{"Info1: SetFaxMergeData: receiver group - <nobody>",
+                     "Error: SetFaxMergeData: : group <nobody> doesn't exist on the server",
+                     "Exit: --> SetFaxMergeData: rc = 0"}));
+    server.fail(64);
+    EXPECT_EQ(merge("#RECEIVERGROUP team##LAST_DOCPAGE#"), 8);
+    EXPECT_THAT(traced(),
+                IsSupersetOf({"Error: SetFaxMergeData: (getTGroup) Problems with RPC connection",
+                              "Exit: --> SetFaxMergeData: rc = 8"}));
+    server.fail(93);
+    EXPECT_EQ(merge("#RECEIVERGROUP team#"), 8);
+    EXPECT_THAT(traced(), IsSupersetOf({"Error: SetFaxMergeData: (getTGroupEntries) Problems with "
+                                        "RPC connection"}));
+}
+
+TEST_F(JobTrace, WhatIsOnlyWarnedAndWhatFails) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    EXPECT_EQ(TransmissionDlg(nullptr, "Other", 1), 4);
+    ASSERT_EQ(merge("#PHONE 1#"), 0);
+    const lines second = traced();
+    EXPECT_THAT(
+        lines(second.begin() + 2, second.begin() + 5),
+        ElementsAreArray({"Entry: <-- TransmissionDlg(): Title: <Other> Fax: <1>",
+                          "Error: TransmissionDlg(): Another zerDIX print job is still active",
+                          "Exit: --> TransmissionDlg():"}));
+
+    server.refuse(23);
+    server.refuse(22, 1);
+    server.refuse(22, 2);
+    ASSERT_EQ(store(driver_block(1728, 1)), 0);
+    EXPECT_THAT(traced(), IsSupersetOf({"Warn: StoreFaxPage(): Problems with setting comment",
+                                        "Warn: StoreFaxPage(): Problems with writing log entry",
+                                        "Warn: StoreFaxPage(): Problems with writing log entry"}));
+    server.refuse(60);
+    EXPECT_EQ(store(driver_block(1728, 1)), 8);
+    EXPECT_THAT(traced(), IsSupersetOf({"Error: -> StoreFaxPage(): Problems with RPC connection"}));
+
+    server.refuse(22);
+    server.refuse(6);
+    EXPECT_EQ(SendFaxDoc(), 8);
+    EXPECT_THAT(traced(), IsSupersetOf({"Warn: SendFaxDoc(): Problems with writing log entry",
+                                        "Error: ->SendFaxDoc(): Problems with deleting document"}));
+}
+
+TEST_F(JobTrace, ADialogCancelledAndAJobGivenUp) {
+    sendfax::install_send_dialog([](void*) { return sendfax::dialog_cancelled; });
+    open_job_with_pages("");
+    const std::string id = document();
+    traced();
+    server.refuse(6);
+    EXPECT_EQ(SendFaxDoc(), 4);
+    const lines ended = traced();
+    EXPECT_EQ(
+        lines(ended.begin() + 14, ended.end()),
+        (lines{"Entry: <-- CallSendDialog()",
+               "Exit: --> CallSendDialog: RC from CDialogSendSelect: 2302",
+               "Exit: --> CallSendDialog(): Rc = 4", "Warn: SendFaxDoc(): SendDialog cancelled",
+               "Info1: SendFaxDoc(): Delete temporary fax doc: " + id,
+               "Error: SendFaxDoc(): Problems with deleting document", "Exit: --> SendFaxDoc()"}));
+
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    traced();
+    EXPECT_EQ(DeleteFaxDoc(), 0);
+    EXPECT_EQ(traced(), (lines{"Entry: <-- DeleteFaxDoc() -  Faxid: 2147483647",
+                               "Exit: --> -> DeleteFaxDoc(): OK"}));
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    traced();
+    EXPECT_EQ(SendFaxDoc(), 0);
+    EXPECT_EQ(traced().back(), "Exit: --> SendFaxDoc(): for an empty page we make no action");
+}
+
+TEST_F(JobTrace, APoolDocumentForAnotherUser) {
+    sendfax::install_send_dialog([](void*) {
+        std::strcpy(userid, "meier");
+        return sendfax::dialog_accepted;
+    });
+    open_job_with_pages("");
+    const std::string id = document();
+    traced();
+    server.refuse(42);
+    EXPECT_EQ(SendFaxDoc(), 0);
+    const lines moved = traced();
+    EXPECT_EQ(
+        lines(moved.begin() + 17, moved.end()),
+        (lines{"Info1: SendFaxDoc(): Selected Userid: <meier>",
+               "Info1: SendFaxDoc(): Delete temporary fax doc: " + id,
+               "Info1: SendFaxDoc(): Creation of a new pool document for meier on  is requested",
+               "Warn: SendFaxDoc(): Problems with setting bif flag", "Exit: --> SendFaxDoc()"}));
+    for (const auto& [procedure, what] : {std::pair{3, "makedoc"}, {5, "copydoc"}}) {
+        open_job_with_pages("");
+        server.refuse(procedure);
+        EXPECT_EQ(SendFaxDoc(), 8);
+        EXPECT_THAT(traced(), IsSupersetOf({"Error: SendFaxDoc(): (" + std::string{what} +
+                                            ") Problems with RPC connection"}));
+    }
+}
+
+TEST_F(JobTrace, ATelexJob) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Hello", 0), 0);
+    ASSERT_EQ(merge("#PHONE 12345#"), 0);
+    traced();
+    EXPECT_EQ(SendTelex("HELLO", 5), 0);
+    lines printed = traced();
+    ASSERT_GT(printed.size(), 1u);
+    EXPECT_TRUE(printed[1].starts_with("Info1: SendTelex(): Faxid of created document: "));
+    printed.erase(printed.begin() + 1);
+    EXPECT_EQ(
+        printed,
+        (lines{"Entry: <-- SendTelex(): Telex text (size: 5): HELLO",
+               "Info1: SendTelex(): lPDCountReceiver: 1", "Info1: SendTelex(): Receiver: <12345>",
+               "Info1: SendTelex(): Controlrecord: #TELEX##USER zerdix##ALPHAHOST 127.0.0.1"
+               "##TITLE Hello##PHONE 12345##SENDTIME  0##RETRIES 0#",
+               "Info1: SendTelex(): Document will be printed", "Exit: --> SendTelex(): OK"}));
+
+    for (const auto& [procedure, line] : {std::pair{3, "Problems with RPC connection"},
+                                          {60, "Problems with RPC connection"},
+                                          {53, "Document could not be printed"},
+                                          {6, "Problems with RPC connection"}}) {
+        ASSERT_EQ(TransmissionDlg(nullptr, "Hello", 0), 0);
+        ASSERT_EQ(merge("#PHONE 12345#"), 0);
+        traced();
+        server.refuse(procedure);
+        EXPECT_EQ(SendTelex("HELLO", 5), 8);
+        EXPECT_THAT(traced(), IsSupersetOf({"Error: SendTelex(): " + std::string{line}}));
+        EXPECT_NE(pzerdix, nullptr) << "the job stays open";
+        sendfax::close_job();
+    }
+}
+
+} // namespace
+} // namespace zerdix::testing
