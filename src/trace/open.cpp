@@ -11,6 +11,7 @@
 #include <string_view>
 
 #include "common/settings.h"
+#include "platform/encoding.h"
 #include "platform/message_box.h"
 #include "platform/trace_file.h"
 #include "trace/state.h"
@@ -89,7 +90,7 @@ void open_trace_file() {
     std::array<char, 80> text;
     std::snprintf(text.data(), text.size(), "Tracesetname: Error open trace file\nerror code: %d",
                   opened.error);
-    platform::message_box().show(text.data(), path);
+    platform::message_box().show(text.data(), platform::utf8_to_cp1252(path));
 }
 
 void write_start_line() {

@@ -168,6 +168,13 @@ TEST_F(Files, ATraceFileThatCantBeOpenedIsToldOnce) {
     EXPECT_THAT(lines_of("FAXERROR.LOG"), testing::Contains(line("Error: ", "y")));
 }
 
+TEST_F(Files, ThePathInABoxIsInTheBoxsEncoding) {
+    configure("Trace=1\nTracefile=" + folder.path("no/g\xc3\xbct"));
+    T_TRACE().traceSetName(nullptr);
+    ASSERT_EQ(boxes.shown.size(), 1u);
+    EXPECT_THAT(boxes.shown[0].second, testing::EndsWith("no/g\xfct"));
+}
+
 TEST_F(Files, WithoutATextBufferTracingIsOffAndErrorsComeLater) {
     configure("Trace=1");
     std::optional<no_memory> none(std::in_place);
