@@ -26,15 +26,13 @@ struct text {
 
     // Cuts to N characters and fills the rest with zero bytes, so that a NUL always follows.
     void assign(std::string_view value) {
-        const std::size_t length = value.size() < N ? value.size() : N;
-        std::memcpy(bytes, value.data(), length);
+        const std::size_t length = value.copy(bytes, N);
         std::memset(bytes + length, 0, sizeof bytes - length);
     }
 
     // Copies as a fixed-width field does: all N + 1 bytes may be used, and then no NUL is left.
     void assign_field(std::string_view value) {
-        const std::size_t length = value.size() < N + 1 ? value.size() : N + 1;
-        std::memcpy(bytes, value.data(), length);
+        const std::size_t length = value.copy(bytes, N + 1);
         std::memset(bytes + length, 0, sizeof bytes - length);
     }
 

@@ -6,6 +6,7 @@
 #ifndef ZERDIX_WIRE_FIXED_H
 #define ZERDIX_WIRE_FIXED_H
 
+#include <arpa/inet.h>
 #include <array>
 #include <boost/pfr.hpp>
 #include <cstddef>
@@ -23,11 +24,11 @@ struct none {};
 inline std::uint32_t load_word(const unsigned char* from) {
     std::uint32_t word;
     std::memcpy(&word, from, sizeof word);
-    return __builtin_bswap32(word);
+    return ntohl(word);
 }
 
 inline void store_word(unsigned char* to, std::uint32_t word) {
-    word = __builtin_bswap32(word);
+    word = htonl(word);
     std::memcpy(to, &word, sizeof word);
 }
 
