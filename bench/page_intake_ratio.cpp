@@ -25,6 +25,7 @@
 #include "imaging/compress_run.h"
 #include "rpc/wire/stub.h"
 #include "sendfax/log_line.h"
+#include "sendfax/mirror.h"
 #include "sendfax/page_rows.h"
 #include "support/test_server.h"
 

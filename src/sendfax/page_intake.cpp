@@ -7,6 +7,7 @@
 #include "imaging/page_codec.h"
 #include "sendfax/job.h"
 #include "sendfax/log_line.h"
+#include "sendfax/mirror.h"
 #include "sendfax/page_preparers.h"
 #include "sendfax/page_rows.h"
 #include "sendfax/trace_lines.h"

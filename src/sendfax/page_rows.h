@@ -31,9 +31,6 @@ page_size read_page_size(std::span<const unsigned char> block);
 // the rows become 0xFF. `turned` is as long as `block`, which covers its rows.
 void turn_rows(std::span<const unsigned char> block, std::span<unsigned char> turned);
 
-// Reverses the order of the bits of each byte and inverts them, in place.
-void mirror_and_invert(std::span<unsigned char> bytes);
-
 } // namespace zerdix::sendfax
 
 #endif

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
+#include "sendfax/mirror.h"
 #include "sendfax/page_rows.h"
 
 namespace zerdix::sendfax {
