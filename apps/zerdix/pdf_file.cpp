@@ -22,7 +22,7 @@ void keep_first(const std::string& message, void* place) {
     if (!said.empty())
         return;
     said = message.substr(0, message.find_last_not_of("\r\n ") + 1);
-    for (const char* prefix : {"poppler/error: ", "poppler/error ", "poppler/"}) {
+    for (const char* prefix : {"poppler/", "error: "}) {
         if (said.starts_with(prefix))
             said.erase(0, std::strlen(prefix));
     }

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <limits>
-#include <regex>
+#include <string_view>
 
 #include <zerdix/timetext.h>
 
@@ -50,6 +50,53 @@ std::int32_t seconds_of(const std::tm& local, const std::string& typed, std::tim
     return static_cast<std::int32_t>(seconds);
 }
 
+// Takes the digits at the front; nothing unless there are as many as wanted.
+std::optional<int> take_number(std::string_view& rest, std::size_t fewest, std::size_t most) {
+    std::size_t count = 0;
+    int value = 0;
+    for (; count < most && count < rest.size() && rest[count] >= '0' && rest[count] <= '9'; ++count)
+        value = value * 10 + (rest[count] - '0');
+    rest.remove_prefix(count);
+    return count < fewest ? std::nullopt : std::optional(value);
+}
+
+bool take_mark(std::string_view& rest, std::string_view marks) {
+    if (rest.empty() || marks.find(rest.front()) == std::string_view::npos)
+        return false;
+    rest.remove_prefix(1);
+    return true;
+}
+
+// "20:15", and nothing behind it.
+bool take_clock(std::string_view rest, std::tm& local) {
+    const auto hour = take_number(rest, 1, 2);
+    if (!hour || *hour > 23 || !take_mark(rest, ":"))
+        return false;
+    const auto minute = take_number(rest, 2, 2);
+    if (!minute || *minute > 59 || !rest.empty())
+        return false;
+    local.tm_hour = *hour;
+    local.tm_min = *minute;
+    return true;
+}
+
+// "2026-12-31 ", or with a "T" at its end.
+bool take_date(std::string_view& rest, std::tm& local) {
+    const auto year = take_number(rest, 4, 4);
+    if (!year || !take_mark(rest, "-"))
+        return false;
+    const auto month = take_number(rest, 2, 2);
+    if (!month || !take_mark(rest, "-"))
+        return false;
+    const auto day = take_number(rest, 2, 2);
+    if (!day || !take_mark(rest, " T") || !is_day(*year, *month, *day))
+        return false;
+    local.tm_year = *year - 1900;
+    local.tm_mon = *month - 1;
+    local.tm_mday = *day;
+    return true;
+}
+
 } // namespace
 
 std::optional<send_time> parse_send_time(const std::string& typed) {
@@ -57,23 +104,11 @@ std::optional<send_time> parse_send_time(const std::string& typed) {
         return send_time{send_time::kind::now, {}};
     if (typed == "night")
         return send_time{send_time::kind::night, {}};
-    static const std::regex form(R"((?:(\d{4})-(\d\d)-(\d\d)[ T])?(\d\d?):(\d\d))");
-    std::smatch part;
-    if (!std::regex_match(typed, part, form))
+    const bool dated = typed.find('-') != std::string::npos;
+    send_time time{dated ? send_time::kind::date : send_time::kind::clock, {}};
+    std::string_view rest = typed;
+    if ((dated && !take_date(rest, time.local)) || !take_clock(rest, time.local))
         return std::nullopt;
-    send_time time{part[1].matched ? send_time::kind::date : send_time::kind::clock, {}};
-    time.local.tm_hour = std::stoi(part[4]);
-    time.local.tm_min = std::stoi(part[5]);
-    if (time.local.tm_hour > 23 || time.local.tm_min > 59)
-        return std::nullopt;
-    if (time.when == send_time::kind::clock)
-        return time;
-    const int year = std::stoi(part[1]), month = std::stoi(part[2]), day = std::stoi(part[3]);
-    if (!is_day(year, month, day))
-        return std::nullopt;
-    time.local.tm_year = year - 1900;
-    time.local.tm_mon = month - 1;
-    time.local.tm_mday = day;
     return time;
 }
 

@@ -2,10 +2,8 @@
 
 #include <arpa/inet.h>
 #include <gmock/gmock.h>
-#include <rpc/rpc.h>
 
-#include <rpc/pmap_clnt.h>
-
+#include "alphad/port_mapper.h"
 #include "cli/program.h"
 #include "cli/tiny_pdf.h"
 #include "failure.h"
@@ -57,13 +55,14 @@ TEST(Trouble, NoPortMapper) {
 
 TEST(Trouble, AServerThatDied) {
     test_server server;
-    const std::uint32_t program = server.program();
-    pmap_unset(program, 1);
-    // Still registered, and nothing listens at its port.
-    ASSERT_TRUE(pmap_set(program, 1, IPPROTO_TCP, server.port()));
     server.stop(SIGKILL);
     expect_failure(print_sample(), app::exit_unavailable, "is registered but doesn't answer");
-    pmap_unset(program, 1);
+    // Its entry at the port mapper has to go: this one takes it over and leaves in good order.
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(server.port());
+    const alphad::registration tidy(server.program(), 1, address);
 }
 
 } // namespace
