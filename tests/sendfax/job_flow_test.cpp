@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/scratch.h"
 #include "sendfax/job_fixture.h"
 
 namespace zerdix::testing {
@@ -176,7 +177,10 @@ TEST_F(PrintJob, APoolDocumentForAnotherUserMoves) {
 TEST_F(PrintJob, ASecondJobIsKeptOut) {
     open_job_with_pages("#PHONE 1#");
     const std::int32_t document = sendfax::job().lFaxid;
+    const tests::recorded_boxes boxes;
     EXPECT_EQ(TransmissionDlg(nullptr, "Other", 1), 4);
+    EXPECT_THAT(boxes.shown, ElementsAre(std::pair<std::string, std::string>{
+                                 "Another FAX print job is still active", "FAX printer driver"}));
     EXPECT_EQ(sendfax::job().lFaxid, document);
     EXPECT_EQ(sendfax::job().sPageCount, 2);
     EXPECT_EQ(pa_s_rec->comment, "Angebot");

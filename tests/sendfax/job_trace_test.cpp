@@ -200,7 +200,10 @@ TEST_F(JobTrace, WhatIsOnlyWarnedAndWhatFails) {
 }
 
 TEST_F(JobTrace, ADialogCancelledAndAJobGivenUp) {
-    sendfax::install_send_dialog([](void*) { return sendfax::dialog_cancelled; });
+    sendfax::install_send_dialog([](void*) {
+        SendFaxDoc();
+        return sendfax::dialog_cancelled;
+    });
     open_job_with_pages("");
     const std::string id = document();
     traced();
@@ -210,6 +213,7 @@ TEST_F(JobTrace, ADialogCancelledAndAJobGivenUp) {
     EXPECT_EQ(
         lines(ended.begin() + 14, ended.end()),
         (lines{"Entry: <-- CallSendDialog()",
+               "Entry: <-- SendFaxDoc():", "Exit: --> SendFaxDoc(): function already active",
                "Exit: --> CallSendDialog: RC from CDialogSendSelect: 2302",
                "Exit: --> CallSendDialog(): Rc = 4", "Warn: SendFaxDoc(): SendDialog cancelled",
                "Info1: SendFaxDoc(): Delete temporary fax doc: " + id,
