@@ -12,7 +12,7 @@ namespace zerdix::telebook {
 template <std::size_t N>
 text<N> field(const char* value) {
     text<N> filled;
-    filled.assign(value);
+    filled.assign(value != nullptr ? value : "");
     return filled;
 }
 
