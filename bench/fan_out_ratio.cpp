@@ -97,6 +97,7 @@ class direct_client {
 int main() {
     const test::temporary_folder folder;
     const test::client_environment environment{folder.path()};
+    bench::keep_to_one_processor();
     const bench::instant_server server;
     direct_client direct{environment.program()};
     std::vector<char> argument = argument_bytes();

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <sched.h>
 
 namespace zerdix::bench {
 
@@ -27,6 +28,15 @@ class best_time {
   private:
     double best_ = std::numeric_limits<double>::max();
 };
+
+// Keeps the program and the children that it starts from now on to one processor. A call to a
+// server on another one takes two to three times as long, or not, as the system's mood is.
+inline void keep_to_one_processor() {
+    cpu_set_t one;
+    CPU_ZERO(&one);
+    CPU_SET(static_cast<unsigned>(sched_getcpu()), &one);
+    sched_setaffinity(0, sizeof one, &one);
+}
 
 // A measurement of something that failed is none.
 inline void require(bool well, const char* what) {

@@ -234,6 +234,7 @@ page_bytes page_of_file(const char* name) {
 int main(int argc, char** argv) {
     const test::temporary_folder folder;
     const test::client_environment environment{folder.path()};
+    bench::keep_to_one_processor();
     const bench::instant_server server;
     bool reached = true;
     for (int i = 1; i < argc; ++i)
