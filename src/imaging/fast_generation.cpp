@@ -20,7 +20,7 @@ class generation {
     generation(compress_run& run, void* tables)
         : run_(run), input_(run.input), length_(run.length), table_(tables) {
         table_.clear();
-        zeros_[1] = node_of(0);
+        zeros_[1] = static_cast<std::uint16_t>(node_of(0));
     }
 
     generation_end go();
@@ -29,19 +29,18 @@ class generation {
     static constexpr std::size_t longest_zeros = 4096;
     static constexpr std::uint32_t short_cut_limit = 16384;
 
-    bool eight_zeros_at(std::size_t at) const {
-        if (at + 8 > length_) {
-            return false;
-        }
+    // The eight bytes at a place that has them.
+    std::uint64_t word_at(std::size_t at) const {
         std::uint64_t word;
         std::memcpy(&word, input_ + at, sizeof word);
-        return word == 0;
+        return word;
     }
+    bool has_word(std::size_t at) const { return at + sizeof(std::uint64_t) <= length_; }
 
     match longest(std::size_t start);
+    match walk(node from, std::size_t at);
     match short_match(std::size_t start) const;
     match zeros_match(std::size_t start);
-    match walk(node from, std::size_t at);
     std::size_t zeros_at(std::size_t start, std::size_t most) const;
     string_table::place zeros_child(std::size_t count) const;
     void add_short_cut(node from, node to);
@@ -57,15 +56,14 @@ class generation {
 
     // The nodes of the strings of 1 to zero_count_ zero bytes: white paper is most of a page.
     std::size_t zero_count_ = 1;
-    std::uint32_t zeros_[longest_zeros + 1];
+    std::uint16_t zeros_[longest_zeros + 1];
 };
 
 std::size_t generation::zeros_at(std::size_t start, std::size_t most) const {
     const std::size_t end = std::min(length_, start + most);
     std::size_t at = start;
     for (; at + 8 <= end; at += 8) {
-        std::uint64_t word;
-        std::memcpy(&word, input_ + at, sizeof word);
+        const std::uint64_t word = word_at(at);
         if (word != 0) {
             return at - start + static_cast<std::size_t>(std::countr_zero(word)) / 8;
         }
@@ -81,23 +79,6 @@ string_table::place generation::zeros_child(std::size_t count) const {
     return count == 2 ? table_.triple(0, 0, 0) : table_.child(zeros_[count], 0);
 }
 
-// The string starts with at least eight zero bytes.
-match generation::zeros_match(std::size_t start) {
-    const std::size_t count = zeros_at(start, zero_count_);
-    if (count < zero_count_) {
-        return walk(zeros_[count], start + count);
-    }
-    while (zero_count_ < longest_zeros && start + zero_count_ < length_ &&
-           input_[start + zero_count_] == 0) {
-        const auto longer = zeros_child(zero_count_);
-        if (!longer.found()) {
-            return {zeros_[zero_count_], start + zero_count_, longer};
-        }
-        zeros_[++zero_count_] = longer.target();
-    }
-    return walk(zeros_[zero_count_], start + zero_count_);
-}
-
 void generation::add_short_cut(node from, node to) {
     if (short_cuts_ < short_cut_limit) {
         const auto place = table_.zeros(from);
@@ -106,11 +87,11 @@ void generation::add_short_cut(node from, node to) {
 }
 
 // Follows the input from a string of three bytes or more, whose end is `at`.
-match generation::walk(node from, std::size_t at) {
+[[gnu::always_inline]] inline match generation::walk(node from, std::size_t at) {
     node anchor = from; // where a short cut was looked for in vain, eight bytes before the next try
     std::size_t next_try = at;
     while (at < length_) {
-        if (at >= next_try && eight_zeros_at(at)) {
+        if (at >= next_try && has_word(at) && word_at(at) == 0) {
             const auto cut = table_.zeros(from);
             if (cut.found()) {
                 from = cut.target();
@@ -133,8 +114,25 @@ match generation::walk(node from, std::size_t at) {
     return {from, at, {}};
 }
 
+// The string starts with at least eight zero bytes.
+[[gnu::noinline]] match generation::zeros_match(std::size_t start) {
+    const std::size_t count = zeros_at(start, zero_count_);
+    if (count < zero_count_) {
+        return walk(zeros_[count], start + count);
+    }
+    while (zero_count_ < longest_zeros && start + zero_count_ < length_ &&
+           input_[start + zero_count_] == 0) {
+        const auto longer = zeros_child(zero_count_);
+        if (!longer.found()) {
+            return {zeros_[zero_count_], start + zero_count_, longer};
+        }
+        zeros_[++zero_count_] = static_cast<std::uint16_t>(longer.target());
+    }
+    return walk(zeros_[zero_count_], start + zero_count_);
+}
+
 // For the last two bytes of the input.
-match generation::short_match(std::size_t start) const {
+[[gnu::noinline]] match generation::short_match(std::size_t start) const {
     const node first = node_of(input_[start]);
     if (start + 1 == length_) {
         return {first, length_, {}};
@@ -143,11 +141,11 @@ match generation::short_match(std::size_t start) const {
     return pair.found() ? match{pair.target(), length_, {}} : match{first, start + 1, pair};
 }
 
-inline match generation::longest(std::size_t start) {
+[[gnu::always_inline]] inline match generation::longest(std::size_t start) {
     if (start + 3 > length_) {
         return short_match(start);
     }
-    if (eight_zeros_at(start)) {
+    if (has_word(start) && word_at(start) == 0) {
         return zeros_match(start);
     }
     const unsigned char* bytes = input_ + start;

@@ -11,8 +11,10 @@
 //   zeros    node -> the string longer by eight zero bytes; only a short cut
 // A string of three bytes is found as a triple only, every other one as a child.
 //
-// A slot holds, from the top: the byte, the kind, the distance from the key's home slot in probes,
-// and the node. Home, byte and kind tell the key completely, so that no key needs to be stored.
+// Slots go in twos, and both of a two are looked at in one step, without a branch between them. A
+// slot holds, from the top: the byte, the kind, the lowest bit of the node, the distance from the
+// key's home in probes, and the string's node. With the place of the slot this tells the key
+// completely, so that no key needs to be stored.
 #ifndef ZERDIX_IMAGING_STRING_TABLE_H
 #define ZERDIX_IMAGING_STRING_TABLE_H
 
@@ -36,20 +38,20 @@ constexpr std::uint32_t code_of(node n) {
     return n * node_inverse & 0xffff;
 }
 
-inline constexpr std::uint32_t slot_count = 103500;
+inline constexpr std::uint32_t home_count = 51750;
 
-// How far each byte moves a key's home slot away from its node's.
+// How far each byte moves a key's home away from its node's.
 inline constexpr std::array<std::uint32_t, 256> byte_spread = [] {
     std::array<std::uint32_t, 256> offsets{};
     for (std::uint32_t byte = 0; byte < offsets.size(); ++byte) {
-        offsets[byte] = byte * 0x9e3779b1u % slot_count;
+        offsets[byte] = byte * 0x9e3779b1u % home_count;
     }
     return offsets;
 }();
 
 class string_table {
   public:
-    static constexpr std::size_t bytes = slot_count * sizeof(std::uint32_t);
+    static constexpr std::size_t bytes = home_count * sizeof(std::uint64_t);
 
     // Where a key is, or would be.
     struct place {
@@ -61,58 +63,77 @@ class string_table {
         node target() const { return entry & 0xffff; }
     };
 
-    explicit string_table(void* memory) : slots_(static_cast<std::uint32_t*>(memory)) {}
+    explicit string_table(void* memory) : homes_(static_cast<std::uint64_t*>(memory)) {}
 
-    void clear() { std::memset(slots_, 0, bytes); }
+    void clear() { std::memset(homes_, 0, bytes); }
 
     place child(node parent, std::uint32_t byte) const {
-        return find(parent + byte_spread[byte], byte << 8 | 1u << 6);
+        return find(parent, byte_spread[byte], byte << 8 | child_kind);
     }
     place triple(std::uint32_t first, std::uint32_t second, std::uint32_t third) const {
-        return find(node_of(first << 8 | second) + byte_spread[third], third << 8 | 2u << 6);
+        return find(node_of(first << 8 | second), byte_spread[third], third << 8 | triple_kind);
     }
-    place zeros(node parent) const { return find(parent + slot_count / 2, 3u << 6); }
+    place zeros(node parent) const { return find(parent, home_count / 2, zeros_kind); }
 
     // False when there is no room for the key.
     bool add(const place& at, node target) {
         if (at.tag == no_room) {
             return false;
         }
-        slots_[at.slot] = at.tag << 16 | target;
+        homes_[at.slot / 2] |= std::uint64_t{at.tag << 16 | target} << (at.slot % 2 * 32);
         return true;
     }
 
   private:
+    static constexpr std::uint32_t child_kind = 1u << 6;
+    static constexpr std::uint32_t triple_kind = 2u << 6;
+    static constexpr std::uint32_t zeros_kind = 3u << 6;
+    static constexpr std::uint32_t distance_limit = 1u << 5;
     static constexpr std::uint32_t no_room = ~0u;
-    static constexpr std::uint32_t distance_limit = 64;
 
-    static std::uint32_t wrap(std::uint32_t slot) {
-        const std::uint32_t wrapped = slot - slot_count;
-        return slot < slot_count ? slot : wrapped;
+    static std::uint32_t wrap(std::uint32_t home) {
+        const std::uint32_t wrapped = home - home_count;
+        return home < home_count ? home : wrapped;
     }
 
-    place find(std::uint32_t home, std::uint32_t tag) const {
-        const std::uint32_t slot = wrap(home);
-        const std::uint32_t entry = slots_[slot];
-        if (entry >> 16 == tag || entry == 0) [[likely]] {
-            return {slot, tag, entry};
+    place find(node from, std::uint32_t spread, std::uint32_t tag) const {
+        return look(wrap(from / 2 + spread), tag | from % 2 * distance_limit);
+    }
+
+    // The lower slot of a home is filled first: the key isn't there when the upper one is empty.
+    place look(std::uint32_t home, std::uint32_t tag) const {
+        const std::uint64_t slots = homes_[home];
+        const auto lower = static_cast<std::uint32_t>(slots);
+        const auto upper = static_cast<std::uint32_t>(slots >> 32);
+        const auto entry = static_cast<std::uint32_t>(slots >> (lower >> 16 == tag ? 0 : 32));
+        if (entry >> 16 == tag) [[likely]] {
+            return {0, tag, entry};
         }
-        return probe(slot, tag);
+        if (upper == 0) [[likely]] {
+            return {home * 2 + (lower != 0), tag, 0};
+        }
+        return probe(home, tag);
     }
 
-    // Steps of 1, 2, 3 and so on from the home slot.
-    place probe(std::uint32_t slot, std::uint32_t tag) const {
+    // Steps of 1, 2, 3 and so on from a home that is full.
+    [[gnu::noinline]] place probe(std::uint32_t home, std::uint32_t tag) const {
         for (std::uint32_t step = 1; step < distance_limit; ++step) {
-            slot = wrap(slot + step);
-            const std::uint32_t entry = slots_[slot];
-            if (entry >> 16 == tag + step || entry == 0) {
-                return {slot, tag + step, entry};
+            home = wrap(home + step);
+            ++tag;
+            const std::uint64_t slots = homes_[home];
+            for (const std::uint64_t half : {slots & 0xffffffff, slots >> 32}) {
+                if (half >> 16 == tag) {
+                    return {0, tag, static_cast<std::uint32_t>(half)};
+                }
+            }
+            if (slots >> 32 == 0) {
+                return {home * 2 + (slots != 0), tag, 0};
             }
         }
         return {0, no_room, 0};
     }
 
-    std::uint32_t* slots_;
+    std::uint64_t* homes_;
 };
 
 } // namespace zerdix::imaging

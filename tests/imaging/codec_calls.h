@@ -58,19 +58,36 @@ inline bytes random_bytes(std::size_t length, unsigned seed, unsigned kinds = 25
     return block;
 }
 
-// A page block of 216 bytes a row with black bars of random places on white, each repeated over
-// some rows with jitter at its edges, as print has it.
+// A page block in stored form, 1,728 pixels wide, of lines of text: words of letters from a font of
+// strokes, at any pixel, with white between the lines and at the margins.
 inline bytes page_like(std::size_t rows, unsigned seed) {
+    constexpr std::size_t row_bytes = 216;
     std::mt19937 generator(seed);
-    bytes block(8 + rows * 216);
-    for (std::size_t top = 40; top + 40 < rows; top += 50) {
-        for (std::size_t word = 10; word < 200; word += 1 + generator() % 4) {
-            const auto shape = static_cast<unsigned>(generator());
-            for (std::size_t row = 0; row < 24; ++row) {
-                const unsigned jitter = generator() % 8 == 0 ? 1u << generator() % 8 : 0u;
-                block[8 + (top + row) * 216 + word] =
-                    static_cast<unsigned char>((shape >> row / 6 * 8 & 0xff) ^ jitter);
+    const auto below = [&generator](unsigned limit) {
+        return static_cast<std::size_t>(generator() % limit);
+    };
+    bytes block{0,
+                0,
+                6,
+                0xc0,
+                0,
+                0,
+                static_cast<unsigned char>(rows >> 8),
+                static_cast<unsigned char>(rows)};
+    block.resize(8 + rows * row_bytes);
+    const auto bar = [&](std::size_t left, std::size_t top, std::size_t width, std::size_t height) {
+        for (std::size_t y = top; y < top + height; ++y) {
+            for (std::size_t x = left; x < left + width; ++x) {
+                block[8 + y * row_bytes + x / 8] |= static_cast<unsigned char>(1u << x % 8);
             }
+        }
+    };
+    for (std::size_t top = 200; top + 60 < rows; top += below(9) == 0 ? 90 : 44) {
+        for (std::size_t left = 200; left < 1500; left += below(6) == 0 ? 30 : 19) {
+            const auto letter = below(26);
+            bar(left, top, 3, 26);
+            bar(left + 3, top + letter % 5 * 6, 8 + letter % 3, 3);
+            bar(left + 10 - letter % 4, top + letter % 7, 3, 10 + letter % 11);
         }
     }
     return block;

@@ -45,7 +45,7 @@ TEST(damaged_stream, refusal_leaves_no_output) {
 }
 
 TEST(damaged_stream, cut_at_every_byte) {
-    const bytes plain = codec::page_like(120, 1);
+    const bytes plain = codec::page_like(300, 1);
     const bytes stream = *codec::compress(plain);
     const bytes whole = *codec::expand(stream);
     ASSERT_GT(stream.size(), 1000u); // several widths
