@@ -34,7 +34,8 @@ class wire_bytes {
         return *this;
     }
     wire_bytes& append(const wire_bytes& other) {
-        bytes_.insert(bytes_.end(), other.bytes_.begin(), other.bytes_.end());
+        for (const unsigned char byte : other.bytes_)
+            bytes_.push_back(byte);
         return *this;
     }
 
