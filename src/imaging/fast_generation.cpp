@@ -149,13 +149,14 @@ void generation::add_short_cut(node from, node to) {
         return zeros_match(start);
     }
     const unsigned char* bytes = input_ + start;
-    const auto triple = table_.triple(bytes[0], bytes[1], bytes[2]);
-    if (triple.found()) {
-        return walk(triple.target(), start + 3);
-    }
     const node first = node_of(bytes[0]);
     const auto pair = table_.child(first, bytes[1]);
-    return pair.found() ? match{pair.target(), start + 2, triple} : match{first, start + 1, pair};
+    if (!pair.found()) { // hardly ever on a page, so that the branch costs nothing there
+        return {first, start + 1, pair};
+    }
+    const auto triple = table_.triple(bytes[0], bytes[1], bytes[2]);
+    return triple.found() ? walk(triple.target(), start + 3)
+                          : match{pair.target(), start + 2, triple};
 }
 
 // Gives the next code to the string longer by a byte. False when this table can't go on:

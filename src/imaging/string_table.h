@@ -89,7 +89,9 @@ class string_table {
     static constexpr std::uint32_t triple_kind = 2u << 6;
     static constexpr std::uint32_t zeros_kind = 3u << 6;
     static constexpr std::uint32_t distance_limit = 1u << 5;
+    static constexpr std::uint32_t stride = 1637;
     static constexpr std::uint32_t no_room = ~0u;
+    static_assert((distance_limit - 1) * stride <= home_count);
 
     static std::uint32_t wrap(std::uint32_t home) {
         const std::uint32_t wrapped = home - home_count;
@@ -115,10 +117,11 @@ class string_table {
         return probe(home, tag);
     }
 
-    // Steps of 1, 2, 3 and so on from a home that is full.
+    // Steps of 1, 2, 3 and so on strides from a home that is full. The stride leads far away: the
+    // strings of one byte behind any other, such as zero, fill a whole stretch of homes.
     [[gnu::noinline]] place probe(std::uint32_t home, std::uint32_t tag) const {
         for (std::uint32_t step = 1; step < distance_limit; ++step) {
-            home = wrap(home + step);
+            home = wrap(home + step * stride);
             ++tag;
             const std::uint64_t slots = homes_[home];
             for (const std::uint64_t half : {slots & 0xffffffff, slots >> 32}) {
