@@ -19,7 +19,7 @@ cc -std=c11 -Wall -Wextra -Wpedantic -Werror "$here/driver.c" -o "$folder/driver
 mkdir "$folder/client"
 cp "$here/client.cpp" "$folder/client/"
 cp "$here/client.cmake" "$folder/client/CMakeLists.txt"
-cmake -S "$folder/client" -B "$folder/client/build" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
+cmake -G Ninja -S "$folder/client" -B "$folder/client/build" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
 cmake --build "$folder/client/build" >/dev/null
 
 printf '[Zerdix]\nHost=127.0.0.1\nLogDir=%s\n' "$folder" >"$ZERDIX_INI"

@@ -19,14 +19,22 @@ std::uint32_t padding(std::uint32_t length) {
     return (4 - length % 4) % 4;
 }
 
-// What has arrived is copied in pieces. Where the stream has to wait it is for one byte at a time,
-// with a look at the clock before each, since every wait may last as long as a whole call.
-bool read_bytes(XDR* stream, unsigned char* to, std::size_t size) {
-    while (size > 0) {
-        std::size_t piece = std::min(size, arrived_piece);
+// Copies a piece of what has already arrived; 0 when nothing has.
+std::size_t take_arrived(XDR* stream, unsigned char* to, std::size_t size) {
+    for (std::size_t piece = std::min(size, arrived_piece); piece > 0; piece /= 2)
         if (const auto* run = XDR_INLINE(stream, static_cast<u_int>(piece))) {
             std::memcpy(to, run, piece);
-        } else {
+            return piece;
+        }
+    return 0;
+}
+
+// Where the stream has to wait it is for one byte at a time, with a look at the clock before each,
+// since every wait may last as long as a whole call.
+bool read_bytes(XDR* stream, unsigned char* to, std::size_t size) {
+    while (size > 0) {
+        std::size_t piece = take_arrived(stream, to, size);
+        if (piece == 0) {
             piece = 1;
             if (call_expired() || !XDR_GETBYTES(stream, reinterpret_cast<char*>(to), 1))
                 return false;
