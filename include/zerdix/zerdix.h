@@ -9,6 +9,8 @@
 // timed out the connection is gone, and every operation gives 12 or null until the next
 // GetClientAddr.
 //
+// A null text counts as an empty one.
+//
 // One thread at a time: calls must not overlap, not on different objects either. A call that
 // reaches the server blocks for up to 25 seconds.
 #ifndef ZERDIX_ZERDIX_H

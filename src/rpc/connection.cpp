@@ -19,6 +19,10 @@ namespace {
 
 constexpr trace::tracer trace_lines{"zerdix"};
 
+const char* or_empty(const char* text) {
+    return text != nullptr ? text : "";
+}
+
 void trace_host_error(std::int32_t error, const char* name) {
     switch (error) {
     case platform::host_not_found:
@@ -99,16 +103,17 @@ const char* ZERDIX::clsGetAlphaServer() {
 }
 
 void ZERDIX::setUserId(const char* userid) {
-    session().user_id.assign(userid);
+    session().user_id.assign(or_empty(userid));
     trace_lines.property("ZERDIX::setUserId(): %s", session().user_id.bytes);
 }
 
 void ZERDIX::setAlphaserver(const char* alphaServer) {
-    session().alpha_server.assign(alphaServer);
+    session().alpha_server.assign(or_empty(alphaServer));
     trace_lines.property("ZERDIX::setAlphaserver(): %s", session().alpha_server.bytes);
 }
 
 client* ZERDIX::GetClientAddr(const char* alphaServer) {
+    alphaServer = or_empty(alphaServer);
     trace_lines.entry("<-- ZERDIX::GetClientAddr(): Alpha Server: %s", alphaServer);
     close_handle();
     if (platform::start_sockets() != 0) {

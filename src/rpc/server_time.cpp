@@ -37,5 +37,6 @@ extern "C" std::int32_t setTZ() {
 }
 
 extern "C" std::int32_t str2time_t(const char* text) {
-    return common::parse_send_time(text, ZERDIX::clsGetLanguage(), std::time(nullptr));
+    return common::parse_send_time(text != nullptr ? text : "", ZERDIX::clsGetLanguage(),
+                                   std::time(nullptr));
 }
