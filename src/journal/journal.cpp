@@ -5,11 +5,12 @@
 #include <zerdix/journal.h>
 #include <zerdix/zerdix.h>
 
-#include "journal/requests.h"
+#include "rpc/call.h"
+#include "rpc/fields.h"
 
 using namespace zerdix;
-using journal::user_id;
 using rpc::by_object;
+using rpc::user_id;
 namespace proc = rpc::proc;
 
 JOURNAL::JOURNAL()

@@ -6,12 +6,13 @@
 
 #include <zerdix/journal.h>
 
-#include "journal/requests.h"
+#include "rpc/call.h"
+#include "rpc/fields.h"
 
 using namespace zerdix;
-using journal::field;
-using journal::user_id;
 using rpc::by_object;
+using rpc::field;
+using rpc::user_id;
 namespace proc = rpc::proc;
 
 namespace {

@@ -5,22 +5,17 @@
 
 #include <zerdix/journal.h>
 
-#include "journal/requests.h"
+#include "journal/print_user.h"
+#include "rpc/call.h"
+#include "rpc/fields.h"
 
 using namespace zerdix;
-using journal::field;
 using journal::print_user;
-using journal::user_id;
 using rpc::by_object;
+using rpc::field;
+using rpc::truth;
+using rpc::user_id;
 namespace proc = rpc::proc;
-
-namespace {
-
-boolean truth(int flag) {
-    return {flag != 0 ? 1 : 0};
-}
-
-} // namespace
 
 std::int32_t JOURNAL::createDoc(const char* user) {
     const by_object caller{pClient};

@@ -9,13 +9,15 @@
 #include <zerdix/journal.h>
 
 #include "common/settings.h"
-#include "journal/requests.h"
+#include "journal/print_user.h"
+#include "rpc/call.h"
+#include "rpc/fields.h"
 
 using namespace zerdix;
-using journal::field;
 using journal::print_user;
-using journal::user_id;
 using rpc::by_object;
+using rpc::field;
+using rpc::user_id;
 namespace proc = rpc::proc;
 
 namespace {

@@ -4,14 +4,16 @@
 
 #include <zerdix/telebook.h>
 
+#include "rpc/fields.h"
 #include "telebook/gathered_list.h"
-#include "telebook/requests.h"
+#include "telebook/list_request.h"
 
 using namespace zerdix;
+using rpc::alpha_id;
 using rpc::by_object;
-using telebook::alpha_id;
-using telebook::field;
-using telebook::user_id;
+using rpc::field;
+using rpc::truth;
+using rpc::user_id;
 namespace proc = rpc::proc;
 
 namespace {
@@ -23,10 +25,6 @@ std::string key_of(const o_tgroup& group) {
 
 std::string key_of(const o_tgroupl& member) {
     return std::string{member.tbookid.view()} + '\0' + std::string{member.teleid.view()};
-}
-
-boolean truth(int flag) {
-    return {flag != 0 ? 1 : 0};
 }
 
 } // namespace

@@ -2,14 +2,16 @@
 
 #include <zerdix/telebook.h>
 
+#include "rpc/fields.h"
 #include "telebook/gathered_list.h"
-#include "telebook/requests.h"
+#include "telebook/list_request.h"
 
 using namespace zerdix;
+using rpc::alpha_id;
 using rpc::by_object;
-using telebook::alpha_id;
-using telebook::field;
-using telebook::user_id;
+using rpc::field;
+using rpc::truth;
+using rpc::user_id;
 namespace proc = rpc::proc;
 
 TELEBOOK::TELEBOOK()
@@ -69,8 +71,8 @@ PTRLIST* TELEBOOK::getTBookEntries(const char* tbookid, nettypetype nettype, con
 o_tebul* TELEBOOK::getTBookEntry(const char* tbookid, const char* teleid, int flag) {
     return rpc::fetch<proc::o_get_tbookentry_1>(
         by_object{pClient},
-        {alpha_id(), user_id(), field<10>(tbookid), field<10>(teleid), {flag != 0 ? 1 : 0}},
-        pEntryResult, this);
+        {alpha_id(), user_id(), field<10>(tbookid), field<10>(teleid), truth(flag)}, pEntryResult,
+        this);
 }
 
 std::int32_t TELEBOOK::putTBookEntry(const o_tebul* entry) {

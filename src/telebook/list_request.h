@@ -1,28 +1,11 @@
-// What the argument records of the phone books have in common.
-#ifndef ZERDIX_TELEBOOK_REQUESTS_H
-#define ZERDIX_TELEBOOK_REQUESTS_H
-
-#include <zerdix/zerdix.h>
+// What the list operations of the phone books have in common.
+#ifndef ZERDIX_TELEBOOK_LIST_REQUEST_H
+#define ZERDIX_TELEBOOK_LIST_REQUEST_H
 
 #include "rpc/call.h"
 #include "rpc/list.h"
 
 namespace zerdix::telebook {
-
-template <std::size_t N>
-text<N> field(const char* value) {
-    text<N> filled;
-    filled.assign(value != nullptr ? value : "");
-    return filled;
-}
-
-// The two fields at the head of every argument.
-inline str35 alpha_id() {
-    return field<35>(ZERDIX::clsGetAlphaServer());
-}
-inline str10 user_id() {
-    return field<10>(ZERDIX::clsGetUserId());
-}
 
 // An operation whose answer is a list: keeps the answer in one member and a list of pointers into
 // it in another. Null on failure, with the old list in place but its elements gone.
