@@ -15,8 +15,6 @@ namespace zerdix {
 // the protocol calls str10. A field that a peer filled to the brim has no NUL; view() copes.
 template <std::size_t N>
 struct text {
-    static constexpr std::size_t capacity = N;
-
     char bytes[N + 1];
 
     // The text up to its NUL or to the end of the field. Good as long as the field.

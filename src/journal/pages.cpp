@@ -28,6 +28,7 @@ constexpr std::int32_t largest_block = 32768;
 // A fetch has blocks of one size, and at most so many of them.
 constexpr std::int32_t fetch_block = 16384;
 constexpr int most_fetch_blocks = 100;
+constexpr std::uint32_t most_fetched = fetch_block * most_fetch_blocks;
 
 // The setting is read for each page, so that a change applies from the next one on.
 std::int32_t block_length() {
@@ -42,6 +43,24 @@ std::uint32_t take_block(const a_get_pageb_o& answer, page_dat& page, std::uint3
     const std::uint32_t taken = std::min({told, answer.data.length, room - gathered});
     std::memcpy(page.data + gathered, answer.data.data, taken);
     return taken;
+}
+
+// Fills the page's room block by block; false when a call failed.
+bool fetch_blocks(const by_object& caller, client* handle, a_get_pageb_i request, page_dat& page,
+                  std::uint32_t room, std::uint32_t& gathered) {
+    request.length = fetch_block;
+    for (int i = 0; i < most_fetch_blocks; ++i) {
+        const auto* answer = rpc::call<proc::a_get_pageb_1>(caller, handle, request);
+        if (answer == nullptr)
+            return false;
+        if (answer->data.length == 0)
+            continue;
+        gathered += take_block(*answer, page, gathered, room);
+        if (answer->size < fetch_block)
+            break;
+        request.offset = static_cast<std::int32_t>(gathered);
+    }
+    return true;
 }
 
 } // namespace
@@ -90,29 +109,17 @@ page_dat* JOURNAL::getDocPage(topftype pool, std::int32_t faxid, std::int16_t pa
     if (handle == nullptr)
         return nullptr;
     a_get_pageb_i request{user_id(), pool, faxid, page, pictureType, 0, 0};
-    auto* answer = rpc::call<proc::a_get_pageb_1>(caller, handle, request);
+    const auto* answer = rpc::call<proc::a_get_pageb_1>(caller, handle, request);
     if (answer == nullptr)
         return nullptr;
     std::uint32_t gathered = 0;
     if (answer->size > 0) {
-        const auto room = std::min(static_cast<std::uint32_t>(answer->size),
-                                   std::uint32_t{fetch_block * most_fetch_blocks});
+        const auto room = std::min(static_cast<std::uint32_t>(answer->size), most_fetched);
         std::free(lastPage.data);
         lastPage = {0, static_cast<unsigned char*>(std::malloc(room))};
-        if (lastPage.data == nullptr)
+        if (lastPage.data == nullptr ||
+            !fetch_blocks(caller, handle, request, lastPage, room, gathered))
             return nullptr;
-        request.length = fetch_block;
-        for (int i = 0; i < most_fetch_blocks; ++i) {
-            answer = rpc::call<proc::a_get_pageb_1>(caller, handle, request);
-            if (answer == nullptr)
-                return nullptr;
-            if (answer->data.length == 0)
-                continue;
-            gathered += take_block(*answer, lastPage, gathered, room);
-            if (answer->size < fetch_block)
-                break;
-            request.offset = static_cast<std::int32_t>(gathered);
-        }
     }
     wire::release(wire::result_slot<proc::a_get_pageb_1>::record);
     lastPage.size = gathered;

@@ -11,23 +11,9 @@ namespace {
 
 using namespace zerdix;
 using namespace zerdix::wire;
-using zerdix::testing::memory_stream;
+using zerdix::testing::decode;
+using zerdix::testing::encode;
 using zerdix::testing::wire_bytes;
-
-template <class T>
-bool decode(std::vector<unsigned char> bytes, T& record) {
-    XDR stream = memory_stream(bytes.data(), bytes.size(), XDR_DECODE);
-    return filter(&stream, record);
-}
-
-template <class T>
-std::vector<unsigned char> encode(T& record, std::size_t room) {
-    std::vector<unsigned char> bytes(room);
-    XDR stream = memory_stream(bytes.data(), bytes.size(), XDR_ENCODE);
-    EXPECT_TRUE(filter(&stream, record));
-    bytes.resize(xdr_getpos(&stream));
-    return bytes;
-}
 
 wire_bytes member(const char* group, const char* book, const char* entry) {
     return wire_bytes{}.text(group, 10).text(book, 10).text(entry, 10);

@@ -10,23 +10,14 @@ namespace {
 
 using namespace zerdix;
 using namespace zerdix::wire;
-using zerdix::testing::memory_stream;
+using zerdix::testing::encode;
 using zerdix::testing::wire_bytes;
 
+// The record, and nothing behind it.
 template <class T>
-bool decode(std::vector<unsigned char> bytes, T& record) {
-    XDR stream = memory_stream(bytes.data(), bytes.size(), XDR_DECODE);
-    const bool good = filter(&stream, record);
-    return good && xdr_getpos(&stream) == bytes.size();
-}
-
-template <class T>
-std::vector<unsigned char> encode(T& record) {
-    std::vector<unsigned char> bytes(1u << 16);
-    XDR stream = memory_stream(bytes.data(), bytes.size(), XDR_ENCODE);
-    EXPECT_TRUE(filter(&stream, record));
-    bytes.resize(xdr_getpos(&stream));
-    return bytes;
+bool decode(const std::vector<unsigned char>& bytes, T& record) {
+    std::size_t rest = 0;
+    return zerdix::testing::decode(bytes, record, &rest) && rest == 0;
 }
 
 // The record comes out of the bytes, goes back into the same bytes, and out of no prefix of them.

@@ -3,10 +3,13 @@
 #define ZERDIX_TESTS_WIRE_BYTES_H
 
 #include <cstdint>
+#include <gtest/gtest.h>
 #include <initializer_list>
 #include <rpc/rpc.h>
 #include <string_view>
 #include <vector>
+
+#include "rpc/wire/filter.h"
 
 namespace zerdix::testing {
 
@@ -50,6 +53,25 @@ inline XDR memory_stream(unsigned char* bytes, std::size_t size, xdr_op op) {
     XDR stream;
     xdrmem_create(&stream, reinterpret_cast<char*>(bytes), static_cast<u_int>(size), op);
     return stream;
+}
+
+// True when the record came out; `rest` receives how many bytes it left over.
+template <class T>
+bool decode(std::vector<unsigned char> bytes, T& record, std::size_t* rest = nullptr) {
+    XDR stream = memory_stream(bytes.data(), bytes.size(), XDR_DECODE);
+    const bool good = wire::filter(&stream, record);
+    if (rest != nullptr)
+        *rest = bytes.size() - xdr_getpos(&stream);
+    return good;
+}
+
+template <class T>
+std::vector<unsigned char> encode(T& record, std::size_t room = 1u << 16) {
+    std::vector<unsigned char> bytes(room);
+    XDR stream = memory_stream(bytes.data(), bytes.size(), XDR_ENCODE);
+    EXPECT_TRUE(wire::filter(&stream, record));
+    bytes.resize(xdr_getpos(&stream));
+    return bytes;
 }
 
 } // namespace zerdix::testing
