@@ -19,7 +19,12 @@
 #include <cstdint>
 
 #include <zerdix/export.h>
+#include <zerdix/ptrlist.h>
 #include <zerdix/records.h>
+
+struct a_get_elist_o;
+struct a_get_plist_o;
+struct a_get_slist_o;
 
 class ZX_API JOURNAL {
   public:
@@ -35,6 +40,24 @@ class ZX_API JOURNAL {
     static std::int32_t clssetPCTAsIs();
     static std::int32_t clssetPCTFine();
     static std::int32_t clssetPCTNormal();
+
+    // The lists as last loaded: of a_e_rec, a_p_rec and a_s_rec, in the server's order. Null before
+    // the first load, empty for an empty pool and after a load that failed. Lists and records are
+    // good until the same pool is loaded again, on whichever object.
+    PTRLIST* getEDocPtrList();
+    PTRLIST* getPDocPtrList();
+    PTRLIST* getSDocPtrList();
+
+    // Loads the list of a pool, whole or one block of it; needs a login. 4 when nobody is logged
+    // on, and then the old list stays. A pool that doesn't exist gives 0 and loads nothing. What
+    // the selection and the two values mean is agreed between caller and server; the size of a
+    // block is ZERDIX::clsGetJournalBlockSize().
+    std::int32_t loadDocPtrList(topftype pool, selectiontype selection);
+    std::int32_t loadDocPtrList(topftype pool, selectiontype selection, std::int32_t firstvalue,
+                                std::int32_t secondvalue);
+
+    // Whether the pool holds a document with the bif flag: 1 yes, 0 no; 8 and 12 as usual.
+    std::int32_t isBifStatus(topftype pool);
 
     // One record by id. A document that the server doesn't hold comes back with faxid 0.
     a_e_rec* getEDoc(std::int32_t faxid);
@@ -133,9 +156,15 @@ class ZX_API JOURNAL {
                                std::int16_t fromPage, std::int16_t toPage, const char* printer,
                                std::int16_t copies);
 
+    PTRLIST* pEDocList;
+    PTRLIST* pPDocList;
+    PTRLIST* pSDocList;
     client* pClient;
     char* pLogText;
     page_dat lastPage;
+    a_get_elist_o* pEListResult;
+    a_get_plist_o* pPListResult;
+    a_get_slist_o* pSListResult;
     a_e_rec* pERecResult;
     a_s_rec* pSRecResult;
     a_p_rec* pPRecResult;

@@ -211,12 +211,32 @@ struct a_scanner_rec {
     zerdix::str80 sc_text7;
 };
 
+// A request for the bulletin board: what ZERDIX keeps between two calls of getBoardEntries.
+struct a_get_board_i {
+    std::int16_t boardkind;
+    std::int32_t stamp;     // mark of the last answer, 0 asks for all
+    zerdix::str30 language; // of the session
+};
+
 // An entry of the bulletin board; `next` is null in the last one.
 struct a_board_entry {
     a_board_entry* next;
     zerdix::str10 boardid;
     zerdix::str80 text;
     std::int32_t value;
+};
+
+// A line of a document's log or a row of an external query: at most 100 characters and a NUL, when
+// it comes from a sound server. `next` is null in the last one.
+struct a_log_line {
+    a_log_line* next;
+    zerdix::opaque<101> line;
+};
+
+// What an external query has found. The state belongs to the server's query protocol.
+struct a_fetch_result_o {
+    std::int32_t fetchstate;
+    a_log_line* first; // null: no rows
 };
 
 #endif

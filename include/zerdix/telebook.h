@@ -78,6 +78,44 @@ class ZX_API TELEBOOK {
     std::int32_t putTGroupEntry(const o_tgroupl* entry);
     std::int32_t delTGroupEntry(const char* groupid, const char* tbookid, const char* teleid);
 
+    // The rights of the session's user on a book or a group, from that record's three bytes
+    // `perms`, its owner and its user group: the sum of the values below that the owner's byte
+    // gives when the user is the owner, the group's byte when the user is in the group, and
+    // everybody's. One remote call; when it fails the user counts as no member.
+    char getPermissions(const unsigned char* perms, const char* owner, const char* group);
+
+    // The rights, the same six bits in each of the three bytes.
+    static char clssetPRead();    // 1
+    static char clssetPExecute(); // 2, use
+    static char clssetPAdd();     // 4
+    static char clssetPModify();  // 8, change
+    static char clssetPDelete();  // 16
+    static char clssetPPerm();    // 32, hold the rights
+
+    // Writes the entries of a book to a text file, which is created or overwritten: one entry a
+    // line, teleid;phone;tsi;I or E (in-house or not);F or T (fax or telex);comment; in
+    // Windows-1252, each line ended by a line feed. A net type other than fax and telex asks for
+    // both. 0; 4 a block couldn't be fetched, for whatever reason; 5 the file couldn't be written;
+    // 6 it can't be opened. What was written stays in the file.
+    std::int32_t exportTBook(const char* tbookid, nettypetype nettype, const char* file);
+
+    // Stores each line of such a file as an entry of a book, new or changed. 0; 4 the server
+    // refused an entry; 5 the file can't be read; 6 it can't be opened; 7 no memory; 8 a remote
+    // call failed; 12 no client handle. It stops at the first entry that isn't stored, and what was
+    // stored before stays. Nothing is quoted: a ";" in a field shifts the fields behind it.
+    std::int32_t importTBook(const char* tbookid, const char* file);
+
+    // Asks the server to look up recipients in an external directory. Ten parameters, each may be
+    // null and is cut to 81 bytes. The value is the server's, and what the fetch takes; 12 without
+    // a client handle (or as a value of the server's); below 0 the negated RPC status of a call
+    // that failed, such as -5 for one that timed out.
+    std::int32_t queryExternTBook(const char* tbookid, const char* p0, const char* p1,
+                                  const char* p2, const char* p3, const char* p4, const char* p5,
+                                  const char* p6, const char* p7, const char* p8, const char* p9);
+
+    // What a query has found so far. How often to ask is agreed between caller and server.
+    a_fetch_result_o* fetchExternTBookResult(std::int32_t query);
+
   private:
     PTRLIST* pTBookList;
     PTRLIST* pEntryList;
@@ -95,6 +133,7 @@ class ZX_API TELEBOOK {
     o_tgroup* pTGroupResult;
     o_get_tgroupl_o* pTGroupEntriesResult;
     o_get_tgroupl_o* pTGroupEntryBlockResult;
+    a_fetch_result_o* pFetchResult;
     bool fTGroupCopies;      // the elements of pTGroupList are copies of the list's own
     bool fTGroupEntryCopies; // the same for pTGroupEntryList
 };

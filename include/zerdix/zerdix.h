@@ -4,12 +4,20 @@
 // and language are shared by all objects, and JOURNAL and TELEBOOK work over the same connection.
 // A new object forgets the handle that another one opened, without closing it.
 //
-// Results of the long operations: 0 success, 4 refused, 8 the remote call failed or no connection
-// could be made, 12 there is no client handle. The reason stands in the trace. After a call that
-// timed out the connection is gone, and every operation gives 12 or null until the next
-// GetClientAddr.
+// A desktop client calls login; a print job, which has no user at a desk, sets user and server and
+// calls GetClientAddr alone.
 //
-// A null text counts as an empty one.
+// Results of the long operations, where nothing else is said: 0 success, 4 refused, 8 the remote
+// call failed or no connection could be made, 12 there is no client handle. Operations that give a
+// pointer give null in the last two cases. The reason stands in the trace. After a call that timed
+// out the connection is gone, and every operation gives 12 or null until the next GetClientAddr.
+//
+// Records and lists that an operation returns are the library's: a caller reads them and frees
+// nothing. Each is good until the same operation runs again, on whichever object, or until the
+// object goes, whichever comes first; where more is promised it is said.
+//
+// A null text counts as an empty one. Texts are cut to the width of their field: ids of users,
+// groups, printers and scanners 10 characters, passwords 20, servers 35.
 //
 // One thread at a time: calls must not overlap, not on different objects either. A call that
 // reaches the server blocks for up to 25 seconds.
@@ -19,17 +27,42 @@
 #include <cstdint>
 
 #include <zerdix/export.h>
+#include <zerdix/ptrlist.h>
 #include <zerdix/records.h>
+
+struct a_get_users_o;
+struct a_get_groups_o;
+struct a_get_printers_o;
+struct a_get_scanners_o;
+struct a_get_board_o;
+struct a_get_sigb_o;
 
 class ZX_API ZERDIX {
   public:
     ZERDIX();
 
-    // Doesn't close the connection.
+    // Frees what its operations returned; the connection stays.
     ~ZERDIX();
 
     ZERDIX(const ZERDIX&) = delete;
     ZERDIX& operator=(const ZERDIX&) = delete;
+
+    // Connects to the server and logs the user on. 0; 4 the user is already logged on, 6 the user
+    // is unknown, 8 no connection or a failed call, 9 wrong password, 10 client and server don't
+    // fit together or the server gave a reason of its own, 11 the server can't reach the Omega
+    // server. The password crosses the wire in plain text. User and server are set even when the
+    // login is refused, and the connection then stays open for another try. After a success
+    // clsGetAlphaServer() is the name that the server gives itself.
+    std::int32_t login(const char* userid, const char* password, const char* alphaServer);
+
+    // Logs off and closes the connection. When the call fails (8) both stay as they are.
+    std::int32_t logout();
+
+    // Whether the server still knows the login: 0 yes, 4 no.
+    static std::int32_t clsCheckLogin();
+
+    // 0 when nobody is logged on, as in a print job.
+    static std::int32_t clsGetLoginId();
 
     // The client handle, null when there is none. Good until the connection ends.
     static client* clsGetClient();
@@ -65,6 +98,124 @@ class ZX_API ZERDIX {
     // for once. -1 when the call failed, 12 without a client handle: no block size either.
     static std::int32_t clsGetJournalBlockSize();
     static std::int32_t clsGetTelebookBlockSize();
+
+    // The defaults of the session's user, kept once for the process. getAUserRecord() fetches them
+    // anew, clsGetAUserRecord() only when there are none yet. What a setter has changed stays in
+    // the kept record even when the server didn't take it, until the next getAUserRecord().
+    a_user_rec* getAUserRecord();
+    static a_user_rec* clsGetAUserRecord();
+
+    // Change one of the user's defaults and write the whole record back, so that what this client
+    // doesn't know survives. 8 also when the record can't be fetched first.
+    //
+    // Ids here may have 11 characters. `trays` holds 10 values: per paper source the id of the pool
+    // document that is its background paper, 0 for none. The priority is 0 to 100. `hwfeatures`
+    // and `actions` are sums of the values below.
+    std::int32_t setDefPrinter(const char* printer);
+    std::int32_t setDefScanner(const char* scanner, std::int32_t hwfeatures);
+    std::int32_t setPaperTrays(const std::int32_t* trays);
+    std::int32_t setPriority(std::int16_t priority);
+    std::int32_t setActions(std::int32_t actions);
+
+    // The user's identity on the Omega side, fetched anew.
+    o_user_rec* getOUserRecord();
+
+    // Names who stands in for the user, and whether that is in force. 6 when the server says that
+    // it would close a cycle of replacements; then nothing is changed.
+    std::int32_t setReplacement(const char* userid, const char* alphaid, int active);
+
+    // 0; 6 the user is unknown, 9 the old password is wrong, 8 and 12 as usual; any other value is
+    // the server's own. Both passwords cross the wire in plain text.
+    std::int32_t chgPassword(const char* oldpassword, const char* newpassword);
+
+    // All users, a list of o_user_rec, ordered as the server orders them.
+    // getUserList gathers them block by block as copies, which are good until the next getUserList
+    // or _getUserList on this object. _getUserList asks for all in one call. getUserListB brings
+    // the block of at most `number` users that begins at the given one, "" and "" for the first.
+    // An empty directory is an empty list. The copies of a getUserList that failed half-way go with
+    // the next load.
+    PTRLIST* getUserList();
+    PTRLIST* _getUserList();
+    PTRLIST* getUserListB(const char* userid, const char* alphaid, std::int32_t number);
+
+    // All user groups, a list of a_group_rec.
+    PTRLIST* getUserGroups();
+
+    // Whether the session's user is in a group: 0 yes, 4 no.
+    static std::int32_t clsSearchUserInGroup(const char* groupid);
+
+    // All printers, a list of a_printer_rec, in the three ways of the user lists.
+    PTRLIST* getPrinterList();
+    PTRLIST* _getPrinterList();
+    PTRLIST* getPrinterListB(const char* printerid, std::int32_t number);
+
+    // Lists of a_scanner_rec. What the selector chooses is agreed between caller and server. Each
+    // of the two ends the list of the other.
+    PTRLIST* getFreeScanners(std::int32_t selector);
+    PTRLIST* getAllScanners(std::int32_t selector);
+
+    // The signature of the session's user, bytes that the library doesn't look into. Size 0 when
+    // there is none. One of more than 1,638,400 bytes comes back cut to that length. The record is
+    // the object's, and its bytes are good until the next getSignature on it.
+    page_dat* getSignature();
+    std::int32_t putSignature(const page_dat* signature);
+
+    // The bulletin board's entries that are newer than those of the last call on this object, or
+    // all with `force` 1: the first of a chain. Null when there are none, and on failure.
+    a_board_entry* getBoardEntries(int force);
+
+    // Hardware features of a device.
+    static std::int32_t clssetHWFNormal();   // 0x001, normal resolution
+    static std::int32_t clssetHWFFine();     // 0x002, fine resolution
+    static std::int32_t clssetHWFRes1();     // 0x004, without a meaning here
+    static std::int32_t clssetHWFRes2();     // 0x008, without a meaning here
+    static std::int32_t clssetHWFScan();     // 0x010
+    static std::int32_t clssetHWFHalftone(); // 0x020
+    static std::int32_t clssetHWFPrint();    // 0x040
+    static std::int32_t clssetHWFReceive();  // 0x080
+    static std::int32_t clssetHWFSend();     // 0x100
+    static std::int32_t clssetHWFTelex();    // 0x200
+
+    // What the server does for a user when a document was sent, when that failed, and when one
+    // came.
+    static std::int32_t clssetATPrintSend();    // 0x001
+    static std::int32_t clssetATPrintError();   // 0x002
+    static std::int32_t clssetATPrintReceive(); // 0x004
+    static std::int32_t clssetATMailSend();     // 0x008
+    static std::int32_t clssetATMailError();    // 0x010
+    static std::int32_t clssetATMailReceive();  // 0x020
+    static std::int32_t clssetATLampSend();     // 0x040
+    static std::int32_t clssetATLampError();    // 0x080
+    static std::int32_t clssetATLampReceive();  // 0x100
+    static std::int32_t clssetATVoiceSend();    // 0x200
+    static std::int32_t clssetATVoiceError();   // 0x400
+    static std::int32_t clssetATVoiceReceive(); // 0x800
+
+  private:
+    std::int32_t putAUserRecord(const a_user_rec* record);
+    std::int32_t putOUserRecord(const o_user_rec* record);
+
+    o_user_rec* pouserrec;
+    PTRLIST* pUserGroups;
+    PTRLIST* pUserList;
+    PTRLIST* pUserBlock;
+    PTRLIST* pPrinterList;
+    PTRLIST* pPrinterBlock;
+    PTRLIST* pScannerList;
+    a_get_groups_o* pGroupsResult;
+    a_get_users_o* pUsersResult;
+    a_get_users_o* pUserBlockResult;
+    a_get_printers_o* pPrintersResult;
+    a_get_printers_o* pPrinterBlockResult;
+    a_get_scanners_o* pFreeScannersResult;
+    a_get_scanners_o* pAllScannersResult;
+    a_board_entry* pBoardFirst;
+    a_get_board_i boardRequest;
+    a_get_board_o* pBoardResult;
+    a_get_sigb_o* pSignatureResult;
+    page_dat signature;
+    bool fUserCopies;    // the elements of pUserList are copies of the list's own
+    bool fPrinterCopies; // the same for pPrinterList
 };
 
 #endif

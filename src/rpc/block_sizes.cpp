@@ -62,11 +62,11 @@ std::int32_t get_block_size(const block_size& size) {
 } // namespace
 
 std::int32_t ZERDIX::clsGetJournalBlockSize() {
-    return get_block_size({rpc::session().journal_block_size, "JOURNALBLK",
+    return get_block_size({rpc::session().lJournalBlockSize, "JOURNALBLK",
                            "ZERDIX::clsGetJournalBlockSize()", "Journal"});
 }
 
 std::int32_t ZERDIX::clsGetTelebookBlockSize() {
-    return get_block_size({rpc::session().telebook_block_size, "PHONEBOOKB",
+    return get_block_size({rpc::session().lTelebookBlockSize, "PHONEBOOKB",
                            "ZERDIX::clsGetTelebookBlockSize()", "Telebook"});
 }

@@ -23,13 +23,13 @@ call_error settle_failed_call(client* handle) {
     const rpc_err error = wire::last_error(handle);
     if (error.re_status == RPC_TIMEDOUT) {
         clnt_destroy(handle);
-        session().handle = nullptr;
+        session().pclient = nullptr;
     }
     return {error.re_status, socket_rc};
 }
 
 client* by_session::handle() const {
-    client* present = session().handle;
+    client* present = session().pclient;
     if (present == nullptr) {
         trace_lines.error("%s: Client structure not set\n", name_);
         trace_lines.exit("--> ");
@@ -45,7 +45,7 @@ void by_session::failed(client* handle) const {
 }
 
 client* by_object::handle() const {
-    if (*copy_ != session().handle)
+    if (*copy_ != session().pclient)
         *copy_ = nullptr;
     if (*copy_ == nullptr)
         *copy_ = ZERDIX::clsGetClient();
@@ -54,7 +54,7 @@ client* by_object::handle() const {
 
 void by_object::failed(client* handle) const {
     settle_failed_call(handle);
-    *copy_ = session().handle;
+    *copy_ = session().pclient;
 }
 
 } // namespace zerdix::rpc

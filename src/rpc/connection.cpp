@@ -68,16 +68,16 @@ client* connect_to(sockaddr_in address, std::uint32_t program) {
 }
 
 void close_handle() {
-    if (session().handle != nullptr)
-        clnt_destroy(session().handle);
-    session().handle = nullptr;
+    if (session().pclient != nullptr)
+        clnt_destroy(session().pclient);
+    session().pclient = nullptr;
 }
 
 } // namespace
 
 ZERDIX::ZERDIX() {
     trace_lines.life("C <-- ZERDIX::ZERDIX()");
-    session().handle = nullptr;
+    session().pclient = nullptr;
     trace_lines.life("C --> ZERDIX::ZERDIX()");
 }
 
@@ -88,28 +88,28 @@ ZERDIX::~ZERDIX() {
 
 client* ZERDIX::clsGetClient() {
     trace_lines.property("ZERDIX::clsGetClient()");
-    return session().handle;
+    return session().pclient;
 }
 
 const char* ZERDIX::clsGetUserId() {
-    trace_lines.property("ZERDIX::clsGetUserId(): current UserId %s", session().user_id.bytes);
-    return session().user_id.bytes;
+    trace_lines.property("ZERDIX::clsGetUserId(): current UserId %s", session().str10UserId.bytes);
+    return session().str10UserId.bytes;
 }
 
 const char* ZERDIX::clsGetAlphaServer() {
     trace_lines.property("ZERDIX::clsGetAlphaServer(): current AlphaServer %s",
-                         session().alpha_server.bytes);
-    return session().alpha_server.bytes;
+                         session().str35AlphaServer.bytes);
+    return session().str35AlphaServer.bytes;
 }
 
 void ZERDIX::setUserId(const char* userid) {
-    session().user_id.assign(or_empty(userid));
-    trace_lines.property("ZERDIX::setUserId(): %s", session().user_id.bytes);
+    session().str10UserId.assign(or_empty(userid));
+    trace_lines.property("ZERDIX::setUserId(): %s", session().str10UserId.bytes);
 }
 
 void ZERDIX::setAlphaserver(const char* alphaServer) {
-    session().alpha_server.assign(or_empty(alphaServer));
-    trace_lines.property("ZERDIX::setAlphaserver(): %s", session().alpha_server.bytes);
+    session().str35AlphaServer.assign(or_empty(alphaServer));
+    trace_lines.property("ZERDIX::setAlphaserver(): %s", session().str35AlphaServer.bytes);
 }
 
 client* ZERDIX::GetClientAddr(const char* alphaServer) {
@@ -129,18 +129,18 @@ client* ZERDIX::GetClientAddr(const char* alphaServer) {
         return nullptr;
     }
     const sockaddr_in address = socket_address(host.address);
-    session().handle = connect_to(address, rpc_prog_nr(wire::ZERDIX_PROG));
-    if (session().handle == nullptr)
+    session().pclient = connect_to(address, rpc_prog_nr(wire::ZERDIX_PROG));
+    if (session().pclient == nullptr)
         trace_create_error();
     trace_lines.exit("--> ZERDIX::GetClientAddr()");
-    return session().handle;
+    return session().pclient;
 }
 
 void ZERDIX::CleanupHostConnection() {
     trace_lines.entry("<-- ZERDIX::CleanupHostConnection():");
     platform::stop_sockets();
     close_handle();
-    session().login_id = 0;
+    session().lLoginId = 0;
     trace_lines.exit("--> ZERDIX::CleanupHostConnection():");
 }
 
@@ -174,17 +174,17 @@ std::int32_t ZERDIX::clsSetLanguage(char letter) {
         trace_lines.exit("--> ZERDIX::clsSetLanguage()");
         return rpc::refused;
     }
-    session().language = letter;
-    session().language_string.assign(locale);
+    session().cLanguage = letter;
+    session().str30LanguageString.assign(locale);
     trace_lines.exit("--> ZERDIX::clsSetLanguage(): [string: %s]", locale);
     return rpc::success;
 }
 
 char ZERDIX::clsGetLanguage() {
-    return session().language;
+    return session().cLanguage;
 }
 
 const char* ZERDIX::clsGetLanguageString() {
-    trace_lines.property("ZERDIX::clsGetLanguageString(): <%s>", session().language_string.bytes);
-    return session().language_string.bytes;
+    trace_lines.property("ZERDIX::clsGetLanguageString(): <%s>", session().str30LanguageString.bytes);
+    return session().str30LanguageString.bytes;
 }

@@ -1,6 +1,6 @@
 // The state of the connection, process-wide: what ZERDIX, JOURNAL and TELEBOOK share.
 //
-// It comes up with the library and stays until the library goes. `handle` is null while the
+// It comes up with the library and stays until the library goes. `pclient` is null while the
 // connection is closed: GetClientAddr opens it, CleanupHostConnection and a call that timed out
 // close it. User, server and language survive the connection and every object.
 #ifndef ZERDIX_RPC_SESSION_H
@@ -11,14 +11,15 @@
 namespace zerdix::rpc {
 
 struct session_state {
-    std::int32_t login_id = 0; // 0: not logged on
-    client* handle = nullptr;
-    char language = 'G';
-    str30 language_string{"german_germany"};
-    str10 user_id{};
-    str35 alpha_server{};
-    std::int32_t journal_block_size = 0; // 0: not asked for yet
-    std::int32_t telebook_block_size = 0;
+    std::int32_t lLoginId = 0; // 0: not logged on
+    client* pclient = nullptr;
+    char cLanguage = 'G';
+    str30 str30LanguageString{"german_germany"};
+    str10 str10UserId{};
+    str35 str35AlphaServer{};
+    std::int32_t lJournalBlockSize = 0; // 0: not asked for yet
+    std::int32_t lTelebookBlockSize = 0;
+    a_user_rec* pauserrec = nullptr; // the user's defaults as last fetched, null: not yet
 };
 
 session_state& session();

@@ -93,14 +93,14 @@ TEST_F(Connection, BlockSizesAreAskedOnceAndCut) {
     const std::tuple<const char*, std::int32_t, std::size_t> cases[] = {
         {"200", 200, 1}, {"201", 200, 1}, {"", 30, 2}, {"many", 30, 2}, {"1", 1, 1}};
     for (const auto& [value, size, asked] : cases) {
-        rpc::session().telebook_block_size = 0;
+        rpc::session().lTelebookBlockSize = 0;
         directory.set_config("PHONEBOOKB", value);
         server.clear_calls();
         EXPECT_EQ(ZERDIX::clsGetTelebookBlockSize(), size) << value;
         EXPECT_EQ(ZERDIX::clsGetTelebookBlockSize(), size) << value;
         EXPECT_EQ(server.calls(), std::vector<int>(asked, 74)) << value;
     }
-    rpc::session().journal_block_size = 0;
+    rpc::session().lJournalBlockSize = 0;
     server.fail(74);
     EXPECT_EQ(ZERDIX::clsGetJournalBlockSize(), -1);
     session.CleanupHostConnection();

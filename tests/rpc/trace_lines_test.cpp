@@ -123,7 +123,7 @@ TEST_F(TraceLines, WhatTheSessionIsAskedForAndTold) {
 TEST_F(TraceLines, ABlockSize) {
     auto& directory = server.store().directory;
     const std::string name = "ZERDIX::clsGetJournalBlockSize()";
-    rpc::session().journal_block_size = 0;
+    rpc::session().lJournalBlockSize = 0;
     lines();
     EXPECT_EQ(ZERDIX::clsGetJournalBlockSize(), 12);
     EXPECT_THAT(lines(), ElementsAre("Entry:<-- " + name,

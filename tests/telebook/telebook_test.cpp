@@ -27,7 +27,7 @@ class Telebook : public ::testing::Test {
     ~Telebook() override { session.CleanupHostConnection(); }
 
     void set_block_size(const char* size) {
-        rpc::session().telebook_block_size = 0;
+        rpc::session().lTelebookBlockSize = 0;
         server.store().directory.set_config("PHONEBOOKB", size);
     }
 

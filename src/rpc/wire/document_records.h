@@ -23,12 +23,6 @@ struct a_s_node {
     a_s_node* next;
 };
 
-// A line of a log or a row of an external query: text with a NUL when it comes from a sound server.
-struct a_log_line {
-    a_log_line* next;
-    zerdix::opaque<101> line;
-};
-
 // The list procedures name the session by its login id, all others name the user.
 struct a_get_elist_i {
     std::int32_t loginid;

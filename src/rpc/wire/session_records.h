@@ -124,12 +124,6 @@ struct a_get_scanners_o {
 };
 using a_get_freescanners_o = a_get_scanners_o;
 
-struct a_get_board_i {
-    std::int16_t boardkind;
-    std::int32_t stamp; // mark of the last answer, 0 asks for all
-    zerdix::str30 language;
-};
-
 struct a_get_board_o {
     a_board_entry* first;
     std::int32_t stamp;

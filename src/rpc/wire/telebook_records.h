@@ -158,10 +158,4 @@ struct o_get_tgroupl_o {
 };
 using o_get_tgrouplb_o = o_get_tgroupl_o;
 
-// The answer of an external query: `fetchstate` belongs to the server's query protocol.
-struct a_fetch_result_o {
-    std::int32_t fetchstate;
-    a_log_line* first;
-};
-
 #endif
