@@ -10,16 +10,17 @@ namespace zerdix::app {
 
 enum exit_code : int {
     exit_ok = 0,
-    exit_usage = 64,       // the command line is wrong
-    exit_bad_data = 65,    // a PDF or a page is damaged, encrypted or empty
-    exit_no_input = 66,    // a file or a page isn't there or can't be read
-    exit_no_receiver = 67, // the server doesn't know the entry or the group
-    exit_no_host = 68,     // the server's name doesn't resolve
-    exit_unavailable = 69, // no port mapper, no server, or no answer from it
-    exit_internal = 70,    // a fault of this program
-    exit_no_output = 73,   // a file can't be written
-    exit_no_dialog = 75,   // no receiver is named, and there is no dialog to ask for one
-    exit_refused = 76,     // the server refused a step
+    exit_usage = 64,         // the command line is wrong
+    exit_bad_data = 65,      // a PDF or a page is damaged, encrypted or empty
+    exit_no_input = 66,      // a file or a page isn't there or can't be read
+    exit_no_receiver = 67,   // the server doesn't know the entry or the group
+    exit_no_host = 68,       // the server's name doesn't resolve
+    exit_unavailable = 69,   // no port mapper, no server, or no answer from it
+    exit_internal = 70,      // a fault of this program
+    exit_no_output = 73,     // a file can't be written
+    exit_no_dialog = 75,     // no receiver is named, and there is no dialog to ask for one
+    exit_refused = 76,       // the server refused a step
+    exit_no_permission = 77, // a wrong password, an unknown user, a password that others may read
     exit_interrupted = 130,
 };
 

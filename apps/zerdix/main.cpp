@@ -8,6 +8,7 @@
 
 #include "commands.h"
 #include "failure.h"
+#include "shell/user_command.h"
 
 namespace {
 
@@ -55,6 +56,7 @@ int run(CLI::App& app, int argc, char** argv) {
 
 int main(int argc, char** argv) {
     std::signal(SIGPIPE, SIG_IGN); // a server that goes away is a failed call
+    set_program_arguments(argv);
     CLI::App app("Send faxes by way of an Alpha server, and look at their pages.");
     describe(app);
     add_print_command(app, argv);

@@ -16,6 +16,7 @@
 #include "print_job.h"
 #include "progress.h"
 #include "settings_choice.h"
+#include "shell/value_text.h"
 
 namespace zerdix::app {
 
@@ -29,10 +30,6 @@ struct print_line {
     int paper = 0, retries = 0, priority = 0;
     std::string resolution;
 };
-
-void note(const std::string& sentence) {
-    std::fprintf(stderr, "zerdix: note: %s\n", sentence.c_str());
-}
 
 std::string job_title(const print_options& options, const pdf_file& pdf) {
     const title_text title = title_of(options.title.value_or(pdf.title()));

@@ -1,0 +1,93 @@
+// A user at work: logged on for the length of a command, with the ways to say how it went.
+//
+// Every operation of the three classes goes through expect() or fetch(), which turn a result into a
+// sentence and an exit code.
+#ifndef ZERDIX_APP_SHELL_DESK_H
+#define ZERDIX_APP_SHELL_DESK_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <zerdix/journal.h>
+#include <zerdix/telebook.h>
+#include <zerdix/zerdix.h>
+
+#include "failure.h"
+#include "link_probe.h"
+#include "shell/report.h"
+
+namespace zerdix::app {
+
+struct desk_options {
+    std::string user, host, password_file, settings;
+    bool as_json = false;
+    bool quiet = false;
+};
+
+class desk {
+  public:
+    // Connects, logs on and takes the server's time zone. Throws failure with the reason.
+    explicit desk(const desk_options& options);
+
+    // Logs off.
+    ~desk();
+    desk(const desk&) = delete;
+    desk& operator=(const desk&) = delete;
+
+    // The objects live as long as this one; pointers they give are good as their headers say.
+    ZERDIX& session() { return session_; }
+    JOURNAL& journal() { return *journal_; }
+    TELEBOOK& books() { return *books_; }
+
+    const report& out() const { return out_; }
+    std::string user() const; // UTF-8
+
+    // Runs an operation whose result is 0 on success. `doing` is a clause without a verb form of
+    // its own, such as "deleting document 17". Throws failure: for 4 with `refused` behind it (a
+    // clause such as "the server refused"), for 8 and 12 with what is wrong with the connection.
+    template <class Operation>
+    void expect(const std::string& doing, Operation operation,
+                const std::string& refused = "the server refused") {
+        const call_watch watch;
+        check(doing, operation(), refused, watch);
+    }
+
+    // Runs an operation that gives a pointer, and null when it failed.
+    template <class Operation>
+    auto& fetch(const std::string& doing, Operation operation) {
+        const call_watch watch;
+        auto* result = operation();
+        if (result == nullptr)
+            lost(doing, watch);
+        return *result;
+    }
+
+    // The failure of a call that got no answer.
+    [[noreturn]] void lost(const std::string& doing, const call_watch& watch) const;
+
+  private:
+    void check(const std::string& doing, std::int32_t result, const std::string& refused,
+               const call_watch& watch) const;
+    void log_on(const desk_options& options);
+
+    report out_;
+    std::string host_; // Windows-1252
+    ZERDIX session_;
+    // After the login, since a new object takes the handle that stands.
+    std::unique_ptr<JOURNAL> journal_;
+    std::unique_ptr<TELEBOOK> books_;
+};
+
+// A list that an operation gave, as references to its records.
+template <class Record>
+std::vector<const Record*> records(const PTRLIST& list) {
+    std::vector<const Record*> all;
+    for (std::uint32_t i = 0; i < list.getSize(); ++i)
+        all.push_back(static_cast<const Record*>(list[i]));
+    return all;
+}
+
+} // namespace zerdix::app
+
+#endif
