@@ -6,7 +6,7 @@
 
 #include <zerdix/ptrlist.h>
 
-#include "rpc/wire/filter.h"
+#include "rpc/call.h"
 
 namespace zerdix::rpc {
 
@@ -28,6 +28,18 @@ PTRLIST* list_of(const Answer& answer) {
     auto* node = answer.first;
     for (std::uint32_t i = 0; i < length; ++i, node = node->next)
         list->setPtr(i, &record_of(*node));
+    return list;
+}
+
+// An operation whose answer is a list: keeps the answer in one member and a list of pointers into
+// it in another. Null on failure, with the old list in place but its elements gone.
+template <class P, class Policy>
+PTRLIST* fetch_list(const Policy& policy, const typename P::argument& argument,
+                    typename P::result*& answer, PTRLIST*& list, const void* holder) {
+    if (fetch<P>(policy, argument, answer, holder) == nullptr)
+        return nullptr;
+    delete list;
+    list = list_of(*answer);
     return list;
 }
 

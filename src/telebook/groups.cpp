@@ -5,8 +5,8 @@
 #include <zerdix/telebook.h>
 
 #include "rpc/fields.h"
-#include "telebook/gathered_list.h"
-#include "telebook/list_request.h"
+#include "rpc/gathered_list.h"
+#include "rpc/list.h"
 
 using namespace zerdix;
 using rpc::alpha_id;
@@ -32,7 +32,7 @@ std::string key_of(const o_tgroupl& member) {
 // Keys go from a record to the next block as fields: one that a server filled to the brim has no
 // NUL to end at.
 PTRLIST* TELEBOOK::getTGroups() {
-    return telebook::gather<o_tgroup>(
+    return rpc::gather<o_tgroup>(
         pTGroupList, fTGroupCopies,
         [this](const o_tgroup* last) {
             str10 start{};
@@ -45,15 +45,15 @@ PTRLIST* TELEBOOK::getTGroups() {
 
 PTRLIST* TELEBOOK::_getTGroups() {
     PTRLIST* fresh = nullptr;
-    telebook::fetch_list<proc::o_get_tgroups_1>(pClient, {alpha_id(), user_id()}, pTGroupsResult,
-                                                fresh, this);
-    return telebook::replace_list<o_tgroup>(pTGroupList, fTGroupCopies, fresh);
+    rpc::fetch_list<proc::o_get_tgroups_1>(by_object{pClient}, {alpha_id(), user_id()},
+                                           pTGroupsResult, fresh, this);
+    return rpc::replace_list<o_tgroup>(pTGroupList, fTGroupCopies, fresh);
 }
 
 PTRLIST* TELEBOOK::getTGroupsB(const char* start, std::int32_t blocksize) {
-    return telebook::fetch_list<proc::o_get_tgroupsb_1>(
-        pClient, {alpha_id(), user_id(), field<10>(start), blocksize}, pTGroupBlockResult,
-        pTGroupBlock, this);
+    return rpc::fetch_list<proc::o_get_tgroupsb_1>(
+        by_object{pClient}, {alpha_id(), user_id(), field<10>(start), blocksize},
+        pTGroupBlockResult, pTGroupBlock, this);
 }
 
 o_tgroup* TELEBOOK::getTGroup(const char* groupid) {
@@ -72,7 +72,7 @@ std::int32_t TELEBOOK::delTGroup(const char* groupid) {
 
 PTRLIST* TELEBOOK::getTGroupEntries(const char* groupid, int flag) {
     const str10 group = field<10>(groupid);
-    return telebook::gather<o_tgroupl>(
+    return rpc::gather<o_tgroupl>(
         pTGroupEntryList, fTGroupEntryCopies,
         [&](const o_tgroupl* last) {
             str10 book{}, entry{};
@@ -88,16 +88,16 @@ PTRLIST* TELEBOOK::getTGroupEntries(const char* groupid, int flag) {
 
 PTRLIST* TELEBOOK::_getTGroupEntries(const char* groupid, int flag) {
     PTRLIST* fresh = nullptr;
-    telebook::fetch_list<proc::o_get_tgroupl_1>(
-        pClient, {alpha_id(), user_id(), field<10>(groupid), truth(flag)}, pTGroupEntriesResult,
-        fresh, this);
-    return telebook::replace_list<o_tgroupl>(pTGroupEntryList, fTGroupEntryCopies, fresh);
+    rpc::fetch_list<proc::o_get_tgroupl_1>(by_object{pClient},
+                                           {alpha_id(), user_id(), field<10>(groupid), truth(flag)},
+                                           pTGroupEntriesResult, fresh, this);
+    return rpc::replace_list<o_tgroupl>(pTGroupEntryList, fTGroupEntryCopies, fresh);
 }
 
 PTRLIST* TELEBOOK::getTGroupEntriesB(const char* groupid, int flag, const char* starttbook,
                                      const char* starttele, std::int32_t blocksize) {
-    return telebook::fetch_list<proc::o_get_tgrouplb_1>(
-        pClient,
+    return rpc::fetch_list<proc::o_get_tgrouplb_1>(
+        by_object{pClient},
         {alpha_id(), user_id(), field<10>(groupid), truth(flag), field<10>(starttbook),
          field<10>(starttele), blocksize},
         pTGroupEntryBlockResult, pTGroupEntryBlock, this);

@@ -3,8 +3,8 @@
 #include <zerdix/telebook.h>
 
 #include "rpc/fields.h"
-#include "telebook/gathered_list.h"
-#include "telebook/list_request.h"
+#include "rpc/gathered_list.h"
+#include "rpc/list.h"
 
 using namespace zerdix;
 using rpc::alpha_id;
@@ -25,9 +25,9 @@ TELEBOOK::TELEBOOK()
 TELEBOOK::~TELEBOOK() {
     delete pTBookList;
     delete pEntryList;
-    telebook::delete_list<o_tgroup>(pTGroupList, fTGroupCopies);
+    rpc::delete_list<o_tgroup>(pTGroupList, fTGroupCopies);
     delete pTGroupBlock;
-    telebook::delete_list<o_tgroupl>(pTGroupEntryList, fTGroupEntryCopies);
+    rpc::delete_list<o_tgroupl>(pTGroupEntryList, fTGroupEntryCopies);
     delete pTGroupEntryBlock;
     rpc::release<proc::o_get_tbooks_1>(pTBooksResult, this);
     rpc::release<proc::o_get_tbook_1>(pTBookResult, this);
@@ -41,8 +41,8 @@ TELEBOOK::~TELEBOOK() {
 }
 
 PTRLIST* TELEBOOK::getTBooks() {
-    return telebook::fetch_list<proc::o_get_tbooks_1>(pClient, {alpha_id(), user_id()},
-                                                      pTBooksResult, pTBookList, this);
+    return rpc::fetch_list<proc::o_get_tbooks_1>(by_object{pClient}, {alpha_id(), user_id()},
+                                                 pTBooksResult, pTBookList, this);
 }
 
 o_tebu* TELEBOOK::getTBook(const char* tbookid) {
@@ -63,8 +63,9 @@ PTRLIST* TELEBOOK::getTBookEntries(const char* tbookid, nettypetype nettype, con
                                    std::int32_t blocksize) {
     const bool one_type = nettype == NETTYPE_FAX || nettype == NETTYPE_TELEX;
     const std::int32_t netmask = one_type ? 1 << nettype : 1 << NETTYPE_FAX | 1 << NETTYPE_TELEX;
-    return telebook::fetch_list<proc::o_get_tbookl_1>(
-        pClient, {alpha_id(), user_id(), field<10>(tbookid), netmask, field<10>(start), blocksize},
+    return rpc::fetch_list<proc::o_get_tbookl_1>(
+        by_object{pClient},
+        {alpha_id(), user_id(), field<10>(tbookid), netmask, field<10>(start), blocksize},
         pEntriesResult, pEntryList, this);
 }
 

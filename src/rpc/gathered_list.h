@@ -1,6 +1,6 @@
 // Lists that are gathered from blocks: their elements are copies that the list's holder owns.
-#ifndef ZERDIX_TELEBOOK_GATHERED_LIST_H
-#define ZERDIX_TELEBOOK_GATHERED_LIST_H
+#ifndef ZERDIX_RPC_GATHERED_LIST_H
+#define ZERDIX_RPC_GATHERED_LIST_H
 
 #include <set>
 #include <string>
@@ -8,7 +8,7 @@
 #include <zerdix/ptrlist.h>
 #include <zerdix/zerdix.h>
 
-namespace zerdix::telebook {
+namespace zerdix::rpc {
 
 // Deletes a list, and its elements first when they are copies.
 template <class Record>
@@ -46,9 +46,9 @@ Record& last_of(PTRLIST& list) {
 
 // Gathers a whole list block by block. `next_block(last)` fetches the block that begins at the
 // record `last`, which comes again as the first record of that block; null asks for the first
-// block. `key(record)` is what a record is asked for by. The list replaces `list`, whose elements
-// are then copies. Null when a block failed: before the first one the old list stays, later the
-// list holds what came so far.
+// block. Whoever traces does it there. `key(record)` is what a record is asked for by. The list
+// replaces `list`, whose elements are then copies. Null when a block failed: before the first one
+// the old list stays, later the list holds what came so far.
 //
 // A block that brings nothing new, or that leads back to a key asked for before, ends the
 // gathering, so that it ends whatever the server does.
@@ -76,6 +76,6 @@ PTRLIST* gather(PTRLIST*& list, bool& copies, NextBlock next_block, Key key) {
     return list;
 }
 
-} // namespace zerdix::telebook
+} // namespace zerdix::rpc
 
 #endif
