@@ -10,6 +10,7 @@
 #include "platform/host_lookup.h"
 #include "platform/sockets.h"
 #include "rpc/call.h"
+#include "rpc/wire/transport.h"
 #include "trace/traced.h"
 
 using namespace zerdix;
@@ -60,11 +61,6 @@ sockaddr_in socket_address(std::uint32_t network_address) {
     address.sin_addr.s_addr = network_address;
     trace_lines.info("ZERDIX::GetClientAddr(): IP address <%s>", inet_ntoa(address.sin_addr));
     return address;
-}
-
-client* connect_to(sockaddr_in address, std::uint32_t program) {
-    int socket = RPC_ANYSOCK;
-    return clnttcp_create(&address, program, wire::ZERDIX_VERS, &socket, 0, 0);
 }
 
 void close_handle() {
@@ -129,7 +125,7 @@ client* ZERDIX::GetClientAddr(const char* alphaServer) {
         return nullptr;
     }
     const sockaddr_in address = socket_address(host.address);
-    session().pclient = connect_to(address, rpc_prog_nr(wire::ZERDIX_PROG));
+    session().pclient = wire::connect(address, rpc_prog_nr(wire::ZERDIX_PROG));
     if (session().pclient == nullptr)
         trace_create_error();
     trace_lines.exit("--> ZERDIX::GetClientAddr()");

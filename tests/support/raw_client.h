@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "rpc/wire/stub.h"
+#include "rpc/wire/transport.h"
 
 namespace zerdix::test {
 
@@ -27,8 +28,7 @@ class raw_client {
         sockaddr_in address{};
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        int socket = RPC_ANYSOCK;
-        handle_ = clnttcp_create(&address, program, wire::ZERDIX_VERS, &socket, 0, 0);
+        handle_ = wire::connect(address, program);
         if (handle_ == nullptr)
             throw std::runtime_error(clnt_spcreateerror("no connection"));
     }

@@ -1,9 +1,6 @@
 #include "rpc/wire/filter.h"
 
 #include <algorithm>
-#include <cstring>
-
-#include "rpc/wire/deadline.h"
 
 namespace zerdix::wire {
 
@@ -12,37 +9,12 @@ namespace {
 // First allocation of a byte field whose bytes haven't come yet.
 constexpr std::uint32_t first_piece = 64u << 10;
 
-// How much is taken at once of what has already arrived.
-constexpr std::size_t arrived_piece = 256;
-
 std::uint32_t padding(std::uint32_t length) {
     return (4 - length % 4) % 4;
 }
 
-// Copies a piece of what has already arrived; 0 when nothing has.
-std::size_t take_arrived(XDR* stream, unsigned char* to, std::size_t size) {
-    for (std::size_t piece = std::min(size, arrived_piece); piece > 0; piece /= 2)
-        if (const auto* run = XDR_INLINE(stream, static_cast<u_int>(piece))) {
-            std::memcpy(to, run, piece);
-            return piece;
-        }
-    return 0;
-}
-
-// Where the stream has to wait it is for one byte at a time, with a look at the clock before each,
-// since every wait may last as long as a whole call.
 bool read_bytes(XDR* stream, unsigned char* to, std::size_t size) {
-    while (size > 0) {
-        std::size_t piece = take_arrived(stream, to, size);
-        if (piece == 0) {
-            piece = 1;
-            if (call_expired() || !XDR_GETBYTES(stream, reinterpret_cast<char*>(to), 1))
-                return false;
-        }
-        to += piece;
-        size -= piece;
-    }
-    return true;
+    return XDR_GETBYTES(stream, reinterpret_cast<char*>(to), static_cast<u_int>(size)) != 0;
 }
 
 bool decode_bytes(XDR* stream, bytes& field, std::uint32_t length) {
@@ -57,7 +29,7 @@ bool decode_bytes(XDR* stream, bytes& field, std::uint32_t length) {
             field.data = grown;
         }
         const std::uint32_t piece = std::min(room - field.length, first_piece);
-        if (call_expired() || !read_bytes(stream, field.data + field.length, piece))
+        if (!read_bytes(stream, field.data + field.length, piece))
             return false;
         field.length += piece;
     }

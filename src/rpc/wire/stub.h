@@ -22,13 +22,11 @@ struct result_slot {
     static inline const void* holder = nullptr;
 };
 
-// One call with everything type-less. True only when the RPC library reports success and the result
-// filter ran to its end: that library takes a reply without any result for a success.
+// One call with everything type-less, over a handle that wire::connect made.
 bool remote_call(CLIENT* handle, std::uint32_t number, xdrproc_t argument_filter, void* argument,
                  xdrproc_t result_filter, void* result);
 
-// The error of the last failed remote_call, as the RPC library tells it; a reply that couldn't be
-// taken counts as RPC_CANTDECODERES, one that took too long as RPC_TIMEDOUT.
+// The error of the handle's last failed call.
 rpc_err last_error(CLIENT* handle);
 
 template <class P>

@@ -1,0 +1,48 @@
+// A connected socket that knows by when the call under way has to be over: every wait lasts at most
+// until then, so that neither a silent nor a dripping peer can stretch the call.
+#ifndef ZERDIX_WIRE_TIMED_SOCKET_H
+#define ZERDIX_WIRE_TIMED_SOCKET_H
+
+#include <chrono>
+#include <rpc/rpc.h>
+
+namespace zerdix::wire {
+
+class timed_socket {
+  public:
+    // The file stays its owner's.
+    explicit timed_socket(int file) : file_(file) {}
+
+    // A call begins and may take this long.
+    void begin(std::chrono::steady_clock::duration time);
+
+    // As record streams want them: all of `length` is written, or what has arrived is read; -1 on
+    // failure. A peer that has gone raises no signal.
+    int write(const char* from, int length);
+    int read(char* to, int room);
+
+    // What went wrong in this call: RPC_SUCCESS, RPC_CANTSEND, RPC_CANTRECV or RPC_TIMEDOUT, and
+    // the system's error number with it.
+    clnt_stat failure() const { return failure_; }
+    int error() const { return error_; }
+
+    // Whether any byte arrived in this call.
+    bool heard() const { return heard_; }
+
+    // Ends the connection for both sides; whatever is tried on it from now on fails.
+    void shut() const;
+
+  private:
+    bool wait(short event, clnt_stat failure);
+    int fail(clnt_stat failure, int error);
+
+    int file_;
+    std::chrono::steady_clock::time_point end_{};
+    clnt_stat failure_ = RPC_SUCCESS;
+    int error_ = 0;
+    bool heard_ = false;
+};
+
+} // namespace zerdix::wire
+
+#endif
