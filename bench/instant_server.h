@@ -2,20 +2,26 @@
 //
 // A child process on loopback, registered with the port mapper under the program number that the
 // environment gives. It answers every procedure of the table at once, with a fixed record (numbers
-// are 1, truth values true, the time zone UTC), looks at no argument and keeps nothing.
+// are 1, truth values true, the time zone UTC) or with the bytes that were handed in for it, looks
+// at no argument and keeps nothing.
 #ifndef ZERDIX_BENCH_INSTANT_SERVER_H
 #define ZERDIX_BENCH_INSTANT_SERVER_H
 
 #include <atomic>
 #include <cstdint>
+#include <map>
 #include <sys/types.h>
+#include <vector>
 
 namespace zerdix::bench {
 
 class instant_server {
   public:
+    // Results as they go on the wire, by procedure number.
+    using replies = std::map<std::uint32_t, std::vector<char>>;
+
     // ZERDIXRPCOFFSET must be set by now. Ends the program with a sentence when it can't start.
-    instant_server();
+    explicit instant_server(replies ready = {});
     // Ends the child. It also ends by itself when its parent goes, and after ten minutes.
     ~instant_server();
     instant_server(const instant_server&) = delete;

@@ -46,12 +46,19 @@ inline void require(bool well, const char* what) {
     std::exit(2);
 }
 
-// Prints the bar's line and passes its verdict on.
-inline bool bar(const char* what, double value, double limit, const char* unit) {
-    const bool reached = value <= limit;
-    std::printf("  bar: %-46s %9.2f, at most %9.2f %s  %s\n", what, value, limit, unit,
+inline bool print_bar(const char* what, double value, const char* side, double limit,
+                      const char* unit, bool reached) {
+    std::printf("  bar: %-46s %9.2f, %s %9.2f %s  %s\n", what, value, side, limit, unit,
                 reached ? "PASS" : "MISS");
     return reached;
+}
+
+// Print the bar's line and pass its verdict on.
+inline bool bar(const char* what, double value, double limit, const char* unit) {
+    return print_bar(what, value, "at most", limit, unit, value <= limit);
+}
+inline bool bar_from_below(const char* what, double value, double limit, const char* unit) {
+    return print_bar(what, value, "at least", limit, unit, value >= limit);
 }
 
 } // namespace zerdix::bench

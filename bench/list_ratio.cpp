@@ -1,0 +1,160 @@
+// Reading lists against the same bytes and the same number of calls through the RPC library, with
+// argument and result as runs of bytes that nobody looks into, from the same server.
+//
+//   a phone book of 100,000 entries by blocks of 200: time
+//   100,000 users in one call: memory
+#include <arpa/inet.h>
+#include <cstdarg>
+#include <memory>
+#include <vector>
+
+#include <zerdix/telebook.h>
+#include <zerdix/zerdix.h>
+
+#include "bench/heap_count.h"
+#include "bench/instant_server.h"
+#include "bench/measure.h"
+#include "rpc/wire/stub.h"
+#include "support/test_server.h"
+
+using namespace zerdix;
+using bench::require;
+namespace proc = wire::proc;
+
+namespace {
+
+constexpr std::int32_t entries = 100000;
+constexpr std::int32_t block = 200;
+constexpr std::int32_t users = 100000;
+constexpr int rounds = 12;
+constexpr double least_rate = 0.8;
+constexpr double most_memory = 2;
+
+using bytes_on_wire = std::vector<char>;
+
+bool_t opaque_bytes(XDR* stream, ...) {
+    std::va_list arguments;
+    va_start(arguments, stream);
+    auto* bytes = va_arg(arguments, bytes_on_wire*);
+    va_end(arguments);
+    return xdr_opaque(stream, bytes->data(), static_cast<u_int>(bytes->size()));
+}
+
+template <class Record>
+bytes_on_wire encoded(Record& record, std::size_t most) {
+    bytes_on_wire buffer(most);
+    XDR stream;
+    xdrmem_create(&stream, buffer.data(), static_cast<u_int>(buffer.size()), XDR_ENCODE);
+    require(wire::filter(&stream, record), "encoding");
+    buffer.resize(xdr_getpos(&stream));
+    return buffer;
+}
+
+// A result with `count` nodes, linked up in place.
+template <class Result, class Node>
+bytes_on_wire list_of(std::vector<Node>& nodes, std::size_t record_bytes) {
+    for (std::size_t i = 0; i + 1 < nodes.size(); ++i)
+        nodes[i].next = &nodes[i + 1];
+    Result result{static_cast<std::int32_t>(nodes.size()), nodes.data()};
+    return encoded(result, nodes.size() * (record_bytes + 4) + 64);
+}
+
+bytes_on_wire entry_block() {
+    std::vector<o_tebul_node> nodes(block);
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        nodes[i].entry.tbookid.assign("common");
+        nodes[i].entry.teleid.assign(std::to_string(100000 + i));
+        nodes[i].entry.comment.assign("Kanzlei Weiss und Partner");
+        nodes[i].entry.phone.assign("+49 30 23125 " + std::to_string(i));
+    }
+    return list_of<o_get_tbookl_o>(nodes, 428);
+}
+
+bytes_on_wire all_users() {
+    std::vector<o_user_node> nodes(users);
+    for (std::size_t i = 0; i < nodes.size(); ++i)
+        nodes[i].user.userid.assign("u" + std::to_string(i));
+    return list_of<a_get_users_o>(nodes, 592);
+}
+
+class direct_client {
+  public:
+    explicit direct_client(std::uint32_t program) {
+        sockaddr_in address{};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        int socket = RPC_ANYSOCK;
+        handle_ = clnttcp_create(&address, program, wire::ZERDIX_VERS, &socket, 0, 0);
+        require(handle_ != nullptr, "clnttcp_create");
+    }
+    ~direct_client() { clnt_destroy(handle_); }
+    direct_client(const direct_client&) = delete;
+    direct_client& operator=(const direct_client&) = delete;
+
+    void call(std::uint32_t number, bytes_on_wire& argument, bytes_on_wire& result) {
+        const clnt_stat status = clnt_call(handle_, number, &opaque_bytes, &argument, &opaque_bytes,
+                                           &result, (timeval{wire::call_seconds, 0}));
+        require(status == RPC_SUCCESS, "clnt_call");
+    }
+
+  private:
+    CLIENT* handle_;
+};
+
+void read_book(TELEBOOK& books) {
+    for (std::int32_t have = 0; have < entries; have += block) {
+        PTRLIST* list = books.getTBookEntries("common", NETTYPE_FAX, "100199", block);
+        require(list != nullptr && list->getSize() == block, "getTBookEntries");
+    }
+}
+
+bool compare_blocks(direct_client& direct, std::size_t result_bytes) {
+    TELEBOOK books;
+    o_get_tbookl_i request{};
+    bytes_on_wire argument = encoded(request, 1024);
+    bytes_on_wire result(result_bytes);
+    bench::best_time ours, theirs;
+    for (int round = 0; round < rounds; ++round) {
+        ours.run([&] { read_book(books); });
+        theirs.run([&] {
+            for (std::int32_t have = 0; have < entries; have += block)
+                direct.call(proc::o_get_tbookl_1::number, argument, result);
+        });
+    }
+    std::printf("%d entries by blocks of %d, best of %d runs each, taking turns\n", entries, block,
+                rounds);
+    std::printf("  getTBookEntries         %9.0f us\n  clnt_call, runs of bytes %8.0f us\n",
+                ours.microseconds(), theirs.microseconds());
+    return bench::bar_from_below("rate : rate of runs of bytes",
+                                 theirs.microseconds() / ours.microseconds(), least_rate, "");
+}
+
+bool measure_users(ZERDIX& session) {
+    bench::reset_heap_peak();
+    const std::size_t before = bench::count_heap().bytes;
+    PTRLIST* list = session._getUserList();
+    const std::size_t peak = bench::count_heap().peak - before;
+    require(list != nullptr && list->getSize() == users, "_getUserList");
+    const double own = static_cast<double>(users) * sizeof(o_user_rec);
+    std::printf("%d users in one call: %zu bytes at most on the heap, the records are %.0f\n",
+                users, peak, own);
+    return bench::bar("peak memory : records", static_cast<double>(peak) / own, most_memory, "");
+}
+
+} // namespace
+
+int main() {
+    const test::temporary_folder folder;
+    const test::client_environment environment{folder.path()};
+    bench::keep_to_one_processor();
+    const bytes_on_wire book = entry_block();
+    const bench::instant_server server{
+        {{proc::o_get_tbookl_1::number, book}, {proc::a_get_users_1::number, all_users()}}};
+    direct_client direct{environment.program()};
+    ZERDIX session;
+    require(session.GetClientAddr("127.0.0.1") != nullptr, "GetClientAddr");
+    const bool rate = compare_blocks(direct, book.size());
+    const bool memory = measure_users(session);
+    session.CleanupHostConnection();
+    return rate && memory ? 0 : 1;
+}
