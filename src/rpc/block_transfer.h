@@ -1,0 +1,58 @@
+// Pages and signatures cross in blocks, one remote call each. The end shows as a block that is
+// shorter than the others, if need be an empty one.
+#ifndef ZERDIX_RPC_BLOCK_TRANSFER_H
+#define ZERDIX_RPC_BLOCK_TRANSFER_H
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+
+#include "rpc/call.h"
+
+namespace zerdix::rpc {
+
+// A fetch has blocks of one size, and at most so many of them.
+constexpr std::int32_t fetch_block = 16384;
+constexpr int most_fetch_blocks = 100;
+constexpr std::uint32_t most_fetched = fetch_block * most_fetch_blocks;
+
+// The room for what a first answer says of the size.
+inline std::uint32_t room_for(std::int32_t size) {
+    return std::min(static_cast<std::uint32_t>(std::max(size, std::int32_t{0})), most_fetched);
+}
+
+// Copies what an answer carries behind what is gathered, and nothing beyond the room. Gives the
+// number of bytes copied.
+template <class Answer>
+std::uint32_t take_block(const Answer& answer, page_dat& into, std::uint32_t gathered,
+                         std::uint32_t room) {
+    const auto told = static_cast<std::uint32_t>(std::max(answer.size, std::int32_t{0}));
+    const std::uint32_t taken = std::min({told, answer.data.length, room - gathered});
+    if (taken > 0)
+        std::memcpy(into.data + gathered, answer.data.data, taken);
+    return taken;
+}
+
+// Sends data in blocks of a length: `send(offset, piece)` makes one call and gives its result, and
+// the first one other than success ends the transfer. The protocol has no offset for data beyond
+// 2 GiB, which is refused before anything is sent.
+template <class Send>
+std::int32_t send_blocks(const page_dat& data, std::int32_t length, Send send) {
+    if (data.size > static_cast<std::uint32_t>(std::numeric_limits<std::int32_t>::max()))
+        return refused;
+    const auto whole = static_cast<std::uint32_t>(length);
+    std::uint32_t offset = 0;
+    for (bytes piece{whole, nullptr}; piece.length == whole; offset += piece.length) {
+        piece.length = std::min(whole, data.size - offset);
+        piece.data = piece.length > 0 ? data.data + offset : nullptr;
+        const std::int32_t rc = send(static_cast<std::int32_t>(offset), piece);
+        if (rc != success)
+            return rc;
+    }
+    return success;
+}
+
+} // namespace zerdix::rpc
+
+#endif
