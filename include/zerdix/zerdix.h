@@ -99,9 +99,10 @@ class ZX_API ZERDIX {
     static std::int32_t clsGetJournalBlockSize();
     static std::int32_t clsGetTelebookBlockSize();
 
-    // The defaults of the session's user, kept once for the process. getAUserRecord() fetches them
-    // anew, clsGetAUserRecord() only when there are none yet. What a setter has changed stays in
-    // the kept record even when the server didn't take it, until the next getAUserRecord().
+    // The defaults of the session's user, kept once for the process until an object comes or goes.
+    // getAUserRecord() fetches them anew, clsGetAUserRecord() only when there are none yet. What a
+    // setter has changed stays in the kept record even when the server didn't take it, until the
+    // next getAUserRecord().
     a_user_rec* getAUserRecord();
     static a_user_rec* clsGetAUserRecord();
 
@@ -121,7 +122,8 @@ class ZX_API ZERDIX {
     o_user_rec* getOUserRecord();
 
     // Names who stands in for the user, and whether that is in force. 6 when the server says that
-    // it would close a cycle of replacements; then nothing is changed.
+    // it would close a cycle of replacements; then nothing is changed. 8 also when the user's
+    // record can't be fetched first. The ids may have 11 and 36 characters.
     std::int32_t setReplacement(const char* userid, const char* alphaid, int active);
 
     // 0; 6 the user is unknown, 9 the old password is wrong, 8 and 12 as usual; any other value is
@@ -131,9 +133,9 @@ class ZX_API ZERDIX {
     // All users, a list of o_user_rec, ordered as the server orders them.
     // getUserList gathers them block by block as copies, which are good until the next getUserList
     // or _getUserList on this object. _getUserList asks for all in one call. getUserListB brings
-    // the block of at most `number` users that begins at the given one, "" and "" for the first.
-    // An empty directory is an empty list. The copies of a getUserList that failed half-way go with
-    // the next load.
+    // the block of at most `number` users that begins at the given one, "" and "" for the first;
+    // the ids may have 11 and 36 characters. An empty directory is an empty list. The copies of a
+    // getUserList that failed half-way go with the next load.
     PTRLIST* getUserList();
     PTRLIST* _getUserList();
     PTRLIST* getUserListB(const char* userid, const char* alphaid, std::int32_t number);

@@ -88,13 +88,18 @@ std::int32_t request(const Policy& policy, const typename P::argument& argument)
     return *answer ? success : refused;
 }
 
+// Whether an object holds a result that is still its own.
+template <class P>
+bool holds(const typename P::result* member, const void* holder) {
+    return member != nullptr && wire::result_slot<P>::holder == holder;
+}
+
 // Releases a result that an object holds. The record is the procedure's: when another object has
 // called it since, what is in it is that one's.
 template <class P>
 void release(typename P::result*& member, const void* holder) {
-    using slot = wire::result_slot<P>;
-    if (member != nullptr && slot::holder == holder)
-        wire::release(slot::record);
+    if (holds<P>(member, holder))
+        wire::release(*member);
     member = nullptr;
 }
 

@@ -10,19 +10,17 @@
 #include "platform/host_lookup.h"
 #include "platform/sockets.h"
 #include "rpc/call.h"
+#include "rpc/fields.h"
 #include "rpc/wire/transport.h"
 #include "trace/traced.h"
 
 using namespace zerdix;
+using rpc::or_empty;
 using rpc::session;
 
 namespace {
 
 constexpr trace::tracer trace_lines{"zerdix"};
-
-const char* or_empty(const char* text) {
-    return text != nullptr ? text : "";
-}
 
 void trace_host_error(std::int32_t error, const char* name) {
     switch (error) {
@@ -70,17 +68,6 @@ void close_handle() {
 }
 
 } // namespace
-
-ZERDIX::ZERDIX() {
-    trace_lines.life("C <-- ZERDIX::ZERDIX()");
-    session().pclient = nullptr;
-    trace_lines.life("C --> ZERDIX::ZERDIX()");
-}
-
-ZERDIX::~ZERDIX() {
-    trace_lines.life("D <-- ZERDIX::~ZERDIX()");
-    trace_lines.life("D --> ZERDIX::~ZERDIX()");
-}
 
 client* ZERDIX::clsGetClient() {
     trace_lines.property("ZERDIX::clsGetClient()");
@@ -181,6 +168,7 @@ char ZERDIX::clsGetLanguage() {
 }
 
 const char* ZERDIX::clsGetLanguageString() {
-    trace_lines.property("ZERDIX::clsGetLanguageString(): <%s>", session().str30LanguageString.bytes);
+    trace_lines.property("ZERDIX::clsGetLanguageString(): <%s>",
+                         session().str30LanguageString.bytes);
     return session().str30LanguageString.bytes;
 }

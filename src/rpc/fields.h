@@ -7,11 +7,24 @@
 
 namespace zerdix::rpc {
 
-// A text field, cut to its width; a null text counts as an empty one.
+inline const char* or_empty(const char* value) {
+    return value != nullptr ? value : "";
+}
+
+// A text field, cut to its width; a null text counts as an empty one. No more than the width is
+// read, so that a field which a peer filled to the brim may come back as an argument.
 template <std::size_t N>
 text<N> field(const char* value) {
     text<N> filled;
-    filled.assign(value != nullptr ? value : "");
+    filled.assign({or_empty(value), ::strnlen(or_empty(value), N)});
+    return filled;
+}
+
+// The same for fields that may be filled to the brim: N + 1 characters, and then no NUL.
+template <std::size_t N>
+text<N> whole_field(const char* value) {
+    text<N> filled;
+    filled.assign_field({or_empty(value), ::strnlen(or_empty(value), N + 1)});
     return filled;
 }
 

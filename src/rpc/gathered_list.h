@@ -44,6 +44,13 @@ Record& last_of(PTRLIST& list) {
     return *static_cast<Record*>(list[list.getSize() - 1]);
 }
 
+// How many records a block of a gathered list asks for. A block of one would hold nothing but the
+// record that it is asked for by.
+inline std::int32_t block_to_gather() {
+    const std::int32_t size = ZERDIX::clsGetTelebookBlockSize();
+    return size == 1 ? 2 : size;
+}
+
 // Gathers a whole list block by block. `next_block(last)` fetches the block that begins at the
 // record `last`, which comes again as the first record of that block; null asks for the first
 // block. Whoever traces does it there. `key(record)` is what a record is asked for by. The list
@@ -67,7 +74,7 @@ PTRLIST* gather(PTRLIST*& list, bool& copies, NextBlock next_block, Key key) {
         const std::uint32_t fresh = block->getSize() - skip;
         append_copies<Record>(*list, *block, skip);
         // Unsigned on purpose: a block size that couldn't be had (-1) ends the gathering.
-        if (static_cast<std::uint32_t>(ZERDIX::clsGetTelebookBlockSize()) - 1 > fresh)
+        if (static_cast<std::uint32_t>(block_to_gather()) - 1 > fresh)
             break;
         block = next_block(&last_of<Record>(*list));
         if (block == nullptr)

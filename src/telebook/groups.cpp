@@ -38,7 +38,7 @@ PTRLIST* TELEBOOK::getTGroups() {
             str10 start{};
             if (last != nullptr)
                 start.assign(last->groupid.view());
-            return getTGroupsB(start.bytes, ZERDIX::clsGetTelebookBlockSize());
+            return getTGroupsB(start.bytes, rpc::block_to_gather());
         },
         [](const o_tgroup& group) { return key_of(group); });
 }
@@ -81,7 +81,7 @@ PTRLIST* TELEBOOK::getTGroupEntries(const char* groupid, int flag) {
                 entry.assign(last->teleid.view());
             }
             return getTGroupEntriesB(group.bytes, flag, book.bytes, entry.bytes,
-                                     ZERDIX::clsGetTelebookBlockSize());
+                                     rpc::block_to_gather());
         },
         [](const o_tgroupl& member) { return key_of(member); });
 }

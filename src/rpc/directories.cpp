@@ -1,0 +1,184 @@
+// The server's directories: users, user groups, printers and scanners.
+//
+// Users and printers come in three ways: a block, all blocks gathered as copies, and everything in
+// one call. Only the copies are a list's own; the others point into the answers.
+
+#include <string>
+
+#include <zerdix/zerdix.h>
+
+#include "rpc/call.h"
+#include "rpc/fields.h"
+#include "rpc/gathered_list.h"
+#include "rpc/list.h"
+#include "trace/traced.h"
+
+using namespace zerdix;
+using rpc::block_to_gather;
+using rpc::by_session;
+using rpc::or_empty;
+using rpc::session;
+using rpc::whole_field;
+namespace proc = rpc::proc;
+
+namespace {
+
+constexpr trace::tracer trace_lines{"zerdix"};
+
+// The key by which a record is asked for again.
+std::string key_of(const o_user_rec& user) {
+    return std::string{user.userid.view()} + '\0' + std::string{user.alphaid.view()};
+}
+
+// Whether the session's user is among the members, on the session's server.
+bool has_user(const a_get_members_o& members) {
+    std::int32_t left = members.count;
+    for (const auto* node = members.first; node != nullptr && left > 0; node = node->next, --left)
+        if (node->member.userid == session().str10UserId &&
+            node->member.alphaid == session().str35AlphaServer)
+            return true;
+    return false;
+}
+
+} // namespace
+
+PTRLIST* ZERDIX::getUserList() {
+    trace_lines.entry("<-- ZERDIX::getUserList()");
+    const auto next_block = [this](const o_user_rec* last) -> PTRLIST* {
+        if (last == nullptr)
+            return getUserListB("", "", block_to_gather());
+        const std::string userid{last->userid.view()}, alphaid{last->alphaid.view()};
+        trace_lines.info("ZERDIX::getUserList(): get next %ld user list entries from %s:%s",
+                         block_to_gather(), userid.c_str(), alphaid.c_str());
+        PTRLIST* block = getUserListB(userid.c_str(), alphaid.c_str(), block_to_gather());
+        if (block != nullptr)
+            trace_lines.info("ZERDIX::getUserList(): Number of loaded user list entries %ld",
+                             block->getSize());
+        return block;
+    };
+    if (rpc::gather<o_user_rec>(pUserList, fUserCopies, next_block, key_of) == nullptr) {
+        trace_lines.error("ZERDIX::getUserList(): Error returned from getUserListB()");
+        trace_lines.exit("--> ZERDIX::getUserList()");
+        return nullptr;
+    }
+    trace_lines.exit("--> ZERDIX::getUserList(): Number of all loaded user list entries %ld",
+                     pUserList->getSize());
+    return pUserList;
+}
+
+PTRLIST* ZERDIX::_getUserList() {
+    trace_lines.entry("<-- ZERDIX::_getUserList()");
+    PTRLIST* fresh = nullptr;
+    if (rpc::fetch_list<proc::a_get_users_1>(by_session{"ZERDIX::_getUserList()"}, {}, pUsersResult,
+                                             fresh, this) == nullptr)
+        return nullptr;
+    trace_lines.exit("--> ZERDIX::_getUserList(): Number of Users: %ld\n", fresh->getSize());
+    return rpc::replace_list<o_user_rec>(pUserList, fUserCopies, fresh);
+}
+
+PTRLIST* ZERDIX::getUserListB(const char* userid, const char* alphaid, std::int32_t number) {
+    trace_lines.entry("<-- ZERDIX::getUserListB(): userid: <%s> alphaid: <%s> number: (%ld)",
+                      or_empty(userid), or_empty(alphaid), number);
+    if (rpc::fetch_list<proc::a_get_usersb_1>(
+            by_session{"ZERDIX::getUserListB()"},
+            {whole_field<10>(userid), whole_field<35>(alphaid), number}, pUserBlockResult,
+            pUserBlock, this) == nullptr)
+        return nullptr;
+    trace_lines.exit("--> ZERDIX::getUserListB(): Number of Users: %ld\n", pUserBlock->getSize());
+    return pUserBlock;
+}
+
+PTRLIST* ZERDIX::getUserGroups() {
+    trace_lines.entry("<-- ZERDIX::getUserGroups()");
+    if (rpc::fetch_list<proc::a_get_groups_1>(by_session{"ZERDIX::getUserGroups()"}, {},
+                                              pGroupsResult, pUserGroups, this) == nullptr)
+        return nullptr;
+    trace_lines.exit("--> ZERDIX::getUserGroups(): Number of User Groups: %ld",
+                     pUserGroups->getSize());
+    return pUserGroups;
+}
+
+std::int32_t ZERDIX::clsSearchUserInGroup(const char* groupid) {
+    trace_lines.entry("<-- ZERDIX::clsSearchUserInGroup()");
+    const by_session caller{"ZERDIX::clsSearchUserInGroup()"};
+    client* handle = caller.handle();
+    if (handle == nullptr)
+        return rpc::no_client;
+    auto* members = rpc::call<proc::a_get_members_1>(caller, handle, rpc::field<10>(groupid));
+    if (members == nullptr)
+        return rpc::call_failed;
+    const std::int32_t rc = has_user(*members) ? rpc::success : rpc::refused;
+    wire::release(*members);
+    trace_lines.exit("--> ZERDIX::clsSearchUserInGroup(): User in Group: rc = %ld", rc);
+    return rc;
+}
+
+PTRLIST* ZERDIX::getPrinterList() {
+    trace_lines.entry("<-- ZERDIX::getPrinterList()");
+    const auto next_block = [this](const a_printer_rec* last) -> PTRLIST* {
+        if (last == nullptr)
+            return getPrinterListB("", block_to_gather());
+        const std::string printerid{last->printerid.view()};
+        trace_lines.info("ZERDIX::getPrinterList(): get next %ld printer list entries from %s",
+                         block_to_gather(), printerid.c_str());
+        PTRLIST* block = getPrinterListB(printerid.c_str(), block_to_gather());
+        if (block != nullptr)
+            trace_lines.info("ZERDIX::getPrinterList(): Number of loaded printer list entries %ld",
+                             block->getSize());
+        return block;
+    };
+    const auto key = [](const a_printer_rec& printer) {
+        return std::string{printer.printerid.view()};
+    };
+    if (rpc::gather<a_printer_rec>(pPrinterList, fPrinterCopies, next_block, key) == nullptr) {
+        trace_lines.error("ZERDIX::getPrinterList(): Error returned from getPrinterListB()");
+        trace_lines.exit("--> ZERDIX::getPrinterList()");
+        return nullptr;
+    }
+    trace_lines.exit("--> ZERDIX::getPrinterList(): Number of all loaded printer list entries %ld",
+                     pPrinterList->getSize());
+    return pPrinterList;
+}
+
+PTRLIST* ZERDIX::_getPrinterList() {
+    trace_lines.entry("<-- ZERDIX::_getPrinterList()");
+    PTRLIST* fresh = nullptr;
+    if (rpc::fetch_list<proc::a_get_printers_1>(by_session{"ZERDIX::_getPrinterList()"}, {},
+                                                pPrintersResult, fresh, this) == nullptr)
+        return nullptr;
+    trace_lines.exit("--> ZERDIX::_getPrinterList(): Number of Printers: %ld", fresh->getSize());
+    return rpc::replace_list<a_printer_rec>(pPrinterList, fPrinterCopies, fresh);
+}
+
+PTRLIST* ZERDIX::getPrinterListB(const char* printerid, std::int32_t number) {
+    trace_lines.entry("<-- ZERDIX::getPrinterListB(): Printer: <%s> number: (%ld)",
+                      or_empty(printerid), number);
+    if (rpc::fetch_list<proc::a_get_printersb_1>(
+            by_session{"ZERDIX::getPrinterListB()"}, {whole_field<10>(printerid), number},
+            pPrinterBlockResult, pPrinterBlock, this) == nullptr)
+        return nullptr;
+    trace_lines.exit("--> ZERDIX::getPrinterListB(): Number of Printers: %ld\n",
+                     pPrinterBlock->getSize());
+    return pPrinterBlock;
+}
+
+PTRLIST* ZERDIX::getFreeScanners(std::int32_t selector) {
+    trace_lines.entry("<-- ZERDIX::getFreeScanners()");
+    if (rpc::fetch_list<proc::a_get_freescanners_1>(by_session{"ZERDIX::getFreeScanners()"},
+                                                    selector, pFreeScannersResult, pScannerList,
+                                                    this) == nullptr)
+        return nullptr;
+    trace_lines.exit("--> ZERDIX::getFreeScanners(): Number of free scanners: %ld",
+                     pScannerList->getSize());
+    return pScannerList;
+}
+
+PTRLIST* ZERDIX::getAllScanners(std::int32_t selector) {
+    trace_lines.entry("<-- ZERDIX::getAllScanners()");
+    if (rpc::fetch_list<proc::a_get_scanners_1>(by_session{"ZERDIX::getAllScanners()"}, selector,
+                                                pAllScannersResult, pScannerList, this) == nullptr)
+        return nullptr;
+    trace_lines.exit("--> ZERDIX::getAllScanners(): Number of scanners: %ld",
+                     pScannerList->getSize());
+    return pScannerList;
+}

@@ -1,0 +1,172 @@
+// Logging on and off, and whether the login still stands.
+
+#include <string>
+
+#include <zerdix/zerdix.h>
+
+#include "rpc/call.h"
+#include "rpc/fields.h"
+#include "trace/traced.h"
+
+using namespace zerdix;
+using rpc::by_session;
+using rpc::or_empty;
+using rpc::session;
+namespace proc = rpc::proc;
+
+namespace {
+
+constexpr trace::tracer trace_lines{"zerdix"};
+
+// What this client can speak; a server must be able to speak all of it.
+constexpr std::int32_t compat_low = 1;
+constexpr std::int32_t compat_high = 8;
+
+// The results of a login that the server refused, beside rpc::result.
+enum login_result : std::int32_t {
+    already_logged_on = 4,
+    user_unknown = 6,
+    wrong_password = 9,
+    not_compatible = 10,
+    other_reason = 10,
+    omega_not_reached = 11,
+};
+
+// What the server says of a login.
+enum login_status : std::int32_t {
+    status_logged_on = 0,
+    status_no_omega = 3,
+    status_already = 4,
+    status_unknown = 6,
+    status_password = 8,
+};
+
+// The calls that a login makes of its own. It closes the connection after one that failed.
+class by_login {
+  public:
+    explicit by_login(const char* name) : name_(name) {}
+
+    void failed(client* handle) const {
+        const rpc::call_error error = rpc::settle_failed_call(handle);
+        trace_lines.error("%s: Error RPC call, status: <%ld> Socket rc: <%ld>", name_, error.status,
+                          error.socket_rc);
+    }
+
+  private:
+    const char* name_;
+};
+
+std::int32_t compare_versions() {
+    const by_login caller{"ZERDIX::login() - a_get_compat_1()"};
+    const auto* range = rpc::call<proc::a_get_compat_1>(caller, session().pclient, {});
+    if (range == nullptr)
+        return rpc::call_failed;
+    if (range->compat_low <= compat_low && range->compat_high >= compat_high)
+        return rpc::success;
+    trace_lines.error("ZERDIX::login(): compatibility range of client (1 - 8) must be within "
+                      "server range (%ld - %ld)",
+                      range->compat_low, range->compat_high);
+    return not_compatible;
+}
+
+std::int32_t refusal(std::int32_t status) {
+    switch (status) {
+    case status_no_omega:
+        trace_lines.error("ZERDIX::login(): Omega server cannot be reached");
+        return omega_not_reached;
+    case status_already:
+        trace_lines.error("ZERDIX::login(): The user %s has already logged on",
+                          session().str10UserId.bytes);
+        return already_logged_on;
+    case status_unknown:
+        trace_lines.error("ZERDIX::login(): The user %s is unknown", session().str10UserId.bytes);
+        return user_unknown;
+    case status_password:
+        trace_lines.error("ZERDIX::login(): Wrong password!");
+        return wrong_password;
+    default:
+        trace_lines.error("ZERDIX::login(): Error No. %ld", status);
+        return other_reason;
+    }
+}
+
+std::int32_t log_on(const a_get_login_i& request) {
+    const by_login caller{"ZERDIX::login() - a_get_login_1()"};
+    auto* answer = rpc::call<proc::a_get_login_1>(caller, session().pclient, request);
+    if (answer == nullptr)
+        return rpc::call_failed;
+    if (answer->status != status_logged_on)
+        return refusal(answer->status);
+    session().lLoginId = answer->loginid;
+    wire::release(*answer);
+    return rpc::success;
+}
+
+} // namespace
+
+std::int32_t ZERDIX::login(const char* userid, const char* password, const char* alphaServer) {
+    trace_lines.entry("<-- ZERDIX::login(): UserId: %s Alpha Server: %s", or_empty(userid),
+                      or_empty(alphaServer));
+    std::int32_t rc = rpc::call_failed;
+    if (GetClientAddr(alphaServer) == nullptr) {
+        trace_lines.error("ZERDIX::login(): GetClientAddrError RPC call");
+    } else {
+        rc = compare_versions();
+        if (rc == rpc::success) {
+            setUserId(userid);
+            setAlphaserver(alphaServer);
+            rc = log_on({session().str10UserId, rpc::field<20>(password)});
+        }
+        if (rc == rpc::call_failed)
+            CleanupHostConnection();
+    }
+    if (rc != rpc::success) {
+        trace_lines.exit("--> ZERDIX::login()");
+        return rc;
+    }
+    // From now on the server goes by the name that it gives itself.
+    if (const o_user_rec* user = getOUserRecord())
+        setAlphaserver(std::string{user->alphaid.view()}.c_str());
+    trace_lines.exit("--> ZERDIX::login(): LoginId: %ld", session().lLoginId);
+    return rpc::success;
+}
+
+// Here and in clsCheckLogin a failed call leaves the connection alone, a timed out one too.
+std::int32_t ZERDIX::logout() {
+    trace_lines.entry("<-- ZERDIX::logout()");
+    client* handle = by_session{"ZERDIX::logout()"}.handle();
+    if (handle == nullptr)
+        return rpc::no_client;
+    a_logout_i request{session().str10UserId, session().lLoginId};
+    const bool answered = wire::stub<proc::a_logout_1>(request, handle) != nullptr;
+    if (answered)
+        CleanupHostConnection();
+    else
+        trace_lines.error("ZERDIX::logout(): Error RPC call");
+    trace_lines.exit("--> ZERDIX::logout()");
+    return answered ? rpc::success : rpc::call_failed;
+}
+
+std::int32_t ZERDIX::clsCheckLogin() {
+    std::int32_t loginid = session().lLoginId;
+    trace_lines.entry("<-- ZERDIX::clsCheckLogin(): LoginId: %ld", loginid);
+    client* handle = by_session{"ZERDIX::clsCheckLogin()"}.handle();
+    if (handle == nullptr)
+        return rpc::no_client;
+    std::int32_t rc = rpc::success;
+    const boolean* known = wire::stub<proc::a_check_login_1>(loginid, handle);
+    if (known == nullptr) {
+        trace_lines.error("ZERDIX::clsCheckLogin(): Error RPC call\n");
+        rc = rpc::call_failed;
+    } else if (!*known) {
+        trace_lines.error("ZERDIX::clsCheckLogin(): No login for id: %ld", loginid);
+        rc = rpc::refused;
+    }
+    trace_lines.exit("--> ZERDIX::clsCheckLogin()");
+    return rc;
+}
+
+std::int32_t ZERDIX::clsGetLoginId() {
+    trace_lines.property("ZERDIX::clsGetLoginId():");
+    return session().lLoginId;
+}
