@@ -61,10 +61,10 @@ desk::~desk() {
 void desk::log_on(const desk_options& options) {
     const std::string user = chosen(options.user, "the user", user_width, common::setting_user());
     host_ = chosen(options.host, "the server's name", host_width, common::setting_host());
-    const std::string password = field_text(
-        "the password", login_password(options.password_file, shown(user)), password_width);
+    password_ = field_text("the password", login_password(options.password_file, shown(user)),
+                           password_width);
     const call_watch watch;
-    const std::int32_t result = session_.login(user.c_str(), password.c_str(), host_.c_str());
+    const std::int32_t result = session_.login(user.c_str(), password_.c_str(), host_.c_str());
     if (result == 0)
         return;
     const failure why = login_failure(result, user, host_, watch);

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include <zerdix/journal.h>
@@ -43,6 +44,9 @@ class desk {
     const report& out() const { return out_; }
     std::string user() const; // UTF-8
 
+    // The password of the login, Windows-1252, for those who change it.
+    const std::string& password() const { return password_; }
+
     // Runs an operation whose result is 0 on success. `doing` is a clause without a verb form of
     // its own, such as "deleting document 17". Throws failure: for 4 with `refused` behind it (a
     // clause such as "the server refused"), for 8 and 12 with what is wrong with the connection.
@@ -51,6 +55,16 @@ class desk {
                 const std::string& refused = "the server refused") {
         const call_watch watch;
         check(doing, operation(), refused, watch);
+    }
+
+    // The same; `why` is asked for the clause only when the server refused. It may look around on
+    // the server for the reason, and throw a failure of its own.
+    template <class Operation, class Reason>
+    requires std::is_invocable_r_v<std::string, Reason>
+    void expect(const std::string& doing, Operation operation, Reason why) {
+        const call_watch watch;
+        const std::int32_t result = operation();
+        check(doing, result, result == 4 ? why() : "the server refused", watch);
     }
 
     // Runs an operation that gives a pointer, and null when it failed.
@@ -73,6 +87,7 @@ class desk {
 
     report out_;
     std::string host_; // Windows-1252
+    std::string password_;
     ZERDIX session_;
     // After the login, since a new object takes the handle that stands.
     std::unique_ptr<JOURNAL> journal_;

@@ -44,8 +44,9 @@ CLI::App* add_command_group(CLI::App& parent, const char* name, const char* desc
 }
 
 CLI::App* add_user_command(CLI::App& parent, const char* name, const char* description,
-                           std::function<void(desk&)> work, std::function<void()> check) {
-    auto options = std::make_shared<desk_options>();
+                           std::function<void(desk&)> work, std::function<void()> check,
+                           std::shared_ptr<desk_options> shared) {
+    auto options = shared ? std::move(shared) : std::make_shared<desk_options>();
     CLI::App* command = parent.add_subcommand(name, description);
     add_shared_options(*command, *options);
     command->callback([options, work = std::move(work), check = std::move(check)] {

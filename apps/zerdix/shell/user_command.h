@@ -20,9 +20,11 @@ CLI::App* add_command_group(CLI::App& parent, const char* name, const char* desc
 
 // Adds a command with the options that all of them share (--user, --host, --password-file,
 // --settings, --json, --quiet). It runs `work` logged on as that user. What is wrong with the
-// arguments is told before that: `check`, when given, runs first and may throw failure.
+// arguments is told before that: `check`, when given, runs first and may throw failure. `shared`
+// is where the options are put, for a command that wants a second name for one of them.
 CLI::App* add_user_command(CLI::App& parent, const char* name, const char* description,
-                           std::function<void(desk&)> work, std::function<void()> check = nullptr);
+                           std::function<void(desk&)> work, std::function<void()> check = nullptr,
+                           std::shared_ptr<desk_options> shared = nullptr);
 
 } // namespace zerdix::app
 
