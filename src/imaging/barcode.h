@@ -1,0 +1,24 @@
+// The barcode of a cover page: Industrial 2 of 5, which carries its digits in the bars alone.
+//
+// A symbol is start, digits, check digit and stop, all made of narrow and wide elements. An element
+// is a bar, for which a wide one begins with 8 black pixels, then a gap of 4 white pixels, then 4
+// black pixels that belong to the next bar. Seen along a row the bars are 4 pixels wide or 12; only
+// the first one has 8, and one of 4 follows behind the stop.
+#ifndef ZERDIX_IMAGING_BARCODE_H
+#define ZERDIX_IMAGING_BARCODE_H
+
+#include <cstddef>
+
+namespace zerdix::imaging {
+
+// What fits on a label, and what a user's record holds.
+inline constexpr std::size_t barcode_longest = 20;
+
+// The symbol as a page block: header in the machine's order, then 50 equal rows, leftmost pixel in
+// bit 7, a set bit black. The block is one of malloc and the caller's. Null when `digits` aren't 1
+// to 20 decimal digits, and when memory ran out: then there is no barcode.
+unsigned char* BuildBarcodeBlock(const char* digits);
+
+} // namespace zerdix::imaging
+
+#endif

@@ -1,0 +1,83 @@
+// The forms of a page, and the ways between them.
+//
+// A page block is width and height, 32 bits each, then the rows from the top of the page to its
+// bottom, (width + 7) / 8 bytes each. There are three forms of it:
+//
+//     form      header                            leftmost pixel   a set bit is
+//     driver    most significant byte first       bit 7            white
+//     stored    most significant byte first       bit 0            black
+//     expanded  the stored one, bytes mirrored    bit 7            black
+//
+// Stored blocks go into the page codec, expanded ones come out of it; the server keeps stored
+// blocks, compressed. Blocks are memory of malloc. While a block is worked on, its header is in the
+// machine's byte order.
+//
+// Results are 1 for success and 0 for failure.
+#ifndef ZERDIX_IMAGING_PAGE_FORMS_H
+#define ZERDIX_IMAGING_PAGE_FORMS_H
+
+#include <cstddef>
+#include <cstdint>
+
+#include <zerdix/records.h>
+
+#include "imaging/bitmap.h"
+
+namespace zerdix::imaging {
+
+inline constexpr std::size_t block_header_size = 8;
+
+// Width and height of a block whose header is in machine order.
+struct block_size {
+    std::int32_t width;
+    std::int32_t height;
+
+    // Header and rows; only for a size within the limits of a bitmap.
+    std::size_t bytes() const {
+        return block_header_size + row_bytes(width) * static_cast<std::size_t>(height);
+    }
+};
+block_size read_block_size(const unsigned char* block);
+void write_block_size(unsigned char* block, block_size size);
+
+// Whether a block of `bytes` bytes with its header in machine order holds a page within the limits
+// of a bitmap and all of its rows.
+bool is_whole_block(const unsigned char* block, std::size_t bytes);
+
+// Makes an all-white bitmap, white-first, with a palette. What the record held before is forgotten,
+// not released, here and below. Tells the user about failures in a message box.
+int CreateEmptyBitmap(LeadBitmap* bitmap, std::int32_t width, std::int32_t height);
+
+// Makes a bitmap of a block whose header is in machine order; it ends black-first, which shows
+// driver rows right and expanded rows as a negative. With `releaseBlock` other than 0 the block is
+// freed, on failure too. The block isn't told its own length: a caller that didn't make it asks
+// is_whole_block first.
+int ConvertBmToLead(unsigned char* block, LeadBitmap* bitmap, int releaseBlock);
+
+// Makes a bitmap of a compressed page: expanded rows, black-first, so that L_InvertBitmap gives
+// the picture. A stream that isn't one of the codec's posts a quit request with code 1.
+int ConvertCompressedFaxToLead(const unsigned char* data, std::int32_t size, LeadBitmap* bitmap);
+
+// Makes a compressed page, which the caller frees, of a bitmap's rows, whatever its colour order:
+// `invert` is 1 for driver rows and 0 for expanded rows. On failure `page` stays as it was.
+int ConvertLeadToCompressedFax(page_dat* page, LeadBitmap* bitmap, int invert);
+
+// Releases what the bitmap holds, but not the record. Does no harm twice.
+int FreeLeadBitmap(LeadBitmap* bitmap);
+
+// Turns the order of the four bytes round: a header word between its form and machine order.
+std::uint32_t SwapLong(std::uint32_t value);
+
+// The same with the bits of each byte reversed: a header word of an expanded block.
+std::uint32_t MirrorLong(std::uint32_t value);
+
+// New palettes, which the caller owns; null when memory ran out.
+palette_handle CreateWhiteFirstPalette();
+palette_handle CreateBlackFirstPalette();
+
+// Releases a palette; 0 for none.
+int DeleteObject(palette_handle palette);
+
+} // namespace zerdix::imaging
+
+#endif
