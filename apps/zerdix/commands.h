@@ -9,6 +9,9 @@ class App;
 
 namespace zerdix::app {
 
+// All of them, in the order in which the help names them.
+void add_commands(CLI::App& app, char** arguments);
+
 void add_print_command(CLI::App& app, char** arguments);
 void add_page_command(CLI::App& app, char** arguments);
 

@@ -3,6 +3,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <string>
 
 #include <CLI/CLI.hpp>
 
@@ -25,10 +26,16 @@ void describe(CLI::App& app) {
                "See zerdix(1), zerdix-print(1) and zerdix-page(1).");
 }
 
+// The command as far as it was understood: "zerdix doc list".
+std::string understood(const CLI::App& app) {
+    const auto below = app.get_subcommands();
+    return below.empty() ? app.get_name() : app.get_name() + ' ' + understood(*below.front());
+}
+
 int wrong_usage(const CLI::App& app, const CLI::ParseError& error) {
     if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
         return app.exit(error);
-    std::fprintf(stderr, "zerdix: %s\nTry \"zerdix --help\".\n", error.what());
+    std::fprintf(stderr, "zerdix: %s\nTry \"%s --help\".\n", error.what(), understood(app).c_str());
     return exit_usage;
 }
 
@@ -59,7 +66,6 @@ int main(int argc, char** argv) {
     set_program_arguments(argv);
     CLI::App app("Send faxes by way of an Alpha server, and look at their pages.");
     describe(app);
-    add_print_command(app, argv);
-    add_page_command(app, argv);
+    add_commands(app, argv);
     return run(app, argc, argv);
 }

@@ -15,6 +15,7 @@
 #include "png_file.h"
 #include "server_session.h"
 #include "settings_choice.h"
+#include "shell/one_of.h"
 #include "stored_page.h"
 
 namespace zerdix::app {
@@ -104,7 +105,7 @@ void add_page_command(CLI::App& app, char** arguments) {
         ->add_option("--pool", line->pool,
                      "Where the document lies: desk, out or in "
                      "(default: desk)")
-        ->check(CLI::IsMember({"desk", "out", "in"}).description(""))
+        ->check(one_of({"desk", "out", "in"}))
         ->option_text("POOL");
     command->add_option("--settings", line->settings, "Settings file to use")->option_text("FILE");
     command->footer("Example: zerdix page 17 1 -o page.png --pool out");

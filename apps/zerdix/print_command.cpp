@@ -16,6 +16,7 @@
 #include "print_job.h"
 #include "progress.h"
 #include "settings_choice.h"
+#include "shell/one_of.h"
 #include "shell/value_text.h"
 
 namespace zerdix::app {
@@ -61,13 +62,9 @@ void store_pages(print_job& job, const pdf_file& pdf, progress& shown) {
             note("page " + std::to_string(page) + " may be incomplete: " + pdf.complaint());
         stop_if_interrupted();
         job.store_page(block);
-        shown.stored(page);
+        shown.step(page, "page " + of(page, pdf.pages()) + " stored");
     }
     stop_if_interrupted();
-}
-
-std::string counted(int n, const char* one) {
-    return std::to_string(n) + ' ' + one + (n == 1 ? "" : "s");
 }
 
 // What can be told wrong without the server is told before anything is asked of it.
@@ -84,7 +81,7 @@ void print(const print_options& options) {
     progress shown(stdout, progress::fitting(options.quiet), pdf.pages());
     store_pages(job, pdf, shown);
     if (job.receivers() > 0)
-        shown.sending(job.receivers());
+        shown.step(pdf.pages(), "sending to " + counted(job.receivers(), "receiver"));
     const int jobs = job.send();
     shown.done(options.file + ": " + counted(pdf.pages(), "page") + ", " +
                counted(jobs, "send job") + " made");
@@ -143,7 +140,7 @@ void add_settings(CLI::App& command, print_line& line) {
         ->check(CLI::Range(0, 9).description(""))
         ->option_text("N");
     command.add_option("--resolution", line.resolution, "fine or normal (default: as rendered)")
-        ->check(CLI::IsMember({"fine", "normal"}).description(""))
+        ->check(one_of({"fine", "normal"}))
         ->option_text("HOW");
     command.add_option("--retries", line.retries, "Retries for a busy number, 0 to 9")
         ->check(CLI::Range(0, 9).description(""))

@@ -112,21 +112,25 @@ std::optional<send_time> parse_send_time(const std::string& typed) {
     return time;
 }
 
+std::int32_t send_time_seconds(const send_time& time, std::time_t now) {
+    const std::tm local = completed(time, now);
+    return seconds_of(local, typed_form(local, time.when == send_time::kind::date), now);
+}
+
 std::string send_time_value(const send_time& time, char language, std::time_t now) {
     if (time.when == send_time::kind::now)
         return "NOW";
     if (time.when == send_time::kind::night)
         return "DELAYED";
     const bool dated = time.when == send_time::kind::date;
-    const std::tm local = completed(time, now);
-    const std::string typed = typed_form(local, dated);
-    const std::int32_t seconds = seconds_of(local, typed, now);
+    const std::int32_t seconds = send_time_seconds(time, now);
     const char* date = "";
     const char* clock = "";
     printTime(seconds, language, nullptr, &date, &clock);
     const std::string value = dated ? std::string(date) + ' ' + clock : clock;
     if (str2time_t(value.c_str()) == 0)
-        throw failure(exit_usage, "--at: the session's language has no form for " + typed);
+        throw failure(exit_usage, "--at: the session's language has no form for " +
+                                      typed_form(completed(time, now), dated));
     return value;
 }
 

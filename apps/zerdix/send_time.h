@@ -2,6 +2,7 @@
 #ifndef ZERDIX_APP_SEND_TIME_H
 #define ZERDIX_APP_SEND_TIME_H
 
+#include <cstdint>
 #include <ctime>
 #include <optional>
 #include <string>
@@ -17,6 +18,10 @@ struct send_time {
 
 // "now", "night", "20:15" or "2026-12-31 20:15"; nothing for any other text.
 std::optional<send_time> parse_send_time(const std::string& typed);
+
+// The same as seconds since 1970 UTC, of a clock time or a date. To be called once the process has
+// the server's time zone. Throws failure for a time that is over by `now` or doesn't exist.
+std::int32_t send_time_seconds(const send_time& time, std::time_t now);
 
 // The value of the merge data pair SENDTIME, Windows-1252: a time of day in the form of
 // `language`. To be called once the process has the server's time zone. Throws failure for a time

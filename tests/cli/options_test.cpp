@@ -99,8 +99,8 @@ std::string shown(progress::style style) {
     std::FILE* out = open_memstream(&text, &size);
     {
         progress progress(out, style, 2);
-        progress.stored(1);
-        progress.sending(1);
+        progress.step(1, "page 1 of 2 stored");
+        progress.step(2, "sending to 1 receiver");
         progress.done("done");
     }
     std::fclose(out);

@@ -42,6 +42,7 @@ class desk {
     TELEBOOK& books() { return *books_; }
 
     const report& out() const { return out_; }
+    const std::string& host() const { return host_; } // Windows-1252
     std::string user() const; // UTF-8
 
     // The password of the login, Windows-1252, for those who change it.

@@ -1,0 +1,10 @@
+#include "commands.h"
+
+namespace zerdix::app {
+
+void add_commands(CLI::App& app, char** arguments) {
+    add_print_command(app, arguments);
+    add_page_command(app, arguments);
+}
+
+} // namespace zerdix::app
