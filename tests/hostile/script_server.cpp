@@ -1,7 +1,6 @@
 #include "hostile/script_server.h"
 
 #include <poll.h>
-#include <rpc/pmap_clnt.h>
 #include <stdexcept>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -74,8 +73,7 @@ script_server::script_server()
     if (bind(listener_, generic, length) != 0 || listen(listener_, SOMAXCONN) != 0 ||
         getsockname(listener_, generic, &length) != 0)
         throw std::runtime_error("no socket to listen on");
-    if (!pmap_set(program(), wire::ZERDIX_VERS, IPPROTO_TCP, ntohs(address_.sin_port)))
-        throw std::runtime_error("the port mapper didn't take the server");
+    entry_.emplace(program(), wire::ZERDIX_VERS, address_);
     thread_ = std::thread([this] { serve(); });
 }
 
@@ -83,7 +81,6 @@ script_server::~script_server() {
     stopping_ = true;
     thread_.join();
     close(listener_);
-    pmap_unset(program(), wire::ZERDIX_VERS);
 }
 
 void script_server::on_call(handler answer) {

@@ -11,6 +11,7 @@
 #include <netinet/in.h>
 #include <thread>
 
+#include "alphad/port_mapper.h"
 #include "support/test_server.h"
 #include "wire/wire_bytes.h"
 
@@ -71,6 +72,7 @@ class script_server {
     test::client_environment environment_;
     sockaddr_in address_{};
     int listener_;
+    std::optional<alphad::registration> entry_;
     std::atomic<bool> stopping_{false};
     std::mutex guard_;
     handler answer_;

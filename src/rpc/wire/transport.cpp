@@ -153,10 +153,12 @@ bool transport::send(std::uint32_t procedure, record argument) {
 
 // The header of this call's reply, with the stream at its result.
 bool transport::await_reply(rpc_msg& reply) {
+    none no_result; // what follows the header is taken later
     stream_.x_op = XDR_DECODE;
     do {
         reply = {};
         reply.acpted_rply.ar_verf.oa_base = verifier_;
+        reply.acpted_rply.ar_results.where = reinterpret_cast<char*>(&no_result);
         reply.acpted_rply.ar_results.proc = &xdr_record<none>;
         if (!xdrrec_skiprecord(&stream_) || !xdr_replymsg(&stream_, &reply))
             return false;
