@@ -5,6 +5,7 @@
 #include <zerdix/journal.h>
 #include <zerdix/zerdix.h>
 
+#include "journal/pool_lists.h"
 #include "rpc/call.h"
 #include "rpc/fields.h"
 
@@ -14,13 +15,20 @@ using rpc::user_id;
 namespace proc = rpc::proc;
 
 JOURNAL::JOURNAL()
-    : pClient(ZERDIX::clsGetClient()), pLogText(nullptr), lastPage{0, nullptr},
-      pERecResult(nullptr), pSRecResult(nullptr), pPRecResult(nullptr), pInfResult(nullptr),
-      lCoverId(0) {}
+    : pEDocList(nullptr), pPDocList(nullptr), pSDocList(nullptr), pClient(ZERDIX::clsGetClient()),
+      pLogText(nullptr), lastPage{0, nullptr}, pEListResult(nullptr), pPListResult(nullptr),
+      pSListResult(nullptr), pERecResult(nullptr), pSRecResult(nullptr), pPRecResult(nullptr),
+      pInfResult(nullptr), lCoverId(0) {}
 
 JOURNAL::~JOURNAL() {
+    delete pEDocList;
+    delete pPDocList;
+    delete pSDocList;
     std::free(pLogText);
     std::free(lastPage.data);
+    journal::release_list<journal::incoming>(pEListResult, this);
+    journal::release_list<journal::desk>(pPListResult, this);
+    journal::release_list<journal::outgoing>(pSListResult, this);
     rpc::release<proc::a_get_inf_1>(pInfResult, this);
     rpc::release<proc::a_get_e_1>(pERecResult, this);
     rpc::release<proc::a_get_s_1>(pSRecResult, this);
