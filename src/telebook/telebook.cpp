@@ -5,6 +5,7 @@
 #include "rpc/fields.h"
 #include "rpc/gathered_list.h"
 #include "rpc/list.h"
+#include "telebook/entry_request.h"
 
 using namespace zerdix;
 using rpc::alpha_id;
@@ -19,8 +20,8 @@ TELEBOOK::TELEBOOK()
       pTGroupEntryList(nullptr), pTGroupEntryBlock(nullptr), pClient(ZERDIX::clsGetClient()),
       pTBooksResult(nullptr), pTBookResult(nullptr), pEntriesResult(nullptr), pEntryResult(nullptr),
       pTGroupsResult(nullptr), pTGroupBlockResult(nullptr), pTGroupResult(nullptr),
-      pTGroupEntriesResult(nullptr), pTGroupEntryBlockResult(nullptr), fTGroupCopies(false),
-      fTGroupEntryCopies(false) {}
+      pTGroupEntriesResult(nullptr), pTGroupEntryBlockResult(nullptr), pFetchResult(nullptr),
+      fTGroupCopies(false), fTGroupEntryCopies(false) {}
 
 TELEBOOK::~TELEBOOK() {
     delete pTBookList;
@@ -38,6 +39,7 @@ TELEBOOK::~TELEBOOK() {
     rpc::release<proc::o_get_tgroup_1>(pTGroupResult, this);
     rpc::release<proc::o_get_tgroupl_1>(pTGroupEntriesResult, this);
     rpc::release<proc::o_get_tgrouplb_1>(pTGroupEntryBlockResult, this);
+    rpc::release<proc::a_fetch_result_1>(pFetchResult, this);
 }
 
 PTRLIST* TELEBOOK::getTBooks() {
@@ -61,11 +63,8 @@ std::int32_t TELEBOOK::delTBook(const char* tbookid) {
 
 PTRLIST* TELEBOOK::getTBookEntries(const char* tbookid, nettypetype nettype, const char* start,
                                    std::int32_t blocksize) {
-    const bool one_type = nettype == NETTYPE_FAX || nettype == NETTYPE_TELEX;
-    const std::int32_t netmask = one_type ? 1 << nettype : 1 << NETTYPE_FAX | 1 << NETTYPE_TELEX;
     return rpc::fetch_list<proc::o_get_tbookl_1>(
-        by_object{pClient},
-        {alpha_id(), user_id(), field<10>(tbookid), netmask, field<10>(start), blocksize},
+        by_object{pClient}, telebook::entry_request(tbookid, nettype, field<10>(start), blocksize),
         pEntriesResult, pEntryList, this);
 }
 

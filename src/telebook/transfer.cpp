@@ -1,0 +1,121 @@
+// Phone books to a text file, and from one.
+
+#include <new>
+#include <optional>
+#include <string>
+
+#include <zerdix/telebook.h>
+#include <zerdix/zerdix.h>
+
+#include "rpc/list.h"
+#include "telebook/entry_request.h"
+#include "telebook/transfer_file.h"
+
+using namespace zerdix;
+using rpc::by_object;
+using telebook::line_buffer;
+using telebook::text_file;
+namespace proc = rpc::proc;
+
+namespace {
+
+// Beside those of every operation.
+enum transfer_result : std::int32_t {
+    file_failed = 5,
+    no_file = 6,
+    no_memory = 7,
+};
+
+const o_tebul& entry_at(const PTRLIST& block, std::uint32_t i) {
+    return *static_cast<const o_tebul*>(block[i]);
+}
+
+// The key directly behind an id: the byte behind the tenth character, where an id has its NUL, is
+// the highest there is. So no id lies between the two.
+str10 key_behind(const str10& id) {
+    str10 key{};
+    key.assign_field(id.view());
+    key.bytes[sizeof key.bytes - 1] = '\xff';
+    return key;
+}
+
+// The index of a block's first entry that isn't written yet, `last` being the id written last: a
+// server that reads keys as texts begins again with that one. Nothing when the book can't be gone
+// through: the block leads back, though ids ascend from block to block, or it had room for the
+// repeated entry only.
+std::optional<std::uint32_t> first_fresh(const PTRLIST& block, const str10& last,
+                                         std::int32_t blocksize) {
+    const std::uint32_t end = block.getSize();
+    if (end == 0)
+        return end;
+    const std::uint32_t first = entry_at(block, 0).teleid == last ? 1 : 0;
+    const auto leads_back = [&](std::uint32_t i) {
+        return entry_at(block, i).teleid.view() <= last.view();
+    };
+    const bool lost = first < end ? leads_back(first) || leads_back(end - 1) : blocksize == 1;
+    return lost ? std::nullopt : std::optional{first};
+}
+
+bool write_entries(std::FILE* file, const PTRLIST& block, std::uint32_t first) {
+    std::string lines;
+    for (std::uint32_t i = first; i < block.getSize(); ++i)
+        telebook::append_line(lines, entry_at(block, i));
+    return std::fwrite(lines.data(), 1, lines.size(), file) == lines.size();
+}
+
+// What the last bytes say when they leave the buffer counts too.
+std::int32_t finish(text_file file) {
+    return std::fclose(file.release()) == 0 ? std::int32_t{rpc::success} : file_failed;
+}
+
+} // namespace
+
+std::int32_t TELEBOOK::exportTBook(const char* tbookid, nettypetype nettype, const char* file) {
+    text_file out = telebook::open_file(file, "we");
+    if (out == nullptr)
+        return no_file;
+    const std::int32_t blocksize = ZERDIX::clsGetTelebookBlockSize();
+    if (blocksize < 1)
+        return rpc::refused;
+    o_get_tbookl_i request = telebook::entry_request(tbookid, nettype, {}, blocksize);
+    std::optional<str10> last;
+    for (;;) {
+        const PTRLIST* block = rpc::fetch_list<proc::o_get_tbookl_1>(
+            by_object{pClient}, request, pEntriesResult, pEntryList, this);
+        if (block == nullptr)
+            return rpc::refused;
+        const std::uint32_t count = block->getSize();
+        const auto first = last ? first_fresh(*block, *last, blocksize) : 0;
+        if (!first)
+            return rpc::refused;
+        if (*first == count)
+            return finish(std::move(out));
+        if (!write_entries(out.get(), *block, *first))
+            return file_failed;
+        last = entry_at(*block, count - 1).teleid;
+        request.start = key_behind(*last);
+    }
+}
+
+std::int32_t TELEBOOK::importTBook(const char* tbookid, const char* file) {
+    if (by_object{pClient}.handle() == nullptr)
+        return rpc::no_client;
+    const text_file in = telebook::open_file(file, "re");
+    if (in == nullptr)
+        return no_file;
+    const std::unique_ptr<line_buffer> line{new (std::nothrow) line_buffer};
+    if (line == nullptr)
+        return no_memory;
+    while (std::feof(in.get()) == 0) {
+        const std::size_t length = telebook::read_line(in.get(), *line);
+        if (length == 0 && std::ferror(in.get()) != 0)
+            return file_failed;
+        if (length == 0)
+            continue;
+        const o_tebul entry = telebook::parse_line(line->data(), tbookid);
+        const std::int32_t rc = putTBookEntry(&entry);
+        if (rc != rpc::success)
+            return rc;
+    }
+    return rpc::success;
+}
