@@ -2,6 +2,8 @@
 
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(TIRPC REQUIRED IMPORTED_TARGET libtirpc)
+pkg_check_modules(FREETYPE REQUIRED IMPORTED_TARGET freetype2)
+pkg_check_modules(FONTCONFIG REQUIRED IMPORTED_TARGET fontconfig)
 pkg_check_modules(POPPLER REQUIRED IMPORTED_TARGET poppler-cpp)
 pkg_check_modules(TIFF REQUIRED IMPORTED_TARGET libtiff-4)
 find_package(PNG REQUIRED)
