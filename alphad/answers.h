@@ -9,7 +9,10 @@
 
 #include <optional>
 
+#include "alphad/external_book.h"
+#include "alphad/rights.h"
 #include "alphad/sending.h"
+#include "alphad/sessions.h"
 #include "alphad/store.h"
 #include "rpc/wire/procedures.h"
 
@@ -17,10 +20,20 @@ namespace zerdix::alphad {
 
 namespace proc = wire::proc;
 
+inline boolean yes(bool value) {
+    return {value ? 1 : 0};
+}
+
 class answers {
   public:
     // Both must outlive the object.
-    answers(alphad::store& store, alphad::sending& sending) : store_(store), sending_(sending) {}
+    answers(alphad::store& store, alphad::sending& sending)
+        : store_(store), sending_(sending), rights_(store.users, store.user_groups) {}
+
+    // The next answers are for a call that came over this connection, a number that is never used
+    // twice. One that is gone makes nobody present any more.
+    void use_connection(std::uint64_t number) { connection_ = number; }
+    void connection_gone(std::uint64_t number) { sessions_.connection_gone(number); }
 
     // Documents
     std::int32_t answer(proc::a_create_doc_1, const str10&);
@@ -42,6 +55,8 @@ class answers {
     boolean answer(proc::a_insert_page_1, const a_insert_page_i&);
     boolean answer(proc::a_del_page_1, const a_del_page_i&);
     boolean answer(proc::a_copy_page_1, const a_copy_page_i&);
+    boolean answer(proc::a_put_page_1, const a_put_page_i&);
+    bytes answer(proc::a_get_page_1, const a_get_page_i&);
 
     // Logs
     boolean answer(proc::a_put_log_1, const a_put_log_i&);
@@ -56,9 +71,55 @@ class answers {
     boolean answer(proc::a_restart_job_1, const a_restart_job_i&);
     boolean answer(proc::a_print_doc_1, const a_print_doc_i&);
 
+    // Document lists
+    a_get_elist_o answer(proc::a_get_elist_1, const a_get_elist_i&);
+    a_get_plist_o answer(proc::a_get_plist_1, const a_get_plist_i&);
+    a_get_slist_o answer(proc::a_get_slist_1, const a_get_slist_i&);
+    a_get_elist_o answer(proc::a_get_elistb_1, const a_get_elistb_i&);
+    a_get_plist_o answer(proc::a_get_plistb_1, const a_get_plistb_i&);
+    a_get_slist_o answer(proc::a_get_slistb_1, const a_get_slistb_i&);
+
     // Session
     str80 answer(proc::a_get_config_1, const a_get_config_i&);
     a_get_tz_o answer(proc::a_get_tz_1, const wire::none&);
+    a_get_compat_o answer(proc::a_get_compat_1, const wire::none&);
+    a_get_login_o answer(proc::a_get_login_1, const a_get_login_i&);
+    wire::none answer(proc::a_logout_1, const a_logout_i&);
+    boolean answer(proc::a_check_login_1, const std::int32_t&);
+    std::int32_t answer(proc::a_chg_pw_1, const a_chg_pw_i&);
+
+    // Users
+    a_user_rec answer(proc::a_get_user_1, const str10&);
+    boolean answer(proc::a_put_user_1, const a_user_rec&);
+    o_user_rec answer(proc::o_get_user_1, const o_get_user_i&);
+    boolean answer(proc::o_put_user_1, const o_user_rec&);
+    boolean answer(proc::a_check_cycle_1, const a_check_cycle_i&);
+    a_get_users_o answer(proc::a_get_users_1, const wire::none&);
+    a_get_users_o answer(proc::a_get_usersb_1, const a_get_usersb_i&);
+    a_get_groups_o answer(proc::a_get_groups_1, const wire::none&);
+    a_get_members_o answer(proc::a_get_members_1, const str10&);
+
+    // Devices
+    a_get_printers_o answer(proc::a_get_printers_1, const wire::none&);
+    a_get_printers_o answer(proc::a_get_printersb_1, const a_get_printersb_i&);
+    a_printer_rec answer(proc::a_get_printer_1, const str10&);
+    a_get_scanners_o answer(proc::a_get_scanners_1, const std::int32_t&);
+    a_get_scanners_o answer(proc::a_get_freescanners_1, const std::int32_t&);
+    a_scanner_rec answer(proc::a_get_scanner_1, const str10&);
+    boolean answer(proc::a_scan_doc_1, const a_scan_doc_i&);
+
+    // Signature and bulletin board
+    bytes answer(proc::a_get_sig_1, const str10&);
+    boolean answer(proc::a_put_sig_1, const a_put_sig_i&);
+    a_get_sigb_o answer(proc::a_get_sigb_1, const a_get_sigb_i&);
+    boolean answer(proc::a_put_sigb_1, const a_put_sigb_i&);
+    boolean answer(proc::a_put_board_1, const a_put_board_i&);
+    a_get_board_o answer(proc::a_get_board0_1, const std::int16_t&);
+    a_get_board_o answer(proc::a_get_board_1, const a_get_board_i&);
+
+    // The external phone book
+    std::int32_t answer(proc::a_query_ext_1, const o_query_ext_i&);
+    a_fetch_result_o answer(proc::a_fetch_result_1, const std::int32_t&);
 
     // Phone books
     boolean answer(proc::o_put_tbook_1, const o_put_tbook_i&);
@@ -91,8 +152,20 @@ class answers {
 
     std::string log_text(const str10& user, topftype pool, std::int32_t id) const;
 
+    std::int32_t password_status(const str10& user, const str20& password) const;
+
+    template <class Record>
+    bool may(const str10& user, right wanted, const std::optional<Record>& record) const;
+    template <class Result, class Node, class Record>
+    Result readable_list(const str10& user, record_rows<Record>&& rows, Record Node::*field,
+                         std::int32_t most) const;
+
     alphad::store& store_;
     alphad::sending& sending_;
+    alphad::rights rights_;
+    sessions sessions_;
+    external_book external_;
+    std::uint64_t connection_ = 0;
 };
 
 } // namespace zerdix::alphad

@@ -1,14 +1,7 @@
 #include "alphad/answers.h"
+#include "alphad/document_records.h"
 
 namespace zerdix::alphad {
-
-namespace {
-
-boolean yes(bool value) {
-    return {value ? 1 : 0};
-}
-
-} // namespace
 
 std::optional<document> answers::own(const str10& user, topftype pool, std::int32_t id) const {
     std::optional<document> found = store_.documents.find(id);
@@ -29,7 +22,7 @@ std::optional<document> answers::readable(const str10& user, topftype pool, std:
 }
 
 std::int32_t answers::answer(proc::a_create_doc_1, const str10& user) {
-    if (!store_.directory.knows(user.view()))
+    if (!store_.users.knows(user.view()))
         return 0;
     return store_.documents.create(TOPF_P, user.view());
 }
@@ -45,8 +38,13 @@ boolean answers::answer(proc::a_copy_doc_1, const a_copy_doc_i& in) {
     return yes(true);
 }
 
+// A document that was only made to be printed is removed by any user: who gave a print up knows its
+// id, and nobody else has it in a list.
 boolean answers::answer(proc::a_del_doc_1, const a_del_doc_i& in) {
-    if (!own(in.userid, in.pool, in.faxid))
+    const auto found = store_.documents.find(in.faxid);
+    const bool print_leftover = found && found->pool == in.pool && found->owner == print_user &&
+                                store_.users.knows(in.userid.view());
+    if (!print_leftover && !own(in.userid, in.pool, in.faxid))
         return yes(false);
     store_.documents.remove(in.faxid);
     return yes(true);
@@ -55,15 +53,17 @@ boolean answers::answer(proc::a_del_doc_1, const a_del_doc_i& in) {
 // To a user of this server alone: the first target name is the user's, the second one isn't used.
 boolean answers::answer(proc::a_forward_doc_1, const a_forward_doc_i& in) {
     const auto source = readable(in.userid, in.pool, in.faxid);
-    const bool local = in.targetalpha.empty() ||
-                       in.targetalpha == std::string_view{store_.directory.config("ALPHAID")};
+    const bool local = store_.directory.is_here(in.targetalpha.view());
     const bool pool_fits = in.targetpool == TOPF_E || in.targetpool == TOPF_P;
-    if (!source || !local || !pool_fits || !store_.directory.knows(in.targetone.view()))
+    if (!source || !local || !pool_fits || !store_.users.knows(in.targetone.view()))
         return yes(false);
     const std::int32_t copy =
         store_.documents.create(in.targetpool, in.targetone.view(), source->comment);
     store_.pages.copy_all(source->id, copy);
     store_.logs.copy(source->id, copy);
+    document origin = *source;
+    origin.forwarder = in.userid.view();
+    store_.documents.set_origin(copy, origin);
     store_.documents.set_bif(copy, true);
     return yes(true);
 }
@@ -94,37 +94,18 @@ boolean answers::answer(proc::a_is_bif_1, const a_is_bif_i& in) {
 }
 
 a_e_rec answers::answer(proc::a_get_e_1, const a_get_e_i& in) {
-    a_e_rec out{};
     const auto found = own(in.userid, TOPF_E, in.faxid);
-    if (!found)
-        return out;
-    out.faxid = found->id;
-    out.userid.assign(found->owner);
-    out.e_value1 = static_cast<std::int32_t>(found->created);
-    out.e_value2 = found->pages;
-    out.e_text1.assign(found->comment);
-    return out;
+    return found ? record_of<a_e_rec>(store_, *found) : a_e_rec{};
 }
 
 a_p_rec answers::answer(proc::a_get_p_1, const a_get_p_i& in) {
-    a_p_rec out{};
     const auto found = readable(in.userid, TOPF_P, in.faxid);
-    if (!found)
-        return out;
-    out.faxid = found->id;
-    out.userid.assign(found->owner);
-    out.p_flag = found->is_public;
-    out.p_value1 = static_cast<std::int32_t>(found->created);
-    out.p_value2 = found->pages;
-    out.p_text.assign(found->comment);
-    return out;
+    return found ? record_of<a_p_rec>(store_, *found) : a_p_rec{};
 }
 
 a_s_rec answers::answer(proc::a_get_s_1, const a_get_s_i& in) {
-    if (!own(in.userid, TOPF_S, in.faxid))
-        return {};
-    const auto job = store_.jobs.find(in.faxid);
-    return job ? job->record : a_s_rec{};
+    const auto found = own(in.userid, TOPF_S, in.faxid);
+    return found ? record_of<a_s_rec>(store_, *found) : a_s_rec{};
 }
 
 } // namespace zerdix::alphad

@@ -2,17 +2,9 @@
 
 namespace zerdix::alphad {
 
-namespace {
-
-boolean yes(bool value) {
-    return {value ? 1 : 0};
-}
-
-} // namespace
-
 std::int32_t answers::answer(proc::a_send_doc_1, const a_send_doc_i& in) {
     const auto desk = own(in.userid, TOPF_P, in.faxid);
-    return desk ? sending_.send(*desk, in.record) : 0;
+    return desk ? sending_.send(in.userid, *desk, in.record) : 0;
 }
 
 boolean answers::answer(proc::a_chg_s_rec_1, const a_chg_s_rec_i& in) {

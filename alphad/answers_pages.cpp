@@ -5,10 +5,6 @@ namespace zerdix::alphad {
 
 namespace {
 
-boolean yes(bool value) {
-    return {value ? 1 : 0};
-}
-
 // The most bytes of one answer, whatever was asked for.
 constexpr std::int32_t most_block = 1 << 20;
 
@@ -52,6 +48,18 @@ boolean answers::answer(proc::a_put_pageb_1, const a_put_pageb_i& in) {
         return yes(false);
     return yes(
         store_.pages.put_block({in.faxid, in.page, in.picturetype}, in.offset, view(in.data)));
+}
+
+// The older forms, a page in one piece.
+boolean answers::answer(proc::a_put_page_1, const a_put_page_i& in) {
+    return yes(own(in.userid, TOPF_P, in.faxid) &&
+               store_.pages.put_block({in.faxid, in.page, in.picturetype}, 0, view(in.data)));
+}
+
+bytes answers::answer(proc::a_get_page_1, const a_get_page_i& in) {
+    if (!readable(in.userid, in.pool, in.faxid))
+        return {0, nullptr};
+    return heap_bytes(store_.pages.picture({in.faxid, in.page, in.picturetype}).value_or(""));
 }
 
 boolean answers::answer(proc::a_insert_page_1, const a_insert_page_i& in) {

@@ -1,6 +1,8 @@
 #include "alphad/database.h"
 
+#include <new>
 #include <sqlite3.h>
+#include <utility>
 
 namespace zerdix::alphad {
 
@@ -27,7 +29,33 @@ database::database(const std::string& path, access mode) {
 }
 
 database::~database() {
+    for (const auto& [sql, compiled] : compiled_)
+        sqlite3_finalize(compiled);
     sqlite3_close(handle_);
+}
+
+sqlite3_stmt* database::take_compiled(const char* sql) const {
+    const auto found = compiled_.find(sql);
+    if (found != compiled_.end() && found->second != nullptr)
+        return std::exchange(found->second, nullptr);
+    sqlite3_stmt* compiled = nullptr;
+    if (sqlite3_prepare_v3(handle_, sql, -1, SQLITE_PREPARE_PERSISTENT, &compiled, nullptr) !=
+        SQLITE_OK)
+        fail(handle_, std::string{"the store doesn't take: "} + sql);
+    return compiled;
+}
+
+// One of a text is kept; a statement that runs inside its own rows has a second one for a while.
+void database::keep_compiled(const char* sql, sqlite3_stmt* compiled) const noexcept {
+    sqlite3_reset(compiled);
+    sqlite3_clear_bindings(compiled);
+    try {
+        sqlite3_stmt*& place = compiled_[sql];
+        if (place == nullptr)
+            std::swap(place, compiled);
+    } catch (const std::bad_alloc&) {
+    }
+    sqlite3_finalize(compiled);
 }
 
 void database::run(const char* sql) {
@@ -42,13 +70,11 @@ std::int64_t database::changed() const {
     return sqlite3_changes64(handle_);
 }
 
-statement::statement(const database& db, const char* sql) : db_(db.handle()) {
-    if (sqlite3_prepare_v2(db_, sql, -1, &handle_, nullptr) != SQLITE_OK)
-        fail(db_, std::string{"the store doesn't take: "} + sql);
-}
+statement::statement(const database& db, const char* sql)
+    : owner_(db), db_(db.handle()), sql_(sql), handle_(db.take_compiled(sql)) {}
 
 statement::~statement() {
-    sqlite3_finalize(handle_);
+    owner_.keep_compiled(sql_, handle_);
 }
 
 bool statement::step() {

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include <zerdix/text.h>
 
@@ -40,10 +41,18 @@ class database {
     sqlite3* handle() const { return handle_; }
 
   private:
+    friend class statement;
+
+    // Compiled statements that nobody runs at the moment, by their text.
+    sqlite3_stmt* take_compiled(const char* sql) const;
+    void keep_compiled(const char* sql, sqlite3_stmt* compiled) const noexcept;
+
     sqlite3* handle_ = nullptr;
+    mutable std::unordered_map<std::string_view, sqlite3_stmt*> compiled_;
 };
 
-// One run of one statement. Rows come by step(); the columns are read by index.
+// One run of one statement. Rows come by step(); the columns are read by index. The text must
+// outlive the database, as a literal does: what was compiled of it is kept for the next run.
 class statement {
   public:
     statement(const database& db, const char* sql);
@@ -64,7 +73,7 @@ class statement {
     std::int16_t small(int column) const { return static_cast<std::int16_t>(integer(column)); }
     bool flag(int column) const { return integer(column) != 0; }
 
-    // Good until the next step.
+    // Good until the next step, or until the same column is read in another form.
     std::string_view bytes(int column) const;
     std::string text(int column) const { return std::string{bytes(column)}; }
 
@@ -80,8 +89,10 @@ class statement {
         bind(index, value.view());
     }
 
+    const database& owner_;
     sqlite3* db_;
-    sqlite3_stmt* handle_ = nullptr;
+    const char* sql_;
+    sqlite3_stmt* handle_;
 };
 
 // For statements without rows: runs it and says how many rows it changed.

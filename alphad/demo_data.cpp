@@ -1,5 +1,6 @@
 #include "alphad/demo_data.h"
 
+#include "alphad/external_book.h"
 #include "platform/encoding.h"
 
 namespace zerdix::alphad {
@@ -7,7 +8,10 @@ namespace zerdix::alphad {
 namespace {
 
 constexpr const char* server_name = "alpha";
-constexpr opaque<3> rights_of_all{{0x3F, 0x03, 0x03}}; // owner all, the others read and use
+constexpr const char* sales = "vertrieb";
+
+// Hardware features.
+constexpr std::int16_t can_normal = 0x001, can_fine = 0x002, can_scan = 0x010, can_halftone = 0x020;
 
 struct demo_entry {
     const char *book, *id, *comment, *tsi, *phone;
@@ -61,7 +65,8 @@ void add_book(store& store, const char* id, const char* comment, const char* own
     set(book.comment, comment);
     set(book.alphaid, server_name);
     set(book.owner, owner);
-    book.perms = rights_of_all;
+    set(book.group, sales);
+    book.perms = {{0x3F, 0x0F, 0x03}};
     store.phone_books.put_book(book);
 }
 
@@ -83,7 +88,8 @@ void add_group(store& store, const char* id, const char* comment) {
     set(group.comment, comment);
     set(group.alphaid, server_name);
     set(group.owner, "zerdix");
-    group.perms = rights_of_all;
+    set(group.group, sales);
+    group.perms = {{0x3F, 0x0F, 0x03}};
     store.phone_books.put_group(group);
 }
 
@@ -95,9 +101,59 @@ void add_member(store& store, const char* group, const char* book, const char* e
     store.phone_books.put_member(member);
 }
 
+// Its labels name the parameters of a query.
+void add_external_book(store& store) {
+    o_tebu book{};
+    set(book.tbookid, "extern");
+    set(book.comment, "Externes Verzeichnis");
+    set(book.alphaid, server_name);
+    set(book.owner, "zerdix");
+    book.t_kind = external_kind;
+    for (std::size_t i = 0; i < external_book::labels.size(); ++i)
+        set(book.t_labels[i], external_book::labels[i]);
+    store.phone_books.put_book(book);
+}
+
+void add_user(store& store, const char* id, const char* name, const char* printer) {
+    store.users.add(id, name);
+    store.users.set_password(id, id);
+    a_user_rec preferences{};
+    set(preferences.userid, id);
+    set(preferences.defprinter, printer);
+    set(preferences.defscanner, "empfang");
+    preferences.hwfeatures = can_fine | can_scan;
+    preferences.priority = 50;
+    store.users.set_preferences(preferences);
+    a_member_rec member{};
+    set(member.alphaid, server_name);
+    set(member.userid, id);
+    set(member.comment, name);
+    store.user_groups.put_member(sales, member);
+}
+
+void add_printer(store& store, const char* id, const char* comment, const char* place,
+                 const char* model, std::int16_t state) {
+    a_printer_rec printer{};
+    set(printer.printerid, id);
+    set(printer.comment, comment);
+    set(printer.pr_text1, place);
+    set(printer.pr_text2, model);
+    printer.pr_val1 = state;
+    store.devices.put(printer);
+}
+
+void add_scanner(store& store, const char* id, const char* place, const char* model,
+                 std::int16_t features, scanner_state state) {
+    a_scanner_rec scanner{};
+    set(scanner.scannerid, id);
+    set(scanner.sc_text1, place);
+    set(scanner.sc_text2, model);
+    scanner.sc_val1 = features;
+    scanner.sc_val2 = static_cast<std::int32_t>(state);
+    store.devices.put(scanner);
+}
+
 void add_settings(directory& directory) {
-    directory.put_user("zerdix", "Clara Beispiel");
-    directory.put_user("meier", "Jonas Meier");
     directory.set_config("ALPHAID", server_name);
     directory.set_config("JOURNALBLK", "30");
     directory.set_config("PHONEBOOKB", "30");
@@ -105,13 +161,34 @@ void add_settings(directory& directory) {
     directory.set_config("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
 }
 
-} // namespace
+void add_people(store& store) {
+    store.user_groups.put(sales, "Vertrieb");
+    add_user(store, "zerdix", "Clara Beispiel", "laser1");
+    add_user(store, "meier", "Jonas Meier", "laser2");
+}
 
-void add_demo_data(store& store) {
-    transaction adding(store.database());
-    add_settings(store.directory);
+void add_devices(store& store) {
+    add_printer(store, "laser1", "Laserdrucker Empfang", "Erdgeschoss", "Laser A4", 0);
+    add_printer(store, "laser2", "Laserdrucker Vertrieb", "1. Stock", "Laser A4 und A3", 0);
+    add_printer(store, "matrix", "Matrixdrucker Lager", "Halle 2", "Endlospapier", 1);
+    add_scanner(store, "empfang", "Empfang", "Flachbett", can_normal | can_fine | can_scan,
+                scanner_state::free);
+    add_scanner(store, "vertrieb", "Vertrieb", "Einzug",
+                can_normal | can_fine | can_scan | can_halftone, scanner_state::busy);
+}
+
+void add_messages(board& board) {
+    for (const char* text :
+         {"Willkommen auf dem Alpha-Server.", "Der Matrixdrucker im Lager steht bis Freitag.",
+          "Neue Eintr\xc3\xa4ge im allgemeinen Telefonbuch: B\xc3\xa4"
+          "ckerei, Kanzlei."})
+        board.add(0, "FAXADM", platform::utf8_to_cp1252(text));
+}
+
+void add_phone_books(store& store) {
     add_book(store, "common", "Allgemeines Telefonbuch", "zerdix");
     add_book(store, "private", "Pers\xc3\xb6nliches Telefonbuch", "meier");
+    add_external_book(store);
     for (const demo_entry& entry : entries)
         add_entry(store, entry);
     add_group(store, "alle", "Alle Eintr\xc3\xa4ge");
@@ -120,6 +197,17 @@ void add_demo_data(store& store) {
         add_member(store, "alle", entry.book, entry.id);
     for (const auto& member : kunden)
         add_member(store, "kunden", member[0], member[1]);
+}
+
+} // namespace
+
+void add_demo_data(store& store) {
+    transaction adding(store.database());
+    add_settings(store.directory);
+    add_people(store);
+    add_devices(store);
+    add_messages(store.board);
+    add_phone_books(store);
     adding.commit();
 }
 

@@ -1,4 +1,6 @@
-// Something to try the server with: two users, two phone books, two groups, settings.
+// Something to try the server with: two users with passwords and preferences, a group of users,
+// phone books and recipient groups, printers and scanners, messages on the board, settings; and
+// documents, which a server that is only to be tested does without.
 #ifndef ZERDIX_ALPHAD_DEMO_DATA_H
 #define ZERDIX_ALPHAD_DEMO_DATA_H
 
@@ -7,6 +9,7 @@
 namespace zerdix::alphad {
 
 void add_demo_data(store& store);
+void add_demo_documents(store& store);
 
 } // namespace zerdix::alphad
 

@@ -1,28 +1,30 @@
-// Who may use the server, and its configuration values.
+// The server's configuration values, and its name among them.
 #ifndef ZERDIX_ALPHAD_DIRECTORY_H
 #define ZERDIX_ALPHAD_DIRECTORY_H
+
+#include <zerdix/text.h>
 
 #include "alphad/database.h"
 
 namespace zerdix::alphad {
 
-// Owns documents that exist only to be printed.
-constexpr std::string_view print_user = ".winpr";
-// Reaches the documents of everybody.
-constexpr std::string_view admin_user = "FAXADM";
-
 class directory {
   public:
     explicit directory(database& db) : db_(db) {}
 
-    void put_user(std::string_view userid, std::string_view name);
-
-    // The two users of the house count as known.
-    bool knows(std::string_view userid) const;
-
     // Empty when there is no such value.
     std::string config(std::string_view id) const;
+    // Another ALPHAID takes the users of this server with it.
     void set_config(std::string_view id, std::string_view value);
+
+    // A whole number, or another one when there is no value or it isn't one.
+    std::int32_t number(std::string_view id, std::int32_t otherwise) const;
+
+    // The value ALPHAID, "alpha" when there is none.
+    str35 server_name() const;
+
+    // Whether a server is this one: by its name, or named not at all.
+    bool is_here(std::string_view server) const;
 
   private:
     database& db_;

@@ -46,6 +46,7 @@ void dispatcher::reply(typename P::argument& argument, bool refused, SVCXPRT* tr
     held<typename P::result> result;
     if constexpr (answered<P>) {
         if (!refused) {
+            answers_.use_connection(static_cast<std::uint64_t>(transport->xp_fd));
             transaction work(store_.database());
             result.record = answers_.answer(P{}, argument);
             work.commit();

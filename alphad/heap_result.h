@@ -55,6 +55,24 @@ class chain {
     std::int32_t count_ = 0;
 };
 
+// A list result: its chain's nodes take the records in `field`.
+template <class Result, class Node, class Record>
+Result list_of(const std::vector<Record>& records, Record Node::*field) {
+    chain<Node> nodes;
+    for (const Record& record : records)
+        nodes.append().*field = record;
+    return {nodes.count(), nodes.take()};
+}
+
+// The same of rows that are read one by one, as many as there are.
+template <class Result, class Node, class Record, class Rows>
+Result list_of_rows(Rows&& rows, Record Node::*field) {
+    chain<Node> nodes;
+    for (Record record; rows.next(record);)
+        nodes.append().*field = record;
+    return {nodes.count(), nodes.take()};
+}
+
 } // namespace zerdix::alphad
 
 #endif

@@ -30,6 +30,10 @@ constexpr sentence sentences[] = {
     {"$ps.document_deleted", "Dokument gel\xf6scht", "document supprim\xe9", "document deleted"},
     {"$as.job_spooled", "f\xfcr {n} abgelegt als {s}", "d\xe9pos\xe9 pour {n} : {s}",
      "spooled for {n} as {s}"},
+    {"$as.demo_document",
+     "Beispieldokument, nicht \xfc"
+     "bertragen",
+     "exemple, jamais transmis", "sample document, was never transmitted"},
     {"$as.job_changed", "Auftrag ge\xe4ndert", "envoi modifi\xe9", "job changed"},
     {"$as.job_cancelled", "Auftrag abgebrochen", "envoi annul\xe9", "job cancelled"},
     {"$as.printed", "Seiten {p} f\xfcr Drucker {d} abgelegt als {s}",

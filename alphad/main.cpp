@@ -60,7 +60,7 @@ int serve(const command_line& line) {
     options.calls = line.calls;
     options.listen = line.listen;
     options.port = line.port;
-    options.demo_data = !line.no_demo;
+    options.demo_data = options.demo_documents = !line.no_demo;
     open_gate gate;
     service service(options, gate);
     std::cout << "alphad: listening on " << line.listen << " port " << service.server().port()

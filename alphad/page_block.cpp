@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <new>
 
 #include "imaging/page_codec.h"
 
@@ -59,6 +60,24 @@ std::optional<page_picture> expand_page(std::string_view compressed) {
     if (!good || length <= 0)
         return std::nullopt;
     return picture_of(output, static_cast<std::size_t>(length));
+}
+
+// The stored form has the leftmost pixel in bit 0; its header words aren't mirrored.
+std::string compress_page(const page_picture& page) {
+    std::vector<unsigned char> block;
+    for (const std::int32_t word : {page.width, page.height})
+        for (int shift = 24; shift >= 0; shift -= 8)
+            block.push_back(static_cast<unsigned char>(word >> shift));
+    for (const unsigned char byte : page.rows)
+        block.push_back(mirrored(byte));
+    unsigned char* output = nullptr;
+    std::int32_t length = 0;
+    const std::int32_t result = imaging::compress_mem_2_mem(
+        block.data(), static_cast<std::int32_t>(block.size()), &output, &length);
+    const std::unique_ptr<unsigned char, free_block> owner{output};
+    if (result != 0)
+        throw std::bad_alloc{};
+    return {reinterpret_cast<const char*>(output), static_cast<std::size_t>(length)};
 }
 
 page_picture halved(page_picture page) {

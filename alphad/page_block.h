@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -25,6 +26,9 @@ struct page_picture {
 
 // Nothing unless the bytes are a compressed page block whose rows are all there.
 std::optional<page_picture> expand_page(std::string_view compressed);
+
+// The picture as it is stored. Throws std::bad_alloc.
+std::string compress_page(const page_picture& page);
 
 // Half as many rows: each is black where one of its two was.
 page_picture halved(page_picture page);

@@ -22,6 +22,10 @@ constexpr std::int16_t picture_types = 32;
 // Larger pictures are refused.
 constexpr std::size_t most_picture_bytes = 16u << 20;
 
+// The picture types that this server knows something of.
+constexpr std::int16_t fax_picture = 0; // a compressed page block, what goes over a fax line
+constexpr std::int16_t telex_page = 6;  // a telex text behind its control record
+
 struct picture_place {
     std::int32_t document;
     std::int16_t page;

@@ -1,28 +1,17 @@
 #include "alphad/phone_books.h"
 
-#include "alphad/stored_record.h"
-
 namespace zerdix::alphad {
 
 namespace {
 
-template <class Record>
-std::vector<Record> read_all(statement&& row) {
-    std::vector<Record> found;
-    while (row.step())
-        found.push_back(from_stored<Record>(row.bytes(0)));
-    return found;
-}
-
-template <class Record>
-std::optional<Record> read_one(statement&& row) {
-    if (!row.step())
-        return std::nullopt;
-    return from_stored<Record>(row.bytes(0));
-}
-
 std::string_view key_of(const str10& clean) {
     return whole_key(clean);
+}
+
+template <class Record>
+void give_rights(Record& fresh) {
+    if (fresh.perms == opaque<3>{})
+        fresh.perms = default_rights;
 }
 
 // A negative limit would mean none at all.
@@ -32,19 +21,21 @@ std::int32_t at_most(std::int32_t most) {
 
 } // namespace
 
-std::vector<o_tebu> phone_books::books(const str10& start, std::int32_t most) const {
-    return read_all<o_tebu>({db_, "SELECT record FROM books WHERE id >= ? ORDER BY id LIMIT ?",
-                             whole_key(start), at_most(most)});
+record_rows<o_tebu> phone_books::books(const str10& start) const {
+    return {db_, "SELECT record FROM books WHERE id >= ? ORDER BY id", whole_key(start)};
 }
 
 std::optional<o_tebu> phone_books::book(const str10& id) const {
-    return read_one<o_tebu>({db_, "SELECT record FROM books WHERE id = ?", key_of(clean_key(id))});
+    return record_rows<o_tebu>(db_, "SELECT record FROM books WHERE id = ?", key_of(clean_key(id)))
+        .first();
 }
 
 bool phone_books::put_book(o_tebu book) {
     book.tbookid = clean_key(book.tbookid);
     if (book.tbookid.empty())
         return false;
+    if (!this->book(book.tbookid))
+        give_rights(book);
     execute(db_,
             "INSERT INTO books (id, record) VALUES (?, ?) "
             "ON CONFLICT (id) DO UPDATE SET record = excluded.record",
@@ -56,17 +47,27 @@ bool phone_books::remove_book(const str10& id) {
     return execute(db_, "DELETE FROM books WHERE id = ?", key_of(clean_key(id))) == 1;
 }
 
-std::vector<o_tebul> phone_books::entries(const str10& book, std::int32_t netmask,
+record_rows<o_tebul> phone_books::entries(const str10& book, std::int32_t netmask,
                                           const str10& start, std::int32_t most) const {
-    return read_all<o_tebul>({db_,
-                              "SELECT record FROM entries WHERE book = ? AND id >= ? "
-                              "AND (? >> nettype) & 1 ORDER BY id LIMIT ?",
-                              key_of(clean_key(book)), whole_key(start), netmask, at_most(most)});
+    return {db_,
+            "SELECT record FROM entries WHERE book = ? AND id >= ? "
+            "AND (? >> nettype) & 1 ORDER BY id LIMIT ?",
+            key_of(clean_key(book)),
+            whole_key(start),
+            netmask,
+            at_most(most)};
 }
 
 std::optional<o_tebul> phone_books::entry(const str10& book, const str10& id) const {
-    return read_one<o_tebul>({db_, "SELECT record FROM entries WHERE book = ? AND id = ?",
-                              key_of(clean_key(book)), key_of(clean_key(id))});
+    return record_rows<o_tebul>(db_, "SELECT record FROM entries WHERE book = ? AND id = ?",
+                                key_of(clean_key(book)), key_of(clean_key(id)))
+        .first();
+}
+
+bool phone_books::has_entry(const str10& book, const str10& id) const {
+    return statement(db_, "SELECT 1 FROM entries WHERE book = ? AND id = ?",
+                     key_of(clean_key(book)), key_of(clean_key(id)))
+        .step();
 }
 
 bool phone_books::put_entry(o_tebul entry) {
@@ -84,20 +85,22 @@ bool phone_books::remove_entry(const str10& book, const str10& id) {
                    key_of(clean_key(id))) == 1;
 }
 
-std::vector<o_tgroup> phone_books::groups(const str10& start, std::int32_t most) const {
-    return read_all<o_tgroup>({db_, "SELECT record FROM groups WHERE id >= ? ORDER BY id LIMIT ?",
-                               whole_key(start), at_most(most)});
+record_rows<o_tgroup> phone_books::groups(const str10& start) const {
+    return {db_, "SELECT record FROM groups WHERE id >= ? ORDER BY id", whole_key(start)};
 }
 
 std::optional<o_tgroup> phone_books::group(const str10& id) const {
-    return read_one<o_tgroup>(
-        {db_, "SELECT record FROM groups WHERE id = ?", key_of(clean_key(id))});
+    return record_rows<o_tgroup>(db_, "SELECT record FROM groups WHERE id = ?",
+                                 key_of(clean_key(id)))
+        .first();
 }
 
 bool phone_books::put_group(o_tgroup group) {
     group.groupid = clean_key(group.groupid);
     if (group.groupid.empty())
         return false;
+    if (!this->group(group.groupid))
+        give_rights(group);
     execute(db_,
             "INSERT INTO groups (id, record) VALUES (?, ?) "
             "ON CONFLICT (id) DO UPDATE SET record = excluded.record",

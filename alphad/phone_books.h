@@ -11,29 +11,34 @@
 
 #include <zerdix/records.h>
 
-#include "alphad/database.h"
+#include "alphad/stored_record.h"
 
 namespace zerdix::alphad {
 
 constexpr std::int32_t no_limit = std::numeric_limits<std::int32_t>::max();
 
+// What a new book or group gets that comes without any rights: its owner everything, the others to
+// read and to use it.
+constexpr opaque<3> default_rights{{0x3F, 0x03, 0x03}};
+
 class phone_books {
   public:
     explicit phone_books(database& db) : db_(db) {}
 
-    std::vector<o_tebu> books(const str10& start = {}, std::int32_t most = no_limit) const;
+    record_rows<o_tebu> books(const str10& start = {}) const;
     std::optional<o_tebu> book(const str10& id) const;
     bool put_book(o_tebu book);
     bool remove_book(const str10& id);
 
     // Bit n of the mask lets entries of net type n in.
-    std::vector<o_tebul> entries(const str10& book, std::int32_t netmask, const str10& start = {},
+    record_rows<o_tebul> entries(const str10& book, std::int32_t netmask, const str10& start = {},
                                  std::int32_t most = no_limit) const;
     std::optional<o_tebul> entry(const str10& book, const str10& id) const;
+    bool has_entry(const str10& book, const str10& id) const;
     bool put_entry(o_tebul entry);
     bool remove_entry(const str10& book, const str10& id);
 
-    std::vector<o_tgroup> groups(const str10& start = {}, std::int32_t most = no_limit) const;
+    record_rows<o_tgroup> groups(const str10& start = {}) const;
     std::optional<o_tgroup> group(const str10& id) const;
     bool put_group(o_tgroup group);
     bool remove_group(const str10& id);

@@ -1,16 +1,14 @@
 #include "alphad/schema.h"
 
+#include "alphad/directory.h"
+#include "alphad/users.h"
+
 namespace zerdix::alphad {
 
 namespace {
 
 // Records of the protocol that the server only keeps stand in their wire form.
-constexpr const char* tables = R"sql(
-CREATE TABLE users (
-    userid BLOB PRIMARY KEY,
-    name   BLOB NOT NULL
-) WITHOUT ROWID;
-
+constexpr const char* first_tables = R"sql(
 CREATE TABLE config (
     id    BLOB PRIMARY KEY,
     value BLOB NOT NULL
@@ -80,6 +78,70 @@ CREATE TABLE members (
 ) WITHOUT ROWID;
 )sql";
 
+// What came with version 2. Keys that are compared are whole fields.
+constexpr const char* second_tables = R"sql(
+CREATE TABLE users (
+    userid  BLOB NOT NULL,
+    alphaid BLOB NOT NULL,
+    record  BLOB NOT NULL,      -- o_user_rec; its alphaid is the column's
+    PRIMARY KEY (userid, alphaid)
+) WITHOUT ROWID;
+
+CREATE TABLE passwords (
+    userid BLOB PRIMARY KEY,
+    hash   BLOB NOT NULL        -- as crypt(3) makes it
+) WITHOUT ROWID;
+
+CREATE TABLE preferences (
+    userid BLOB PRIMARY KEY,
+    record BLOB NOT NULL        -- a_user_rec
+) WITHOUT ROWID;
+
+CREATE TABLE signatures (
+    userid BLOB PRIMARY KEY,
+    data   BLOB NOT NULL,
+    coming BLOB NOT NULL        -- blocks of a new one, until its last has come
+);
+
+CREATE TABLE user_groups (
+    id      BLOB PRIMARY KEY,
+    comment BLOB NOT NULL
+) WITHOUT ROWID;
+
+CREATE TABLE user_members (
+    groupid BLOB NOT NULL REFERENCES user_groups ON DELETE CASCADE,
+    userid  BLOB NOT NULL,
+    alphaid BLOB NOT NULL,
+    comment BLOB NOT NULL,
+    PRIMARY KEY (groupid, userid, alphaid)
+) WITHOUT ROWID;
+
+CREATE TABLE printers (
+    id     BLOB PRIMARY KEY,
+    record BLOB NOT NULL        -- a_printer_rec
+) WITHOUT ROWID;
+
+CREATE TABLE scanners (
+    id     BLOB PRIMARY KEY,
+    record BLOB NOT NULL        -- a_scanner_rec
+) WITHOUT ROWID;
+
+CREATE TABLE board (
+    number  INTEGER PRIMARY KEY AUTOINCREMENT,
+    kind    INTEGER NOT NULL,
+    boardid BLOB NOT NULL,
+    text    BLOB NOT NULL,
+    time    INTEGER NOT NULL
+);
+
+-- How an incoming document came in.
+ALTER TABLE documents ADD COLUMN nettype INTEGER NOT NULL DEFAULT 1;
+ALTER TABLE documents ADD COLUMN number BLOB NOT NULL DEFAULT x'';
+ALTER TABLE documents ADD COLUMN tsi BLOB NOT NULL DEFAULT x'';
+ALTER TABLE documents ADD COLUMN error INTEGER NOT NULL DEFAULT 0;
+ALTER TABLE documents ADD COLUMN forwarder BLOB NOT NULL DEFAULT x'';
+)sql";
+
 std::int32_t pragma(database& db, const char* sql) {
     statement row(db, sql);
     return row.step() ? row.number(0) : 0;
@@ -89,31 +151,65 @@ bool is_empty(database& db) {
     return !statement(db, "SELECT 1 FROM sqlite_schema LIMIT 1").step();
 }
 
+void set_version(database& db) {
+    db.run(("PRAGMA user_version = " + std::to_string(schema_version)).c_str());
+}
+
+// Users of version 1 had a name alone.
+void bring_up_to_date(database& db) {
+    db.run("ALTER TABLE users RENAME TO old_users");
+    db.run(second_tables);
+    {
+        directory configuration(db);
+        users known(db, configuration);
+        statement row(db, "SELECT userid, name FROM old_users");
+        while (row.step())
+            known.add(row.bytes(0), row.bytes(1));
+    }
+    db.run("DROP TABLE old_users");
+    set_version(db);
+}
+
+void make(database& db) {
+    db.run(first_tables);
+    db.run(second_tables);
+    set_version(db);
+}
+
 } // namespace
 
 void require_schema(database& db) {
     const std::int32_t found = pragma(db, "PRAGMA user_version");
+    if (found == schema_version)
+        return;
     if (found > schema_version)
         throw database_error("the store was written by a newer version of alphad (tables " +
                              std::to_string(found) + ", this one knows " +
                              std::to_string(schema_version) + ")");
-    if (found < schema_version)
-        throw database_error("the store isn't one of alphad's, or was written by an older version");
+    if (found == 1)
+        throw database_error("the store was written by an older version of alphad; start the "
+                             "server on it once to bring it up to date");
+    throw database_error("the store isn't one of alphad's");
 }
 
-bool prepare_schema(database& db) {
+schema_change prepare_schema(database& db) {
     db.run("PRAGMA foreign_keys = ON");
     db.run("PRAGMA journal_mode = WAL");
     db.run("PRAGMA synchronous = NORMAL");
     transaction making(db);
-    if (pragma(db, "PRAGMA user_version") != 0 || !is_empty(db)) {
+    const std::int32_t found = pragma(db, "PRAGMA user_version");
+    schema_change change = schema_change::none;
+    if (found == 0 && is_empty(db)) {
+        make(db);
+        change = schema_change::made;
+    } else if (found == 1) {
+        bring_up_to_date(db);
+        change = schema_change::brought_up_to_date;
+    } else {
         require_schema(db);
-        return false;
     }
-    db.run(tables);
-    db.run(("PRAGMA user_version = " + std::to_string(schema_version)).c_str());
     making.commit();
-    return true;
+    return change;
 }
 
 } // namespace zerdix::alphad

@@ -6,11 +6,13 @@
 
 namespace zerdix::alphad {
 
-constexpr std::int32_t schema_version = 1;
+constexpr std::int32_t schema_version = 2;
 
-// Makes the tables of an empty store. True when it did. Throws database_error when the store holds
-// tables of another version or isn't ours.
-bool prepare_schema(database& db);
+enum class schema_change { none, made, brought_up_to_date };
+
+// Makes the tables of an empty store, and brings those of an older version up to date. Throws
+// database_error when the store was written by a newer version or isn't ours.
+schema_change prepare_schema(database& db);
 
 // Throws unless the tables are there, in this version.
 void require_schema(database& db);

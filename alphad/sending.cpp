@@ -7,10 +7,7 @@ namespace zerdix::alphad {
 
 namespace {
 
-constexpr std::int16_t telex_page = 6; // the picture type
 constexpr std::string_view telex_printer = ".zerdixpr";
-
-constexpr std::int16_t fax_picture = 0; // the picture type that goes over a fax line
 constexpr std::int32_t resolution_normal = 2;
 
 // A reference to a phone book: BOOK:ENTRY.
@@ -31,13 +28,16 @@ std::optional<reference> read_reference(std::string_view phone) {
 
 } // namespace
 
-std::optional<sending::receiver> sending::find_receiver(const a_s_rec& wanted) const {
+std::optional<sending::receiver> sending::find_receiver(const str10& user,
+                                                        const a_s_rec& wanted) const {
     const std::string_view phone = wanted.phone.view();
     const auto asked = read_reference(phone);
     if (!asked)
         return phone.empty() ? std::nullopt : std::optional{receiver{std::string{phone}, {}}};
+    const auto book = store_.phone_books.book(asked->book);
     const auto entry = store_.phone_books.entry(asked->book, asked->entry);
-    if (!entry || entry->nettype != wanted.nettype || entry->phone.empty())
+    if (!book || !rights_.may(user, right::use, *book) || !entry ||
+        entry->nettype != wanted.nettype || entry->phone.empty())
         return std::nullopt;
     return receiver{std::string{entry->phone.view()}, std::string{entry->tsi.view()}};
 }
@@ -55,49 +55,67 @@ sending::pictures(std::int32_t document, std::int16_t first, std::int16_t last, 
     return found;
 }
 
-// There is no telex line, so a telex is refused here.
-std::int32_t sending::send(const document& desk, const a_s_rec& wanted) {
-    const auto to = find_receiver(wanted);
+std::optional<sending::message> sending::message_of(std::int32_t document,
+                                                    const a_s_rec& record) const {
+    if (record.nettype == NETTYPE_TELEX) {
+        auto text = store_.pages.picture({document, 1, telex_page});
+        return text ? std::optional{message{{}, std::move(*text)}} : std::nullopt;
+    }
+    auto pages = pictures(document, 1, record.pages, record.resolution == resolution_normal);
+    return pages ? std::optional{message{std::move(*pages), {}}} : std::nullopt;
+}
+
+// Pages are sent as faxes only; a telex is printed on the telex printer.
+std::int32_t sending::send(const str10& user, const document& desk, const a_s_rec& wanted) {
+    const auto to = find_receiver(user, wanted);
     if (!to || wanted.nettype != NETTYPE_FAX || desk.pages == 0)
         return 0;
-    auto pages = pictures(desk.id, 1, desk.pages, wanted.resolution == resolution_normal);
-    if (!pages)
-        return 0;
-    const std::string_view title =
-        wanted.comment.empty() ? std::string_view{desk.comment} : wanted.comment.view();
-    const std::int32_t id = store_.documents.create(TOPF_S, desk.owner, title);
-    store_.pages.copy_all(desk.id, id);
-    store_.logs.copy(desk.id, id);
+    a_s_rec record = wanted;
+    record.pages = desk.pages;
+    if (record.comment.empty())
+        record.comment.assign(desk.comment);
+    record.userid.assign(desk.owner);
+    auto what = message_of(desk.id, record);
+    return what ? make_job(desk, record, *to, std::move(*what)) : 0;
+}
 
-    send_job job{desk.id, std::string{wanted.phone.view()}, wanted, false, {}};
+std::int32_t sending::make_job(const document& from, a_s_rec record, const receiver& to,
+                               message what) {
+    const std::int32_t id =
+        store_.documents.create(TOPF_S, record.userid.view(), record.comment.view());
+    store_.pages.copy_all(from.id, id);
+    store_.logs.copy(from.id, id);
+
+    send_job job{from.id, std::string{record.phone.view()}, record, false, {}};
     job.record.faxid = id;
-    job.record.userid.assign(desk.owner);
-    job.record.pages = desk.pages;
-    job.record.comment.assign(title);
-    job.record.phone.assign(to->number);
-    job.record.tsi.assign(to->tsi);
+    job.record.phone.assign(to.number);
+    job.record.tsi.assign(to.tsi);
     job.record.errorstatus = 0;
     job.record.retries = 0;
-    spool_job(job, std::move(*pages));
+    spool_job(job, std::move(what));
     return id;
 }
 
 bool sending::spool_again(send_job& job) {
-    const bool normal = job.record.resolution == resolution_normal;
-    auto pages = pictures(job.record.faxid, 1, job.record.pages, normal);
-    if (!pages)
-        return false;
-    spool_job(job, std::move(*pages));
-    return true;
+    auto what = message_of(job.record.faxid, job.record);
+    if (what)
+        spool_job(job, std::move(*what));
+    return what.has_value();
 }
 
-void sending::spool_job(send_job& job, std::vector<page_picture> pages) {
+void sending::spool_job(send_job& job, message what) {
     const a_s_rec& record = job.record;
     const std::string number = platform::cp1252_to_utf8(record.phone.view());
     job.cancelled = false;
-    job.spool = spool::file_name(record.faxid, number);
-    spool_.write(job.spool, {std::move(pages), platform::cp1252_to_utf8(record.comment.view()),
-                             "To " + number, record.resolution == resolution_normal});
+    if (record.nettype == NETTYPE_TELEX) {
+        job.spool = spool::file_name(record.faxid, "telex" + number, ".txt");
+        spool_.write_text(job.spool, what.telex);
+    } else {
+        job.spool = spool::file_name(record.faxid, number);
+        spool_.write(job.spool,
+                     {std::move(what.pages), platform::cp1252_to_utf8(record.comment.view()),
+                      "To " + number, record.resolution == resolution_normal});
+    }
     store_.jobs.put(job);
     store_.logs.add(record.faxid, log_line("$as.job_spooled: $n:=" +
                                            std::string{record.phone.view()} + " $s:=" + job.spool));
@@ -139,22 +157,32 @@ bool sending::restart(std::int32_t id) {
     return job && job->cancelled && spool_again(*job);
 }
 
-// The receiver stands in the control record, as an item of its own.
-bool sending::print_telex(const document& printed) const {
-    const auto text = store_.pages.picture({printed.id, 1, telex_page});
-    if (!text || !text->starts_with("#TELEX#"))
+bool sending::print_telex(const document& printed) {
+    auto text = store_.pages.picture({printed.id, 1, telex_page});
+    const auto order = text ? read_telex_order(*text) : std::nullopt;
+    if (!order || !store_.users.knows(order->userid.view()))
         return false;
-    constexpr std::string_view mark = "##PHONE ";
-    const std::size_t begin = text->find(mark);
-    if (begin == std::string::npos)
-        return false;
-    const std::size_t from = begin + mark.size();
-    const std::string number = text->substr(from, text->find('#', from) - from);
-    const std::string name = spool::file_name(printed.id, "telex" + number, ".txt");
-    spool_.write_text(name, *text);
-    store_.logs.add(printed.id, log_line("$as.printed: $p:=1-1 $d:=" + std::string{telex_printer} +
-                                         " $s:=" + name));
-    return true;
+    if (order->phone.empty()) {
+        lay_on_desk(printed, *order);
+        return true;
+    }
+    a_s_rec record{};
+    record.userid = order->userid;
+    record.nettype = NETTYPE_TELEX;
+    record.pages = 1;
+    record.comment = order->title;
+    record.phone = order->phone;
+    record.sendtime = order->sendtime;
+    record.maxretries = order->retries;
+    const auto to = find_receiver(order->userid, record);
+    return to && make_job(printed, record, *to, {{}, std::move(*text)}) != 0;
+}
+
+void sending::lay_on_desk(const document& telex, const telex_order& order) {
+    const std::int32_t id =
+        store_.documents.create(TOPF_P, order.userid.view(), order.title.view());
+    store_.pages.copy_all(telex.id, id);
+    store_.documents.set_bif(id, true);
 }
 
 bool sending::print(const document& printed, const a_print_doc_i& wanted) {

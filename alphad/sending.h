@@ -4,8 +4,10 @@
 
 #include <optional>
 
+#include "alphad/rights.h"
 #include "alphad/spool.h"
 #include "alphad/store.h"
+#include "alphad/telex_order.h"
 #include "rpc/wire/document_records.h"
 
 namespace zerdix::alphad {
@@ -13,19 +15,22 @@ namespace zerdix::alphad {
 class sending {
   public:
     // Both must outlive the object.
-    sending(alphad::store& store, const alphad::spool& spool) : store_(store), spool_(spool) {}
+    sending(alphad::store& store, const alphad::spool& spool)
+        : store_(store), spool_(spool), rights_(store.users, store.user_groups) {}
 
     // Makes an outgoing document, the server's own copy, with a send job, and spools its picture.
-    // The new id, or 0: no pages, a page that isn't a sound picture, a receiver that nobody knows.
-    std::int32_t send(const document& desk, const a_s_rec& wanted);
+    // The new id, or 0: no pages, a page that isn't a sound picture, a receiver that nobody knows
+    // or that the user may not use.
+    std::int32_t send(const str10& user, const document& desk, const a_s_rec& wanted);
 
     // Only a job that still waits can be changed or cancelled, only a cancelled one restarted.
     bool change(const a_chg_s_rec_i& wanted);
     bool cancel(std::int32_t id);
     bool restart(std::int32_t id);
 
-    // Spools some pages of a document for a printer; for the telex printer page 1, a text with its
-    // control record in front.
+    // Spools some pages of a document for a printer. The telex printer takes page 1, a text with
+    // its control record in front: it becomes an outgoing document of the user that the record
+    // names, with a send job; when the record names no receiver, a document on that user's desk.
     bool print(const document& printed, const a_print_doc_i& wanted);
 
   private:
@@ -33,15 +38,25 @@ class sending {
         std::string number;
         std::string tsi;
     };
-    std::optional<receiver> find_receiver(const a_s_rec& wanted) const;
+    // What goes over the line: pictures, or a telex text.
+    struct message {
+        std::vector<page_picture> pages;
+        std::string telex;
+    };
+    std::optional<receiver> find_receiver(const str10& user, const a_s_rec& wanted) const;
     std::optional<std::vector<page_picture>> pictures(std::int32_t document, std::int16_t first,
                                                       std::int16_t last, bool normal) const;
-    bool print_telex(const document& printed) const;
-    void spool_job(send_job& job, std::vector<page_picture> pages);
+    std::optional<message> message_of(std::int32_t document, const a_s_rec& record) const;
+    // The outgoing document with its job.
+    std::int32_t make_job(const document& from, a_s_rec record, const receiver& to, message what);
+    bool print_telex(const document& printed);
+    void lay_on_desk(const document& telex, const telex_order& order);
+    void spool_job(send_job& job, message what);
     bool spool_again(send_job& job);
 
     alphad::store& store_;
     const alphad::spool& spool_;
+    alphad::rights rights_;
 };
 
 } // namespace zerdix::alphad

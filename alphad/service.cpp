@@ -1,6 +1,7 @@
 #include "alphad/service.h"
 
 #include <cstdlib>
+#include <iostream>
 
 #include "alphad/demo_data.h"
 
@@ -22,8 +23,15 @@ service::service(const service_options& options, alphad::gate& gate)
     : store_(options.store), spool_(options.spool), sending_(store_, spool_),
       answers_(store_, sending_), calls_(options.calls),
       dispatcher_(store_, answers_, gate, calls_) {
-    if (options.demo_data && store_.is_new())
+    if (options.demo_data && store_.is_new()) {
         add_demo_data(store_);
+        if (options.demo_documents)
+            add_demo_documents(store_);
+    }
+    if (store_.is_from_older_version())
+        std::cerr << "alphad: the store was brought up from an older version; its users have no "
+                     "passwords yet (alphad user password ID)"
+                  << std::endl;
     use_time_zone(store_.directory);
     server_.emplace(dispatcher_, options.listen, options.port);
 }

@@ -19,8 +19,9 @@ struct service_options {
     std::filesystem::path spool;
     std::string calls; // file of the call log, empty for none
     std::string listen = "127.0.0.1";
-    std::uint16_t port = 0; // 0: one that is free
-    bool demo_data = true;  // into a new store only
+    std::uint16_t port = 0;      // 0: one that is free
+    bool demo_data = true;       // into a new store only
+    bool demo_documents = false; // beside it
 };
 
 class service {

@@ -1,7 +1,5 @@
 #include "alphad/store.h"
 
-#include "alphad/schema.h"
-
 namespace zerdix::alphad {
 
 store::store(const std::string& path, alphad::database::access mode) : db_(path, mode) {
@@ -9,7 +7,7 @@ store::store(const std::string& path, alphad::database::access mode) : db_(path,
         if (mode == alphad::database::access::read_only)
             require_schema(db_);
         else
-            new_ = prepare_schema(db_);
+            change_ = prepare_schema(db_);
     } catch (const database_error& error) {
         throw database_error(path + ": " + error.what());
     }

@@ -2,9 +2,12 @@
 #ifndef ZERDIX_ALPHAD_STORED_RECORD_H
 #define ZERDIX_ALPHAD_STORED_RECORD_H
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "alphad/database.h"
 #include "rpc/wire/fixed.h"
 
 namespace zerdix::alphad {
@@ -26,16 +29,55 @@ Record from_stored(std::string_view stored) {
 
 // A key as the whole field, so that keys compare as 11 unsigned bytes. A start key may hold bytes
 // behind its NUL, which make it greater than the id in front of it.
-inline std::string_view whole_key(const str10& key) {
+template <std::size_t N>
+std::string_view whole_key(const text<N>& key) {
     return {key.bytes, sizeof key.bytes};
 }
 
 // The id alone, zero behind its text.
-inline str10 clean_key(const str10& key) {
-    str10 clean{};
+template <std::size_t N>
+text<N> clean_key(const text<N>& key) {
+    text<N> clean{};
     clean.assign(key.view());
     return clean;
 }
+inline str10 clean_key(std::string_view id) {
+    str10 clean{};
+    clean.assign(id);
+    return clean;
+}
+
+// The rows of a statement whose first column is a stored record, one after the other.
+template <class Record>
+class record_rows {
+  public:
+    template <class... Value>
+    record_rows(const database& db, const char* sql, const Value&... values)
+        : row_(db, sql, values...) {}
+
+    // False behind the last one.
+    bool next(Record& record) {
+        if (!row_.step())
+            return false;
+        record = from_stored<Record>(row_.bytes(0));
+        return true;
+    }
+
+    std::vector<Record> all() {
+        std::vector<Record> found;
+        for (Record record; next(record);)
+            found.push_back(record);
+        return found;
+    }
+
+    std::optional<Record> first() {
+        Record record;
+        return next(record) ? std::optional{record} : std::nullopt;
+    }
+
+  private:
+    statement row_;
+};
 
 } // namespace zerdix::alphad
 

@@ -70,7 +70,7 @@ TEST_F(PhoneBooks, KeepARecordWhole) {
 TEST_F(PhoneBooks, ListEntriesByBlocksInTheOrderOfBytes) {
     o_tebu book{};
     book.tbookid.assign("book");
-    ASSERT_TRUE(client.call(proc::o_put_tbook_1{}, {{}, {}, book}));
+    ASSERT_TRUE(client.call(proc::o_put_tbook_1{}, {{}, id("zerdix"), book}));
     for (const char* entry : {"b", "a", "B", "ab", "\xe4", "zzzzzzzzzz", "zzzzzzzzz"})
         ASSERT_TRUE(put_entry(entry, *entry == 'a' ? NETTYPE_TELEX : NETTYPE_FAX));
     ASSERT_TRUE(put_entry("b"));
@@ -98,10 +98,10 @@ TEST_F(PhoneBooks, ListMembersByBothKeys) {
     group.groupid.assign("group");
     const auto put = [&](std::string_view book, std::string_view entry) -> bool {
         return client.call(proc::o_put_tgroupentry_1{},
-                           {{}, {}, {id("group"), id(book), id(entry)}});
+                           {{}, id("zerdix"), {id("group"), id(book), id(entry)}});
     };
     EXPECT_FALSE(put("a", "1"));
-    ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, {}, group}));
+    ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, id("zerdix"), group}));
     ASSERT_TRUE(put("b", "1"));
     ASSERT_TRUE(put("a", "9"));
     ASSERT_TRUE(put("a", "1"));
@@ -109,10 +109,10 @@ TEST_F(PhoneBooks, ListMembersByBothKeys) {
     EXPECT_EQ(members(id("a"), id("9"), 9), (ids{"a:9", "b:1"}));
     EXPECT_EQ(members(id("a"), id("5"), 1), ids{"a:9"});
     EXPECT_EQ(members({}, {}, 0), ids{});
-    const o_del_tgroupentry_i out{{}, {}, id("group"), id("a"), id("9")};
+    const o_del_tgroupentry_i out{{}, id("zerdix"), id("group"), id("a"), id("9")};
     EXPECT_TRUE(client.call(proc::o_del_tgroupentry_1{}, out));
     EXPECT_FALSE(client.call(proc::o_del_tgroupentry_1{}, out));
-    EXPECT_TRUE(client.call(proc::o_del_tgroup_1{}, {{}, {}, id("group")}));
+    EXPECT_TRUE(client.call(proc::o_del_tgroup_1{}, {{}, id("zerdix"), id("group")}));
     EXPECT_EQ(members({}, {}, 9), ids{});
     EXPECT_EQ(client.call(proc::o_get_tgroup_1{}, {{}, {}, id("group")}).groupid, "");
 }
@@ -127,7 +127,7 @@ TEST(DemoData, HasWhatATryNeeds) {
     EXPECT_EQ(config("PHONEBOOKB", 2), "");
     EXPECT_EQ(config("COVER", 1), "");
     EXPECT_EQ(client.call(proc::a_get_tz_1{}, {}).tztexts[2], "CET-1CEST,M3.5.0,M10.5.0/3");
-    EXPECT_EQ(client.call(proc::o_get_tbooks_1{}, {}).count, 2);
+    EXPECT_EQ(client.call(proc::o_get_tbooks_1{}, {}).count, 3);
     EXPECT_EQ(client.call(proc::o_get_tgroups_1{}, {}).count, 2);
     const auto& members = client.call(proc::o_get_tgroupl_1{}, {{}, {}, id("alle"), {1}});
     EXPECT_EQ(members.count, 12);

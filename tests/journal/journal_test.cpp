@@ -167,8 +167,9 @@ TEST_F(Journal, PrintDocumentsBelongToThePrintUser) {
     const std::int32_t print = journal.makePrintDoc();
     ASSERT_GT(print, 0);
     EXPECT_THAT(server.desk(".winpr"), SizeIs(1));
-    EXPECT_EQ(journal.delDoc(TOPF_P, print), 4) << "the session's user doesn't own it";
+    EXPECT_EQ(journal.putComment2Doc(TOPF_P, print, "mine"), 4) << "the session's user isn't it";
     EXPECT_EQ(journal.delPrintDoc(TOPF_P, print), 0);
+    EXPECT_EQ(journal.delDoc(TOPF_P, journal.makePrintDoc()), 0) << "left over by a failed job";
 }
 
 TEST_F(Journal, TheCoverIdIsAskedForUntilThereIsOne) {

@@ -1,0 +1,64 @@
+#include "alphad/answers.h"
+#include "alphad/heap_result.h"
+
+namespace zerdix::alphad {
+
+a_user_rec answers::answer(proc::a_get_user_1, const str10& user) {
+    return store_.users.knows(user.view()) ? store_.users.preferences(user.view()) : a_user_rec{};
+}
+
+boolean answers::answer(proc::a_put_user_1, const a_user_rec& in) {
+    if (!store_.users.knows(in.userid.view()))
+        return yes(false);
+    store_.users.set_preferences(in);
+    return yes(true);
+}
+
+o_user_rec answers::answer(proc::o_get_user_1, const o_get_user_i& in) {
+    return store_.users.find(in.userid.view(), in.alphaid.view()).value_or(o_user_rec{});
+}
+
+// Users change their comment and their replacement; the rest of the record is the server's.
+boolean answers::answer(proc::o_put_user_1, const o_user_rec& in) {
+    auto record = store_.users.find(in.userid.view());
+    if (!record || !store_.directory.is_here(in.alphaid.view()))
+        return yes(false);
+    if (in.repl_active &&
+        store_.users.closes_cycle(in.userid.view(), in.repl_alphaid.view(), in.repl_userid.view()))
+        return yes(false);
+    record->comment = in.comment;
+    record->repl_alphaid = in.repl_alphaid;
+    record->repl_userid = in.repl_userid;
+    record->repl_active = in.repl_active;
+    store_.users.put(*record);
+    return yes(true);
+}
+
+// Whom other servers know isn't known here; their users are taken.
+boolean answers::answer(proc::a_check_cycle_1, const a_check_cycle_i& in) {
+    const std::string_view server = in.repl_alphaid.view(), userid = in.repl_userid.view();
+    if (!store_.users.find(in.userid.view()))
+        return yes(false);
+    const bool unknown =
+        !userid.empty() && store_.directory.is_here(server) && !store_.users.find(userid);
+    return yes(!unknown && !store_.users.closes_cycle(in.userid.view(), server, userid));
+}
+
+a_get_users_o answers::answer(proc::a_get_users_1, const wire::none&) {
+    return list_of_rows<a_get_users_o>(store_.users.list(), &o_user_node::user);
+}
+
+a_get_users_o answers::answer(proc::a_get_usersb_1, const a_get_usersb_i& in) {
+    return list_of_rows<a_get_users_o>(store_.users.list(in.userid, in.alphaid, in.number),
+                                       &o_user_node::user);
+}
+
+a_get_groups_o answers::answer(proc::a_get_groups_1, const wire::none&) {
+    return list_of<a_get_groups_o>(store_.user_groups.list(), &a_group_node::group);
+}
+
+a_get_members_o answers::answer(proc::a_get_members_1, const str10& group) {
+    return list_of<a_get_members_o>(store_.user_groups.members(group), &a_member_node::member);
+}
+
+} // namespace zerdix::alphad
