@@ -66,7 +66,7 @@ TEST_F(Telebook, BooksAreWrittenReadAndDeleted) {
     book.tbookid.assign("common");
     book.comment.assign("Alle B\xfc"
                         "cher");
-    book.perms = {{1, 2, 3}};
+    book.perms = {{0x11, 2, 3}};
     book.t_kind = 5;
     book.t_labels[9].assign("label");
     book.t_text2.assign("text");
