@@ -2,7 +2,6 @@
 
 #include <iostream>
 #include <stdexcept>
-#include <sys/socket.h>
 
 #include "rpc/wire/filter.h"
 
@@ -42,60 +41,56 @@ void call_log::add(std::uint32_t number, const char* name) {
 
 // What was stored is safe before the caller hears of it.
 template <class P>
-void dispatcher::reply(typename P::argument& argument, bool refused, SVCXPRT* transport) {
+void dispatcher::reply(const typename P::argument& argument, bool refused, call& taken) {
     held<typename P::result> result;
     if constexpr (answered<P>) {
         if (!refused) {
-            answers_.use_connection(static_cast<std::uint64_t>(transport->xp_fd));
+            answers_.use_connection(taken.connection_number());
             transaction work(store_.database());
             result.record = answers_.answer(P{}, argument);
             work.commit();
         }
     }
-    svc_sendreply(transport, &wire::xdr_record<typename P::result>, &result.record);
+    taken.reply(result.record);
 }
 
 template <class P>
-void dispatcher::serve_procedure(SVCXPRT* transport) {
+void dispatcher::serve_procedure(call& taken) {
     calls_.add(P::number, P::name);
     const verdict said = gate_.admit(P::number);
-    if (said == verdict::drop) {
-        shutdown(transport->xp_fd, SHUT_RDWR);
-        return;
-    }
+    if (said == verdict::drop)
+        return taken.drop();
     if (said == verdict::fail)
-        return svcerr_systemerr(transport);
+        return taken.fail(SYSTEM_ERR);
     held<typename P::argument> argument;
-    if (!svc_getargs(transport, &wire::xdr_record<typename P::argument>, &argument.record))
-        return svcerr_decode(transport);
-    reply<P>(argument.record, said == verdict::refuse, transport);
+    if (!taken.argument(argument.record))
+        return taken.fail(GARBAGE_ARGS);
+    reply<P>(argument.record, said == verdict::refuse, taken);
 }
 
 template <class P>
-bool dispatcher::serve_if(std::uint32_t number, SVCXPRT* transport) {
-    if (number != P::number)
+bool dispatcher::serve_if(call& taken) {
+    if (taken.procedure() != P::number)
         return false;
-    serve_procedure<P>(transport);
+    serve_procedure<P>(taken);
     return true;
 }
 
-void dispatcher::serve(svc_req* request, SVCXPRT* transport) noexcept {
-    const auto number = static_cast<std::uint32_t>(request->rq_proc);
+void dispatcher::serve(call& taken) noexcept {
     try {
         // The one procedure that every RPC program has, and the table doesn't list.
-        if (number == NULLPROC) {
+        if (taken.procedure() == NULLPROC) {
             wire::none nothing;
-            svc_sendreply(transport, &wire::xdr_record<wire::none>, &nothing);
-            return;
+            return taken.reply(nothing);
         }
         const bool known = [&]<class... P>(wire::procedure_list<P...>) {
-            return (serve_if<P>(number, transport) || ...);
+            return (serve_if<P>(taken) || ...);
         }(wire::all_procedures{});
         if (!known)
-            svcerr_noproc(transport);
+            taken.fail(PROC_UNAVAIL);
     } catch (const std::exception& error) {
-        std::cerr << "alphad: procedure " << number << ": " << error.what() << std::endl;
-        svcerr_systemerr(transport);
+        std::cerr << "alphad: procedure " << taken.procedure() << ": " << error.what() << std::endl;
+        taken.fail(SYSTEM_ERR);
     }
 }
 

@@ -5,9 +5,8 @@
 #include <fstream>
 #include <string>
 
-#include <rpc/rpc.h>
-
 #include "alphad/answers.h"
+#include "alphad/call.h"
 #include "alphad/gate.h"
 
 namespace zerdix::alphad {
@@ -31,17 +30,19 @@ class dispatcher {
     dispatcher(alphad::store& store, alphad::answers& answers, alphad::gate& gate, call_log& calls)
         : store_(store), answers_(answers), gate_(gate), calls_(calls) {}
 
-    // Answers one call. Throws nothing: what goes wrong inside is an RPC error for the caller and a
-    // line on standard error.
-    void serve(svc_req* request, SVCXPRT* transport) noexcept;
+    // Answers one call of the program and version of this server. Throws nothing: what goes wrong
+    // inside is an RPC error for the caller and a line on standard error.
+    void serve(call& taken) noexcept;
+
+    void connection_gone(std::uint64_t number) { answers_.connection_gone(number); }
 
   private:
     template <class P>
-    bool serve_if(std::uint32_t number, SVCXPRT* transport);
+    bool serve_if(call& taken);
     template <class P>
-    void serve_procedure(SVCXPRT* transport);
+    void serve_procedure(call& taken);
     template <class P>
-    void reply(typename P::argument& argument, bool refused, SVCXPRT* transport);
+    void reply(const typename P::argument& argument, bool refused, call& taken);
 
     alphad::store& store_;
     alphad::answers& answers_;

@@ -38,9 +38,9 @@ std::optional<page_picture> picture_of(const unsigned char* block, std::size_t s
     if (size < header_size)
         return std::nullopt;
     const std::uint32_t width = header_word(block), height = header_word(block + 4);
-    const std::size_t rows = std::size_t{width} / 8 * height;
-    if (width == 0 || width % 8 != 0 || height == 0 || width > most_pixels ||
-        height > most_pixels || rows > size - header_size)
+    const std::size_t rows = (std::size_t{width} + 7) / 8 * height;
+    if (width == 0 || height == 0 || width > most_pixels || height > most_pixels ||
+        rows > size - header_size)
         return std::nullopt;
     return page_picture{static_cast<std::int32_t>(width),
                         static_cast<std::int32_t>(height),

@@ -1,7 +1,7 @@
 // A stored page as a picture.
 //
-// The picture has its rows from top to bottom, each of width / 8 bytes, the leftmost pixel in bit
-// 7, a set bit black.
+// The picture has its rows from top to bottom, each of (width + 7) / 8 bytes, the leftmost pixel in
+// bit 7, a set bit black.
 #ifndef ZERDIX_ALPHAD_PAGE_BLOCK_H
 #define ZERDIX_ALPHAD_PAGE_BLOCK_H
 
@@ -18,7 +18,7 @@ struct page_picture {
     std::int32_t height;
     std::vector<unsigned char> rows;
 
-    std::size_t row_bytes() const { return static_cast<std::size_t>(width) / 8; }
+    std::size_t row_bytes() const { return (static_cast<std::size_t>(width) + 7) / 8; }
     unsigned char* row(std::int32_t y) {
         return rows.data() + row_bytes() * static_cast<std::size_t>(y);
     }

@@ -1,28 +1,21 @@
 #include "alphad/server.h"
 
+#include <algorithm>
 #include <arpa/inet.h>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <poll.h>
+#include <netinet/tcp.h>
 #include <sys/signalfd.h>
 #include <sys/socket.h>
 #include <unistd.h>
-#include <vector>
 
 #include "rpc/wire/procedures.h"
 
 namespace zerdix::alphad {
 
 namespace {
-
-// The RPC library's dispatch function carries no argument of the server's own.
-dispatcher* serving = nullptr;
-
-void dispatch(svc_req* request, SVCXPRT* transport) {
-    serving->serve(request, transport);
-}
 
 [[noreturn]] void fail(const std::string& what) {
     throw server_error(what + ": " + std::strerror(errno));
@@ -38,7 +31,7 @@ sockaddr_in socket_address(const std::string& text, std::uint16_t port) {
 }
 
 int listening_socket(sockaddr_in& address, const std::string& text) {
-    const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (socket < 0)
         fail("no socket");
     const int yes = 1;
@@ -76,39 +69,89 @@ std::uint32_t program_number() {
     return wire::ZERDIX_PROG + static_cast<std::uint32_t>(offset ? std::atol(offset) : 0);
 }
 
-server::server(dispatcher& calls, const std::string& address, std::uint16_t port)
-    : program_(program_number()) {
-    sockaddr_in bound = socket_address(address, port);
-    const int socket = listening_socket(bound, address);
-    port_ = ntohs(bound.sin_port);
-    listener_ = svctcp_create(socket, 0, 0);
-    if (listener_ == nullptr || !svc_register(listener_, program_, wire::ZERDIX_VERS, dispatch, 0))
-        throw server_error("the RPC library can't serve the socket");
-    registration_ = std::make_unique<registration>(program_, wire::ZERDIX_VERS, bound);
-    serving = &calls;
-    signals_ = stop_signals();
+server::file::~file() {
+    close(number_);
 }
 
-server::~server() {
-    registration_.reset();
-    svc_unregister(program_, wire::ZERDIX_VERS);
-    svc_destroy(listener_);
-    close(signals_);
-    serving = nullptr;
+server::server(dispatcher& calls, const std::string& address, std::uint16_t port)
+    : calls_(calls), program_(program_number()), address_(socket_address(address, port)),
+      listener_(listening_socket(address_, address)), signals_(stop_signals()),
+      registration_(program_, wire::ZERDIX_VERS, address_) {}
+
+server::~server() = default;
+
+void server::accept_client() {
+    const int socket = accept4(listener_, nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
+    if (socket < 0) {
+        if (errno == EMFILE || errno == ENFILE)
+            room_ = std::max<std::size_t>(clients_.size(), 1);
+        return;
+    }
+    const int yes = 1;
+    setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
+    clients_.push_back(std::make_unique<connection>(socket, ++last_number_));
+}
+
+void server::answer(const std::string& record, connection& client) {
+    call taken(record, client);
+    if (!taken.is_sound())
+        taken.drop();
+    else if (taken.program() != program_)
+        taken.fail(PROG_UNAVAIL);
+    else if (taken.version() != wire::ZERDIX_VERS)
+        taken.fail_version(wire::ZERDIX_VERS);
+    else
+        calls_.serve(taken);
+}
+
+// As long as the client takes its replies.
+void server::serve(connection& client) {
+    if (client.has_output())
+        client.flush();
+    else
+        client.receive();
+    while (!client.has_output()) {
+        const std::string* record = client.next_record();
+        if (record == nullptr)
+            break;
+        answer(*record, client);
+    }
+}
+
+void server::forget_ended() {
+    std::erase_if(clients_, [this](const std::unique_ptr<connection>& client) {
+        if (client->is_over())
+            calls_.connection_gone(client->number());
+        return client->is_over();
+    });
+}
+
+// What there is to wait for: a signal, a new client, and then the clients in their order.
+std::vector<pollfd> server::files() const {
+    const short new_clients = clients_.size() < room_ ? POLLIN : 0;
+    std::vector<pollfd> all{{signals_, POLLIN, 0}, {listener_, new_clients, 0}};
+    for (const auto& client : clients_)
+        all.push_back(
+            {client->socket(), static_cast<short>(client->has_output() ? POLLOUT : POLLIN), 0});
+    return all;
 }
 
 void server::run() {
     for (;;) {
-        std::vector<pollfd> files(svc_pollfd, svc_pollfd + svc_max_pollfd);
-        files.push_back({signals_, POLLIN, 0});
-        int ready = poll(files.data(), files.size(), -1);
-        if (ready < 0 && errno != EINTR)
-            fail("poll");
-        if (ready <= 0)
+        std::vector<pollfd> ready = files();
+        if (poll(ready.data(), ready.size(), -1) < 0) {
+            if (errno != EINTR)
+                fail("poll");
             continue;
-        if (files.back().revents != 0)
+        }
+        if (ready[0].revents != 0)
             return;
-        svc_getreq_poll(files.data(), ready);
+        for (std::size_t i = 0; i < clients_.size(); ++i)
+            if (ready[i + 2].revents != 0)
+                serve(*clients_[i]);
+        forget_ended();
+        if (ready[1].revents != 0)
+            accept_client();
     }
 }
 

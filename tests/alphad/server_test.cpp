@@ -1,6 +1,7 @@
 // The server as a process and as a peer: registration, several clients, faults, damaged calls.
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -11,6 +12,7 @@ namespace zerdix {
 namespace {
 
 namespace proc = wire::proc;
+using alphad::transaction;
 using test::id;
 
 int raw_socket(std::uint16_t port) {
@@ -123,6 +125,49 @@ TEST(Server, DamagedCallsGetAnErrorAndLeaveItUp) {
         talk(server.port(), call_message(program, 1, "").substr(0, cut));
     test::raw_client client(program);
     EXPECT_NE(client.try_call(proc::a_ping_1{}, {}), nullptr);
+}
+
+void send_bytes(int socket, std::string_view bytes) {
+    EXPECT_EQ(send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL),
+              static_cast<ssize_t>(bytes.size()));
+}
+
+// Neither half a call nor a reply that nobody reads keeps the others waiting, and a call that
+// comes in small fragments with pauses is a call like any other.
+TEST(Server, ClientsThatFallSilentHoldUpNobody) {
+    test::test_server server;
+    {
+        transaction filling(server.store().database());
+        for (int i = 0; i < 8000; ++i)
+            server.store().users.add("u" + std::to_string(i), "");
+        filling.commit();
+    }
+    const std::string ping = call_message(server.program(), 1, "");
+    const int half = raw_socket(server.port());
+    send_bytes(half, ping.substr(0, 30));
+    const int deaf = raw_socket(server.port());
+    for (int i = 0; i < 5; ++i)
+        send_bytes(deaf, call_message(server.program(), 32, ""));
+    const auto start = std::chrono::steady_clock::now();
+    test::raw_client client(server.program());
+    EXPECT_NE(client.try_call(proc::a_ping_1{}, {}), nullptr);
+    EXPECT_EQ(client.call(proc::a_get_users_1{}, {}).count, 8002);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+
+    send_bytes(half, ping.substr(30));
+    for (std::size_t at = 4; at < ping.size(); at += 8) {
+        std::string fragment;
+        put_word(fragment, (at + 8 >= ping.size() ? 0x80000000u : 0u) | 8u);
+        send_bytes(half, fragment);
+        EXPECT_NE(client.try_call(proc::a_ping_1{}, {}), nullptr);
+        send_bytes(half, ping.substr(at, 8));
+    }
+    std::string replies(2 * (4 + accept_status), '\0');
+    EXPECT_EQ(recv(half, replies.data(), replies.size(), MSG_WAITALL),
+              static_cast<ssize_t>(replies.size()));
+    EXPECT_EQ(replies.substr(0, replies.size() / 2), replies.substr(replies.size() / 2));
+    close(half);
+    close(deaf);
 }
 
 // Every procedure of the table gives a reply that its result filter takes, and writes its name.
