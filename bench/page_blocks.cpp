@@ -9,8 +9,8 @@
 #include <fstream>
 #include <span>
 
+#include "imaging/mirror.h"
 #include "pdf_file.h"
-#include "sendfax/mirror.h"
 #include "sendfax/page_rows.h"
 
 namespace {
@@ -21,7 +21,7 @@ namespace sendfax = zerdix::sendfax;
 std::vector<unsigned char> stored_form(const std::vector<unsigned char>& block) {
     std::vector<unsigned char> turned(block.size());
     sendfax::turn_rows(block, turned);
-    sendfax::mirror_and_invert(std::span{turned}.subspan(sendfax::page_header_size));
+    zerdix::imaging::mirror_and_invert(std::span{turned}.subspan(sendfax::page_header_size));
     return turned;
 }
 

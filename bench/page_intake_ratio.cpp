@@ -23,9 +23,9 @@
 #include "bench/measure.h"
 #include "imaging/codec_calls.h"
 #include "imaging/compress_run.h"
+#include "imaging/mirror.h"
 #include "rpc/wire/stub.h"
 #include "sendfax/log_line.h"
-#include "sendfax/mirror.h"
 #include "sendfax/page_rows.h"
 #include "support/test_server.h"
 
@@ -109,7 +109,7 @@ page_bytes dense_page() {
 page_bytes driver_form(const page_bytes& stored) {
     page_bytes page(stored.size());
     sendfax::turn_rows(stored, page);
-    sendfax::mirror_and_invert(std::span{page}.subspan(sendfax::page_header_size));
+    imaging::mirror_and_invert(std::span{page}.subspan(sendfax::page_header_size));
     return page;
 }
 

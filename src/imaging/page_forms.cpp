@@ -6,6 +6,7 @@
 #include <new>
 
 #include "imaging/message_text.h"
+#include "imaging/mirror.h"
 #include "imaging/page_codec.h"
 #include "platform/quit.h"
 
@@ -26,41 +27,32 @@ palette_handle new_palette(palette_entry first, palette_entry second) {
     return new (std::nothrow) logical_palette{0x300, 2, {first, second}};
 }
 
-// Reverses the bits of each byte. Pairs, nibbles and halves change places within bytes only, so
-// that the byte order doesn't matter.
-std::uint64_t mirror_bytes(std::uint64_t w) {
-    w = (w >> 1 & 0x5555555555555555u) | (w & 0x5555555555555555u) << 1;
-    w = (w >> 2 & 0x3333333333333333u) | (w & 0x3333333333333333u) << 2;
-    return (w >> 4 & 0x0F0F0F0F0F0F0F0Fu) | (w & 0x0F0F0F0F0F0F0F0Fu) << 4;
-}
-
-// The row of a stored block: the bits that stand behind the last pixel are white.
-void store_row(const unsigned char* row, std::int32_t width, std::uint64_t flip,
-               unsigned char* stored) {
-    const std::size_t bytes = row_bytes(width);
-    for (std::size_t at = 0; at < bytes; at += sizeof flip) {
-        std::uint64_t word;
-        std::memcpy(&word, row + at, sizeof word); // rows are padded to whole words
-        word = mirror_bytes(word) ^ flip;
-        std::memcpy(stored + at, &word, bytes - at < sizeof word ? bytes - at : sizeof word);
-    }
-    if (width % 8 != 0)
-        stored[bytes - 1] &= static_cast<unsigned char>((1 << width % 8) - 1);
+// The bits behind the last pixel of each stored row are white.
+void whiten_padding(unsigned char* rows, const LeadBitmap& bitmap) {
+    if (bitmap.width % 8 == 0)
+        return;
+    const std::size_t bytes = row_bytes(bitmap.width);
+    for (std::int32_t y = 0; y < bitmap.height; ++y, rows += bytes)
+        rows[bytes - 1] &= static_cast<unsigned char>((1 << bitmap.width % 8) - 1);
 }
 
 // Null when memory ran out.
-heap_block stored_block(const LeadBitmap& bitmap, bool invert) {
+heap_block stored_block(LeadBitmap& bitmap, bool invert) {
     const block_size size{bitmap.width, bitmap.height};
     heap_block block{static_cast<unsigned char*>(std::malloc(size.bytes()))};
     if (block == nullptr)
         return block;
-    write_block_size(
-        block.get(),
-        {static_cast<std::int32_t>(SwapLong(static_cast<std::uint32_t>(size.width))),
-         static_cast<std::int32_t>(SwapLong(static_cast<std::uint32_t>(size.height)))});
-    unsigned char* stored = block.get() + block_header_size;
-    for (std::int32_t y = 0; y < size.height; ++y, stored += row_bytes(size.width))
-        store_row(row_from_top(bitmap, y), size.width, invert ? ~std::uint64_t{0} : 0, stored);
+    const std::span rows{block.get() + block_header_size, size.bytes() - block_header_size};
+    const std::size_t bytes = row_bytes(size.width);
+    unsigned char* to = rows.data();
+    L_BeginRows(&bitmap);
+    for (std::int32_t row = size.height - 1; row >= 0; --row, to += bytes)
+        L_GetRow(&bitmap, to, row, bytes);
+    L_EndRows(&bitmap);
+    invert ? mirror_and_invert(rows) : mirror_bits(rows);
+    whiten_padding(rows.data(), bitmap);
+    write_block_size(block.get(), size);
+    convert_header(block.get(), SwapLong);
     return block;
 }
 
@@ -76,6 +68,14 @@ block_size read_block_size(const unsigned char* block) {
 void write_block_size(unsigned char* block, block_size size) {
     std::memcpy(block, &size.width, 4);
     std::memcpy(block + 4, &size.height, 4);
+}
+
+void convert_header(unsigned char* block, std::uint32_t (*turn)(std::uint32_t)) {
+    std::uint32_t words[2];
+    std::memcpy(words, block, sizeof words);
+    for (std::uint32_t& word : words)
+        word = turn(word);
+    std::memcpy(block, words, sizeof words);
 }
 
 bool is_whole_block(const unsigned char* block, std::size_t bytes) {
@@ -136,21 +136,16 @@ int ConvertCompressedFaxToLead(const unsigned char* data, std::int32_t size, Lea
     const auto bytes = static_cast<std::size_t>(length);
     if (bytes < block_header_size)
         return 0;
-    const block_size mirrored = read_block_size(expanded);
-    write_block_size(
-        expanded,
-        {static_cast<std::int32_t>(MirrorLong(static_cast<std::uint32_t>(mirrored.width))),
-         static_cast<std::int32_t>(MirrorLong(static_cast<std::uint32_t>(mirrored.height)))});
+    convert_header(expanded, MirrorLong);
     if (!is_whole_block(expanded, bytes))
         return 0;
     return ConvertBmToLead(block.release(), bitmap, 1);
 }
 
 int ConvertLeadToCompressedFax(page_dat* page, LeadBitmap* bitmap, int invert) {
-    if (page == nullptr || L_BeginRows(bitmap) != 1)
+    if (page == nullptr || bitmap == nullptr || !holds_pixels(*bitmap))
         return 0;
     const heap_block block = stored_block(*bitmap, invert != 0);
-    L_EndRows(bitmap);
     if (block == nullptr)
         return 0;
     const block_size size{bitmap->width, bitmap->height};
@@ -182,7 +177,11 @@ std::uint32_t SwapLong(std::uint32_t value) {
 }
 
 std::uint32_t MirrorLong(std::uint32_t value) {
-    return SwapLong(static_cast<std::uint32_t>(mirror_bytes(value)));
+    unsigned char bytes[sizeof value];
+    std::memcpy(bytes, &value, sizeof value);
+    mirror_bits(bytes);
+    std::memcpy(&value, bytes, sizeof value);
+    return SwapLong(value);
 }
 
 palette_handle CreateWhiteFirstPalette() {

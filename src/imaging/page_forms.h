@@ -40,6 +40,9 @@ struct block_size {
 block_size read_block_size(const unsigned char* block);
 void write_block_size(unsigned char* block, block_size size);
 
+// Takes both words of a header through SwapLong or MirrorLong.
+void convert_header(unsigned char* block, std::uint32_t (*turn)(std::uint32_t));
+
 // Whether a block of `bytes` bytes with its header in machine order holds a page within the limits
 // of a bitmap and all of its rows.
 bool is_whole_block(const unsigned char* block, std::size_t bytes);

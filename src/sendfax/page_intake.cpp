@@ -4,10 +4,10 @@
 #include <memory>
 #include <span>
 
+#include "imaging/mirror.h"
 #include "imaging/page_codec.h"
 #include "sendfax/job.h"
 #include "sendfax/log_line.h"
-#include "sendfax/mirror.h"
 #include "sendfax/page_preparers.h"
 #include "sendfax/page_rows.h"
 #include "sendfax/trace_lines.h"
@@ -67,7 +67,7 @@ void announce_pages(std::size_t block_size) {
 
 // From driver form to stored form, and into the codec. The header is in stored form already.
 bool compress_page(std::span<unsigned char> buffer, page_dat& page) {
-    mirror_and_invert(buffer.subspan(page_header_size));
+    imaging::mirror_and_invert(buffer.subspan(page_header_size));
     std::int32_t length = 0;
     const std::int32_t rc = imaging::compress_mem_2_mem(
         buffer.data(), static_cast<std::int32_t>(buffer.size()), &page.data, &length);

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "sendfax/mirror.h"
+#include "imaging/mirror.h"
 #include "sendfax/page_rows.h"
 
 namespace zerdix::sendfax {
@@ -37,7 +37,7 @@ TEST(PageRows, StoredFormShowsTheSamePictureUpright) {
             const block page = random_page(width, height, 0);
             block turned(page.size());
             turn_rows(page, turned);
-            mirror_and_invert(std::span{turned}.subspan(8));
+            imaging::mirror_and_invert(std::span{turned}.subspan(8));
             ASSERT_TRUE(std::equal(page.begin(), page.begin() + 8, turned.begin()));
             for (std::size_t row = 0; row < height; ++row)
                 for (std::size_t x = 0; x < width; ++x)
@@ -52,13 +52,13 @@ TEST(PageRows, SpareBytesBecomeWhite) {
     block turned(page.size(), 0x55);
     turn_rows(page, turned);
     EXPECT_EQ(block(turned.end() - 5, turned.end()), block(5, 0xFF));
-    mirror_and_invert(std::span{turned}.subspan(8));
+    imaging::mirror_and_invert(std::span{turned}.subspan(8));
     EXPECT_EQ(turned.back(), 0x00);
 }
 
 TEST(PageRows, SingleBytesAreMirroredThenInverted) {
     block bytes{0x01, 0xF0, 0x00, 0xFF, 0x80, 0x0F, 0xAA, 0x12, 0x01};
-    mirror_and_invert(bytes);
+    imaging::mirror_and_invert(bytes);
     EXPECT_EQ(bytes, (block{0x7F, 0xF0, 0xFF, 0x00, 0xFE, 0x0F, 0xAA, 0xB7, 0x7F}));
 }
 
