@@ -86,6 +86,8 @@ void close_job() {
     delete pzerdix;
     pzerdix = nullptr;
     fCoverpage = 0;
+    job().pBackPage = nullptr;
+    job().sLastPaperSource = -1;
     job().sPageCount = 0;
     job().lFaxid = NO_FAXID;
     std::memset(userid, 0, sizeof userid);

@@ -33,14 +33,16 @@ struct identity {
 };
 
 struct job_state {
-    JOURNAL* pjournal = nullptr;    // comes and goes with pzerdix
-    std::int32_t lFaxid = NO_FAXID; // the job's document
-    std::int16_t sPageCount = 0;    // pages stored so far
-    std::int16_t sPaperSource = 0;  // from merge data; kept until the next TransmissionDlg
-    void* hParentWnd = nullptr;     // handed to the send dialog, never looked at
-    std::int32_t fSendActive = 0;   // 1 while SendFaxDoc runs
-    std::int32_t fLogCompleted = 1; // the fan-out still has to write its completion line
-    std::int32_t receiver_room = 0; // slots of ppReceiver
+    JOURNAL* pjournal = nullptr;        // comes and goes with pzerdix
+    std::int32_t lFaxid = NO_FAXID;     // the job's document
+    std::int16_t sPageCount = 0;        // pages stored so far
+    std::int16_t sPaperSource = 0;      // from merge data; kept until the next TransmissionDlg
+    std::int16_t sLastPaperSource = -1; // that pBackPage belongs to, -1 for none
+    page_dat* pBackPage = nullptr;      // the letterhead fetched last; what pjournal keeps
+    void* hParentWnd = nullptr;         // handed to the send dialog, never looked at
+    std::int32_t fSendActive = 0;       // 1 while SendFaxDoc runs
+    std::int32_t fLogCompleted = 1;     // the fan-out still has to write its completion line
+    std::int32_t receiver_room = 0;     // slots of ppReceiver
 
     // The session's own, while a telex speaks as another user.
     std::optional<identity> own_identity;

@@ -12,12 +12,16 @@
 
 namespace zerdix::sendfax {
 
-// Lays the page over the user's letterhead for this paper source. There are no letterheads yet:
-// every page passes.
+// Lays the page over the user's letterhead for this paper source, 0 to 9. The letterhead is the
+// first page of the pool document that `papertrays` of the user's record names; it is stretched to
+// the page's size, and a pixel is black where exactly one of the two is. A picture that is wider
+// than high is turned first, page and letterhead each on its own. The letterhead is fetched once
+// for each change of the paper source in a job. `block` holds `size` bytes, of which the header
+// at least is there; a block without all of its rows is a failure.
 std::int32_t MergeBackPaper(unsigned char* block, std::int32_t size, std::int16_t paperSource,
                             page_dat* page);
 
-// Turns a landscape page upright. No page is turned yet: every page passes.
+// Turns a page that is wider than high, its top to the left. Takes a square one without turning it.
 std::int32_t RotateBitmap(unsigned char* block, std::int32_t size, page_dat* page);
 
 } // namespace zerdix::sendfax

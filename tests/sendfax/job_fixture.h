@@ -47,8 +47,8 @@ class PrintJob : public ::testing::Test {
     void open_job_with_pages(std::string_view merge_data) {
         ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
         ASSERT_EQ(merge(merge_data), 0);
-        ASSERT_EQ(store(driver_block(1728, 100)), 0);
-        ASSERT_EQ(store(driver_block(1728, 100)), 0);
+        ASSERT_EQ(store(driver_block(80, 100)), 0);
+        ASSERT_EQ(store(driver_block(80, 100)), 0);
         server.clear_calls();
     }
 

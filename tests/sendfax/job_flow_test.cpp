@@ -28,11 +28,11 @@ TEST_F(PrintJob, OpeningConnectsAndTakesTheTimeZone) {
 TEST_F(PrintJob, PagesBecomeADocumentWithCommentAndLog) {
     ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
     server.clear_calls();
-    ASSERT_EQ(store(driver_block(1728, 100)), 0);
-    EXPECT_EQ(server.calls(), (calls{3, 23, 22, 60, 22}));
+    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    EXPECT_EQ(server.calls(), (calls{3, 23, 22, 30, 60, 22}));
     server.clear_calls();
-    ASSERT_EQ(store(driver_block(1728, 100)), 0);
-    EXPECT_EQ(server.calls(), (calls{60, 22}));
+    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    EXPECT_EQ(server.calls(), (calls{30, 60, 22}));
 
     const auto desk = server.desk("zerdix");
     ASSERT_THAT(desk, SizeIs(1));
@@ -210,8 +210,8 @@ TEST_F(PrintJob, ASecondJobKeepsUserAndServer) {
 }
 
 TEST_F(PrintJob, APageWithoutAJobOpensTheSessionItself) {
-    ASSERT_EQ(store(driver_block(1728, 100)), 0);
-    EXPECT_EQ(server.calls(), (calls{3, 23, 22, 60, 22}));
+    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    EXPECT_EQ(server.calls(), (calls{3, 23, 22, 30, 60, 22}));
     EXPECT_EQ(DeleteFaxDoc(), 0);
     EXPECT_THAT(server.desk("zerdix"), IsEmpty());
 }

@@ -1,61 +1,14 @@
 // What whole jobs leave in the trace file: each line with its level, in order.
 
 #include <cstring>
-#include <memory>
 
-#include <zerdix/trace.h>
-
-#include "sendfax/job_fixture.h"
+#include "sendfax/job_trace.h"
 
 namespace zerdix::testing {
 namespace {
 
 using ::testing::ElementsAreArray;
 using ::testing::IsSupersetOf;
-using lines = std::vector<std::string>;
-
-class JobTrace : public PrintJob {
-  protected:
-    JobTrace() { begin_tracing("1"); }
-    ~JobTrace() override { begin_tracing("0"); }
-
-    // The print job's own lines since the last look, as "Level: text".
-    lines traced() {
-        std::ifstream file{server.folder() / "FAXTRACE.LOG"};
-        file.seekg(seen_);
-        lines found;
-        for (std::string line; std::getline(file, line); seen_ = file.tellg())
-            if (const auto room = line.find(" sendfax: : "); room != std::string::npos)
-                found.push_back(level_of(line) + line.substr(room + 12, text_end(line, room)));
-        return found;
-    }
-
-    std::string document() { return std::to_string(server.desk("zerdix").at(0).id); }
-
-  private:
-    // The switch is read when the tracer comes up, as at the start of a process.
-    void begin_tracing(const char* on) {
-        std::ofstream{server.settings()}
-            << "[Zerdix]\nHost=127.0.0.1\nUser=zerdix\nLogDir=" << server.folder().string()
-            << "\nTrace=" << on << '\n';
-        std::destroy_at(&TTrace);
-        std::construct_at(&TTrace);
-    }
-
-    // "(4183075) Entry:  sendfax: : ..." has its level behind the ticks.
-    static std::string level_of(const std::string& line) {
-        const std::size_t begin = line.find(") ") + 2;
-        return line.substr(begin, line.find(':', begin) + 1 - begin) + ' ';
-    }
-
-    // Length of the text without the blanks that fill the line.
-    static std::size_t text_end(const std::string& line, std::size_t room) {
-        return line.find_last_not_of(' ') + 1 - (room + 12);
-    }
-
-    test::environment_value width_{"TRACE_WRAP_WIDTH", "200"};
-    std::streamoff seen_ = 0;
-};
 
 // Entry and exit of the reading of one pair of merge data.
 lines pair_lines(const std::string& key, const std::string& value) {
@@ -78,10 +31,16 @@ TEST_F(JobTrace, AFaxJobFromItsOpeningToItsEnd) {
                             pair_lines("PHONE", "111") + pair_lines("PHONE", "222") +
                             lines{"Exit: --> SetFaxMergeData: rc = 0"});
 
-    ASSERT_EQ(store(driver_block(1728, 100)), 0);
-    EXPECT_EQ(traced(), (lines{"Entry: <-- StoreFaxPage(): Size of Bitmap: 21608 Page Index: 0",
+    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    EXPECT_EQ(traced(), (lines{"Entry: <-- StoreFaxPage(): Size of Bitmap: 1008 Page Index: 0",
                                "Info1: StoreFaxPage(): Faxid of created document: " + document(),
-                               "Info1: StoreFaxPage(): Width: 1728 Height 100",
+                               "Info1: StoreFaxPage(): Width: 80 Height 100",
+                               "Entry: <-- MergeBackPaper(): selected paper source (pool document "
+                               "id): 0",
+                               "Exit: --> MergeBackPaper(): no pool document is defined for "
+                               "background paper number 0",
+                               "Entry: <-- RotateBitmap:",
+                               "Exit: --> RotateBitmap(): Bitmap must not be rotated",
                                "Exit: --> StoreFaxPage():"}));
 
     const std::string id = document();
@@ -184,12 +143,12 @@ TEST_F(JobTrace, WhatIsOnlyWarnedAndWhatFails) {
     server.refuse(23);
     server.refuse(22, 1);
     server.refuse(22, 2);
-    ASSERT_EQ(store(driver_block(1728, 1)), 0);
+    ASSERT_EQ(store(driver_block(8, 9)), 0);
     EXPECT_THAT(traced(), IsSupersetOf({"Warn: StoreFaxPage(): Problems with setting comment",
                                         "Warn: StoreFaxPage(): Problems with writing log entry",
                                         "Warn: StoreFaxPage(): Problems with writing log entry"}));
     server.refuse(60);
-    EXPECT_EQ(store(driver_block(1728, 1)), 8);
+    EXPECT_EQ(store(driver_block(8, 9)), 8);
     EXPECT_THAT(traced(), IsSupersetOf({"Error: -> StoreFaxPage(): Problems with RPC connection"}));
 
     server.refuse(22);

@@ -1,0 +1,60 @@
+// Turning landscape pages upright.
+
+#include "imaging/owned_bitmap.h"
+#include "sendfax/block_header.h"
+#include "sendfax/job.h"
+#include "sendfax/page_preparers.h"
+#include "sendfax/page_rows.h"
+#include "sendfax/trace_lines.h"
+
+namespace zerdix::sendfax {
+
+namespace {
+
+using imaging::LeadBitmap;
+using imaging::owned_bitmap;
+
+void turn_upright(LeadBitmap& bitmap) {
+    if (bitmap.width <= bitmap.height)
+        return;
+    trace_lines.info("RotateBitmap: Width: %ld > Height %ld : Rotate -90", bitmap.width,
+                     bitmap.height);
+    trace_lines.info("RotateBitmap(): start rotating bitmap");
+    L_RotateBitmap(&bitmap, -90, 1);
+    trace_lines.info("RotateBitmap(): end rotating bitmap");
+}
+
+std::int32_t failed(const char* line) {
+    trace_lines.error("%s", line);
+    return failure;
+}
+
+std::int32_t rotate(unsigned char* block, std::size_t size, page_dat& page) {
+    const header_in_machine_order header{block};
+    trace_lines.info("RotateBitmap: Width: %ld Height %ld", header.size().width,
+                     header.size().height);
+    owned_bitmap bitmap;
+    if (!imaging::is_whole_block(block, size) || ConvertBmToLead(block, &bitmap, 0) != 1)
+        return failed("RotateBitmap(): Error ConvertFromBmToLead()");
+    turn_upright(bitmap);
+    if (ConvertLeadToCompressedFax(&page, &bitmap, 1) != 1)
+        return failed("RotateBitmap(): Error ConvertLeadToCompressedFax()");
+    return success;
+}
+
+} // namespace
+
+std::int32_t RotateBitmap(unsigned char* block, std::int32_t size, page_dat* page) {
+    trace_lines.entry("<-- RotateBitmap:");
+    const auto bytes = static_cast<std::size_t>(size);
+    const page_size picture = read_page_size({block, bytes});
+    if (picture.height > picture.width) {
+        trace_lines.exit("--> RotateBitmap(): Bitmap must not be rotated");
+        return declined;
+    }
+    const std::int32_t result = rotate(block, bytes, *page);
+    trace_lines.exit("--> RotateBitmap():");
+    return result;
+}
+
+} // namespace zerdix::sendfax

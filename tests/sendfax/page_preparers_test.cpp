@@ -1,0 +1,325 @@
+// Letterhead and rotation: what the server gets, which calls are made, which lines are traced, and
+// the work buffer as it was.
+
+#include "imaging/codec_calls.h"
+#include "imaging/mirror.h"
+#include "sendfax/job_trace.h"
+#include "sendfax/page_preparers.h"
+
+namespace zerdix::testing {
+namespace {
+
+using ::testing::IsSupersetOf;
+using calls = std::vector<int>;
+using bytes = std::vector<unsigned char>;
+
+// Rows from the top, true is black.
+struct picture {
+    std::uint32_t width, height;
+    std::vector<bool> black;
+
+    picture(std::uint32_t w, std::uint32_t h, unsigned seed = 0)
+        : width(w), height(h), black(std::size_t{w} * h) {
+        std::minstd_rand random{seed};
+        for (std::size_t i = 0; seed != 0 && i < black.size(); ++i)
+            black[i] = random() / 16 % 3 == 0;
+    }
+    std::vector<bool>::reference at(std::uint32_t x, std::uint32_t y) {
+        return black[y * width + x];
+    }
+    bool operator==(const picture&) const = default;
+};
+
+picture turned_left(picture from) {
+    picture turned{from.height, from.width};
+    for (std::uint32_t y = 0; y < from.height; ++y)
+        for (std::uint32_t x = 0; x < from.width; ++x)
+            turned.at(y, from.width - 1 - x) = from.at(x, y);
+    return turned;
+}
+
+// The letterhead is as large as the page, or smaller by whole times.
+picture laid_over(picture page, picture letterhead) {
+    picture result = page;
+    for (std::uint32_t y = 0; y < page.height; ++y)
+        for (std::uint32_t x = 0; x < page.width; ++x)
+            result.at(x, y) = page.at(x, y) != letterhead.at(x * letterhead.width / page.width,
+                                                             y * letterhead.height / page.height);
+    return result;
+}
+
+// The block as a driver sends it: the last row first.
+bytes driver_form(picture from) {
+    bytes block = driver_block(from.width, from.height);
+    for (std::uint32_t y = 0; y < from.height; ++y)
+        for (std::uint32_t x = 0; x < from.width; ++x)
+            if (from.at(x, y))
+                block[8 + (from.height - 1 - y) * from.width / 8 + x / 8] ^=
+                    static_cast<unsigned char>(0x80 >> x % 8);
+    return block;
+}
+
+std::string stored_page(picture from) {
+    bytes block = driver_form(from);
+    const std::size_t row = from.width / 8;
+    for (std::uint32_t y = 0; y < from.height / 2; ++y)
+        std::swap_ranges(&block[8 + y * row], &block[8 + y * row] + row,
+                         &block[8 + (from.height - 1 - y) * row]);
+    imaging::mirror_and_invert(std::span{block}.subspan(8));
+    const bytes compressed = *codec::compress(block);
+    return {compressed.begin(), compressed.end()};
+}
+
+picture read_page(const std::string& compressed) {
+    bytes block = *codec::expand({compressed.begin(), compressed.end()});
+    imaging::mirror_and_invert(std::span{block}.first(8));
+    for (int i = 0; i < 8; ++i)
+        block[static_cast<std::size_t>(i)] ^= 0xFF;
+    const auto word = [&](std::size_t i) {
+        return static_cast<std::uint32_t>(block[i + 2] << 8 | block[i + 3]);
+    };
+    picture page{word(0), word(4)};
+    const std::size_t row = (page.width + 7) / 8;
+    for (std::uint32_t y = 0; y < page.height; ++y)
+        for (std::uint32_t x = 0; x < page.width; ++x)
+            page.at(x, y) = (block[8 + y * row + x / 8] >> (7 - x % 8) & 1) != 0;
+    return page;
+}
+
+class PagePreparers : public JobTrace {
+  protected:
+    // A pool document that holds this page, as the letterhead of a paper source.
+    std::int32_t install(std::size_t source, const std::string& page) {
+        const std::int32_t id = server.store().documents.create(TOPF_P, "zerdix");
+        if (!page.empty())
+            server.store().pages.put_block({id, 1, 0}, 0, page);
+        set_source(source, id);
+        return id;
+    }
+
+    void set_source(std::size_t source, std::int32_t id) {
+        a_user_rec user = server.store().users.preferences("zerdix");
+        user.userid.assign("zerdix");
+        user.papertrays[source] = id;
+        server.store().users.set_preferences(user);
+    }
+
+    void open_job() {
+        ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+        server.clear_calls();
+        traced();
+    }
+
+    std::int32_t put(const picture& page, std::int16_t source) {
+        const bytes block = driver_form(page);
+        return StoreFaxPage(block.data(), static_cast<std::int32_t>(block.size()), 0, source);
+    }
+
+    picture stored(std::int16_t page) {
+        return read_page(*server.store().pages.picture({sendfax::job().lFaxid, page, 0}));
+    }
+
+    // The lines of the preparers among those traced since the last look.
+    lines prepared() {
+        lines found;
+        for (const std::string& line : traced())
+            if (line.find("MergeBackPaper") != std::string::npos ||
+                line.find("RotateBitmap") != std::string::npos)
+                found.push_back(line);
+        return found;
+    }
+};
+
+const std::string selected =
+    "Entry: <-- MergeBackPaper(): selected paper source (pool document id): ";
+
+TEST_F(PagePreparers, AnUprightLetterheadUnderTwoPages) {
+    const picture letterhead{40, 50, 1};
+    const std::string page = stored_page(letterhead);
+    const std::int32_t id = install(3, page);
+    open_job();
+    ASSERT_EQ(put({80, 100, 2}, 3), 0);
+    EXPECT_EQ(server.calls(), (calls{3, 23, 22, 30, 20, 59, 59, 60, 22}));
+    EXPECT_EQ(stored(1), laid_over({80, 100, 2}, letterhead));
+    const lines merged{"Info1: MergeBackPaper(): original width: 80 height: 100",
+                       "Info1: MergeBackPaper(): after BitBlt", "Exit: --> MergeBackPaper():"};
+    lines expected{selected + "3",
+                   "Info1: MergeBackPaper(): 3. background paper: <" + std::to_string(id) + ">",
+                   "Info1: MergeBackPaper(): pool document (" + std::to_string(page.size()) +
+                       " bytes) could be loaded"};
+    expected.insert(expected.end(), merged.begin(), merged.end());
+    EXPECT_EQ(prepared(), expected);
+
+    server.clear_calls();
+    ASSERT_EQ(put({80, 99, 4}, 3), 0);
+    EXPECT_EQ(server.calls(), (calls{60, 22}));
+    EXPECT_EQ(
+        prepared(),
+        (lines{selected + "3", "Info1: MergeBackPaper(): passed paper source matches with last one",
+               "Info1: MergeBackPaper(): original width: 80 height: 99", merged[1], merged[2]}));
+    EXPECT_EQ(stored(2).height, 99u);
+
+    // The next job fetches anew; merge data above 0 replace the paper source.
+    ASSERT_EQ(DeleteFaxDoc(), 0);
+    open_job();
+    ASSERT_EQ(merge("#PAPER 3#"), 0);
+    ASSERT_EQ(put({40, 50, 5}, 7), 0);
+    EXPECT_EQ(server.calls(), (calls{3, 23, 22, 30, 20, 59, 59, 60, 22}));
+    EXPECT_EQ(stored(1), laid_over({40, 50, 5}, letterhead));
+}
+
+TEST_F(PagePreparers, LandscapePagesAndLetterheadsAreTurnedEachOnItsOwn) {
+    const picture upright{48, 64, 1};
+    const picture landscape{64, 48, 2};
+    install(1, stored_page(upright));
+    install(2, stored_page(landscape));
+    const lines turned{"Info1: MergeBackPaper(): start rotating Original bitmap -90",
+                       "Info1: MergeBackPaper(): end rotating Original bitmap -90"};
+    open_job();
+    for (const auto& [page, source, under, turns] : {std::tuple{landscape, 1, upright, 1},
+                                                     {upright, 2, turned_left(landscape), 1},
+                                                     {landscape, 2, turned_left(landscape), 2},
+                                                     {upright, 1, upright, 0}}) {
+        ASSERT_EQ(put(page, static_cast<std::int16_t>(source)), 0);
+        EXPECT_EQ(stored(sendfax::job().sPageCount),
+                  laid_over(page == landscape ? turned_left(page) : page, under));
+        const lines traced_now = prepared();
+        EXPECT_EQ(std::count(traced_now.begin(), traced_now.end(), turned[0]), turns);
+        EXPECT_EQ(std::count(traced_now.begin(), traced_now.end(), turned[1]), turns);
+    }
+    const calls made = server.calls();
+    EXPECT_EQ(std::count(made.begin(), made.end(), 20), 3) << "a fetch for each change of source";
+}
+
+TEST_F(PagePreparers, ALandscapePageWithoutLetterheadIsTurned) {
+    open_job();
+    const picture landscape{96, 48, 1};
+    ASSERT_EQ(put(landscape, 0), 0);
+    EXPECT_EQ(stored(1), turned_left(landscape));
+    EXPECT_EQ(prepared(),
+              (lines{selected + "0",
+                     "Exit: --> MergeBackPaper(): no pool document is defined for background paper "
+                     "number 0",
+                     "Entry: <-- RotateBitmap:", "Info1: RotateBitmap: Width: 96 Height 48",
+                     "Info1: RotateBitmap: Width: 96 > Height 48 : Rotate -90",
+                     "Info1: RotateBitmap(): start rotating bitmap",
+                     "Info1: RotateBitmap(): end rotating bitmap", "Exit: --> RotateBitmap():"}));
+    const picture square{1000, 1000, 2};
+    ASSERT_EQ(put(square, 0), 0);
+    EXPECT_EQ(stored(2), square);
+    EXPECT_THAT(prepared(), IsSupersetOf({"Info1: RotateBitmap: Width: 1000 Height 1000",
+                                          "Exit: --> RotateBitmap():"}));
+    const picture upright{96, 97, 3};
+    ASSERT_EQ(put(upright, -1), 0);
+    EXPECT_EQ(stored(3), upright);
+    EXPECT_EQ(prepared(),
+              (lines{selected + "-1",
+                     "Info1: MergeBackPaper(): passed paper source matches with last one",
+                     "Info1: MergeBackPaper(): no background page defined",
+                     "Exit: --> MergeBackPaper():", "Entry: <-- RotateBitmap:",
+                     "Exit: --> RotateBitmap(): Bitmap must not be rotated"}));
+}
+
+TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
+    const std::string good = stored_page({16, 24, 1});
+    const auto number = [](std::int32_t id) { return "<" + std::to_string(id) + ">"; };
+    const std::string loaded = "Info1: MergeBackPaper(): pool document (3 bytes) could be loaded";
+    const std::string no_paper =
+        "Exit: --> MergeBackPaper(): no pool document is defined for background paper number ";
+    const std::int32_t no_pages = install(1, "");
+    const std::int32_t no_picture = install(2, "");
+    server.store().pages.insert(no_picture, 1);
+    const std::int32_t damaged = install(3, "abc");
+    const std::int32_t whole = install(4, good);
+    const auto paper = [&](int source, std::int32_t id) {
+        return "Info1: MergeBackPaper(): " + std::to_string(source) +
+               ". background paper: " + number(id);
+    };
+    struct way_out {
+        std::int16_t source;
+        int failing, refused; // procedures
+        std::int32_t result;
+        lines traced; // without entry and exit, except where the exit tells more
+    };
+    const way_out ways[] = {
+        {0, 0, 0, 4, {no_paper + "0"}},
+        {10, 0, 0, 4, {no_paper + "10"}},
+        {-2, 0, 0, 4, {no_paper + "-2"}},
+        {4, 30, 0, 8, {"Error: MergeBackPaper(): Error returned from pzerdix->getAUserRecord!"}},
+        {4, 20, 0, 8, {paper(4, whole), "Error: MergeBackPaper(): problems with RPC connection"}},
+        {4, 59, 0, 8, {paper(4, whole), "Error: MergeBackPaper(): problems with RPC connection"}},
+        {4, 0, 59, 4, {paper(4, whole), "Info1: MergeBackPaper(): empty page"}},
+        {1, 0, 0, 4, {paper(1, no_pages), "Info1: MergeBackPaper(): document contains no pages"}},
+        {2,
+         0,
+         0,
+         4,
+         {paper(2, no_picture), "Info1: MergeBackPaper(): no page (PCT_CBM_FINE) found"}},
+        {3,
+         0,
+         0,
+         8,
+         {paper(3, damaged), loaded, "Info1: MergeBackPaper(): original width: 16 height: 24",
+          "Error: MergeBackPaper(): Error ConvertCompressedFaxToLead()"}},
+    };
+    const bytes before = driver_form({16, 24, 2});
+    const auto size = static_cast<std::int32_t>(before.size());
+    for (const way_out& way : ways) {
+        bytes block = before;
+        page_dat page{0, nullptr};
+        open_job();
+        if (way.failing != 0)
+            server.fail(way.failing);
+        if (way.refused != 0)
+            server.refuse(way.refused);
+        EXPECT_EQ(sendfax::MergeBackPaper(block.data(), size, way.source, &page), way.result);
+        lines expected = way.traced;
+        expected.insert(expected.begin(), selected + std::to_string(way.source));
+        if (!expected.back().starts_with("Exit"))
+            expected.push_back("Exit: --> MergeBackPaper():");
+        EXPECT_EQ(traced(), expected);
+        EXPECT_EQ(block, before);
+        EXPECT_EQ(page.data, nullptr);
+        EXPECT_EQ(DeleteFaxDoc(), 0);
+    }
+
+    open_job();
+    page_dat page{0, nullptr};
+    for (const picture& shape : {picture{16, 24, 2}, picture{24, 16, 2}}) {
+        bytes block = driver_form(shape);
+        ASSERT_EQ(sendfax::MergeBackPaper(block.data(), size, 4, &page), 0);
+        std::free(page.data);
+        EXPECT_EQ(block, driver_form(shape));
+    }
+    bytes block = driver_form({24, 16, 2});
+    ASSERT_EQ(sendfax::RotateBitmap(block.data(), size, &page), 0);
+    std::free(page.data);
+    EXPECT_EQ(block, driver_form({24, 16, 2}));
+    traced();
+
+    // Blocks that end before their rows do.
+    bytes cut = before;
+    EXPECT_EQ(sendfax::MergeBackPaper(cut.data(), size - 1, 4, &page), 8);
+    EXPECT_EQ(traced().at(3), "Error: MergeBackPaper(): Error ConvertBmToLead()");
+    EXPECT_EQ(cut, before);
+    cut[3] = 32;
+    const bytes wide = cut;
+    EXPECT_EQ(sendfax::RotateBitmap(cut.data(), size, &page), 8);
+    EXPECT_EQ(traced().at(2), "Error: RotateBitmap(): Error ConvertFromBmToLead()");
+    EXPECT_EQ(cut, wide);
+}
+
+TEST_F(PagePreparers, AFailedFetchDoesNotLoseTheLetterheadForGood) {
+    const picture letterhead{16, 24, 1};
+    install(3, stored_page(letterhead));
+    install(4, stored_page({16, 24, 2}));
+    open_job();
+    ASSERT_EQ(put({16, 24, 3}, 3), 0);
+    server.fail(59);
+    EXPECT_EQ(put({16, 24, 3}, 4), 8);
+    ASSERT_EQ(put({16, 24, 3}, 3), 0);
+    EXPECT_EQ(stored(2), laid_over({16, 24, 3}, letterhead));
+}
+
+} // namespace
+} // namespace zerdix::testing
