@@ -67,15 +67,15 @@ font_face::font_face(library_handle library, face_handle face)
     }
 }
 
+// Rounded up: hinting moves the edges of letters to whole pixels.
 std::int32_t font_face::scaled(std::int32_t units, std::int32_t pixels) const {
     const std::int64_t em = face_->units_per_EM;
-    return static_cast<std::int32_t>((std::int64_t{units} * pixels + em / 2) / em);
+    return static_cast<std::int32_t>((std::int64_t{units} * pixels + em - 1) / em);
 }
 
 std::int32_t font_face::fitting(std::int32_t cell) const {
     const std::int64_t units = std::max(1, ascent_ + descent_);
-    // One more than can fit, for the rounding.
-    const std::int64_t most = std::int64_t{cell} * face_->units_per_EM / units + 1;
+    const std::int64_t most = std::int64_t{cell} * face_->units_per_EM / units;
     auto pixels = static_cast<std::int32_t>(std::min<std::int64_t>(most, highest_characters));
     while (pixels > 1 && ascent(pixels) + descent(pixels) > cell)
         --pixels;
