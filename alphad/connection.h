@@ -38,6 +38,8 @@ class connection {
     void drop();
 
     bool has_output() const { return !out_.empty(); }
+    // The client has gone, or at least sends no more.
+    bool has_ended() const { return ended_; }
     // Nothing more will come, and everything is sent. Records that came may still wait.
     bool is_over() const { return ended_ && out_.empty(); }
 

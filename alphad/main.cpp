@@ -5,6 +5,7 @@
 #include <sysexits.h>
 #include <unistd.h>
 
+#include "alphad/admin_commands.h"
 #include "alphad/job_table.h"
 #include "alphad/service.h"
 #include "platform/encoding.h"
@@ -25,6 +26,10 @@ struct command_line {
     bool json = false;
     std::string key;
     std::string value;
+    std::string user;
+    std::string name;
+    std::string password_file;
+    std::string text;
 };
 
 fs::path default_data() {
@@ -82,12 +87,38 @@ int show_jobs(const command_line& line) {
     return EX_OK;
 }
 
-int configure(const command_line& line, bool set) {
+int show_setting(const command_line& line) {
+    const store store(existing_store(line), database::access::read_only);
+    std::cout << zerdix::platform::cp1252_to_utf8(store.directory.config(line.key)) << '\n';
+    return EX_OK;
+}
+
+int change_setting(const command_line& line) {
+    store(existing_store(line))
+        .directory.set_config(line.key, zerdix::platform::utf8_to_cp1252(line.value));
+    return EX_OK;
+}
+
+int new_user(const command_line& line) {
     store store(existing_store(line));
-    if (set)
-        store.directory.set_config(line.key, zerdix::platform::utf8_to_cp1252(line.value));
-    else
-        std::cout << zerdix::platform::cp1252_to_utf8(store.directory.config(line.key)) << '\n';
+    add_user(store, line.user, line.name);
+    return EX_OK;
+}
+
+int new_password(const command_line& line) {
+    store store(existing_store(line));
+    set_password(store, line.user, read_password(line.password_file));
+    return EX_OK;
+}
+
+int show_users(const command_line& line) {
+    list_users(std::cout, store(existing_store(line), database::access::read_only));
+    return EX_OK;
+}
+
+int new_message(const command_line& line) {
+    store store(existing_store(line));
+    add_message(store, line.text);
     return EX_OK;
 }
 
@@ -104,20 +135,58 @@ void add_options(CLI::App& app, command_line& line) {
     app.add_flag("--no-demo", line.no_demo, "Leave a new store without the demo data");
 }
 
-// Exit code by kind: what is missing around the server, or what is wrong with its files.
-int guarded(int (*run)(const command_line&, bool), const command_line& line, bool set) {
+using command = int (*)(const command_line&);
+
+// Exit code by kind: what is missing around the server, what is wrong with its files, or what an
+// administrator can't have.
+int guarded(command run, const command_line& line) {
+    const auto say = [](const std::exception& error, int code) {
+        std::cerr << "alphad: " << error.what() << std::endl;
+        return code;
+    };
     try {
-        return run(line, set);
+        return run(line);
     } catch (const registration_error& error) {
-        std::cerr << "alphad: " << error.what() << std::endl;
-        return EX_UNAVAILABLE;
+        return say(error, EX_UNAVAILABLE);
     } catch (const server_error& error) {
-        std::cerr << "alphad: " << error.what() << std::endl;
-        return EX_OSERR;
+        return say(error, EX_OSERR);
+    } catch (const admin_error& error) {
+        return say(error, EX_DATAERR);
     } catch (const std::exception& error) {
-        std::cerr << "alphad: " << error.what() << std::endl;
-        return EX_CANTCREAT;
+        return say(error, EX_CANTCREAT);
     }
+}
+
+void add_user_commands(CLI::App& app, command_line& line, command& chosen) {
+    auto* user =
+        app.add_subcommand("user", "Add users, set passwords, list users")->require_subcommand(1);
+    auto* add = user->add_subcommand("add", "Add a user, who can log in once there is a password");
+    add->add_option("ID", line.user, "Up to 10 characters")->required();
+    add->add_option("--name", line.name, "The user's name")->required();
+    add->callback([&chosen] { chosen = new_user; });
+    auto* password = user->add_subcommand("password", "Set a password, asked for without echo");
+    password->add_option("ID", line.user, "The user")->required();
+    password->add_option("--password-file", line.password_file,
+                         "Read it from this file's first line");
+    password->callback([&chosen] { chosen = new_password; });
+    user->add_subcommand("list", "List the users")->callback([&chosen] { chosen = show_users; });
+}
+
+void add_commands(CLI::App& app, command_line& line, command& chosen) {
+    auto* jobs = app.add_subcommand("jobs", "Show the send jobs of a store and their logs");
+    jobs->add_flag("--json", line.json, "As JSON");
+    jobs->callback([&chosen] { chosen = show_jobs; });
+    auto* config = app.add_subcommand("config", "Show or set a configuration value of a store");
+    config->add_option("KEY", line.key, "Its name, JOURNALBLK for one")->required();
+    auto* value = config->add_option("VALUE", line.value, "What to set it to");
+    config->callback(
+        [&chosen, value] { chosen = value->count() > 0 ? change_setting : show_setting; });
+    add_user_commands(app, line, chosen);
+    auto* board =
+        app.add_subcommand("board", "Put messages on the bulletin board")->require_subcommand(1);
+    auto* add = board->add_subcommand("add", "Add a message");
+    add->add_option("TEXT", line.text, "Up to 80 characters")->required();
+    add->callback([&chosen] { chosen = new_message; });
 }
 
 } // namespace
@@ -127,20 +196,13 @@ int main(int argc, char** argv) {
     line.data = default_data().string();
     CLI::App app{"alphad, a stand-in Alpha server: takes the calls of zerdix clients, keeps what "
                  "they store, and spools what they send instead of sending it."};
+    command chosen = serve;
     add_options(app, line);
-    auto* jobs = app.add_subcommand("jobs", "Show the send jobs of a store and their logs");
-    jobs->add_flag("--json", line.json, "As JSON");
-    auto* config = app.add_subcommand("config", "Show or set a configuration value of a store");
-    config->add_option("KEY", line.key, "Its name, JOURNALBLK for one")->required();
-    auto* value = config->add_option("VALUE", line.value, "What to set it to");
+    add_commands(app, line, chosen);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? EX_OK : EX_USAGE;
     }
-    if (jobs->parsed())
-        return guarded([](const command_line& l, bool) { return show_jobs(l); }, line, false);
-    if (config->parsed())
-        return guarded(configure, line, value->count() > 0);
-    return guarded([](const command_line& l, bool) { return serve(l); }, line, false);
+    return guarded(chosen, line);
 }

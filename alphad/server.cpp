@@ -104,12 +104,18 @@ void server::answer(const std::string& record, connection& client) {
         calls_.serve(taken);
 }
 
-// As long as the client takes its replies.
-void server::serve(connection& client) {
+// Who has gone is known before anybody is answered.
+void server::move_bytes(connection& client) {
     if (client.has_output())
         client.flush();
     else
         client.receive();
+    if (client.has_ended())
+        calls_.connection_gone(client.number());
+}
+
+// As long as the client takes its replies.
+void server::serve(connection& client) {
     while (!client.has_output()) {
         const std::string* record = client.next_record();
         if (record == nullptr)
@@ -148,7 +154,9 @@ void server::run() {
             return;
         for (std::size_t i = 0; i < clients_.size(); ++i)
             if (ready[i + 2].revents != 0)
-                serve(*clients_[i]);
+                move_bytes(*clients_[i]);
+        for (const auto& client : clients_)
+            serve(*client);
         forget_ended();
         if (ready[1].revents != 0)
             accept_client();

@@ -58,6 +58,7 @@ class server {
 
     std::vector<pollfd> files() const;
     void accept_client();
+    void move_bytes(connection& client);
     void serve(connection& client);
     void answer(const std::string& record, connection& client);
     void forget_ended();

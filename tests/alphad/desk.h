@@ -11,6 +11,11 @@ namespace zerdix::test {
 
 namespace proc = wire::proc;
 
+// The login id and the status.
+inline a_get_login_o login(raw_client& client, std::string_view user, std::string_view password) {
+    return client.call(proc::a_get_login_1{}, {id(user), field<str20>(password)});
+}
+
 inline std::int32_t create(raw_client& client, std::string_view user = "zerdix") {
     return client.call(proc::a_create_doc_1{}, id(user));
 }

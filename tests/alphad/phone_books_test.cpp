@@ -1,6 +1,7 @@
 // Phone books and groups: keys, blocks and masks.
 #include <gtest/gtest.h>
 
+#include "alphad/drawn_page.h"
 #include "alphad/stored_record.h"
 #include "desk.h"
 #include "support/test_server.h"
@@ -115,6 +116,132 @@ TEST_F(PhoneBooks, ListMembersByBothKeys) {
     EXPECT_TRUE(client.call(proc::o_del_tgroup_1{}, {{}, id("zerdix"), id("group")}));
     EXPECT_EQ(members({}, {}, 9), ids{});
     EXPECT_EQ(client.call(proc::o_get_tgroup_1{}, {{}, {}, id("group")}).groupid, "");
+}
+
+// "owner" owns, "friend" is in the group, "guest" is neither.
+class Rights : public PhoneBooks {
+  protected:
+    Rights() {
+        server.store().user_groups.put("team", "");
+        server.store().user_groups.put_member("team", {field<str35>("alpha"), id("friend"), {}});
+        server.store().user_groups.put_member("team", {field<str35>("beta"), id("guest"), {}});
+    }
+    bool put_book(const char* user, opaque<3> perms, const char* owner = "owner",
+                  const char* comment = "") {
+        o_tebu book{};
+        book.tbookid = id("book");
+        book.owner = id(owner);
+        book.group = id("team");
+        book.perms = perms;
+        book.comment.assign(comment);
+        return client.call(proc::o_put_tbook_1{}, {{}, id(user), book});
+    }
+    // Puts the book without asking anybody.
+    void force(opaque<3> perms) {
+        o_tebu book{};
+        book.tbookid = id("book");
+        book.owner = id("owner");
+        book.group = id("team");
+        book.perms = perms;
+        server.store().phone_books.put_book(book);
+    }
+    bool reads(const char* user) {
+        return client.call(proc::o_get_tbooks_1{}, {{}, id(user)}).count == 1;
+    }
+    bool adds(const char* user, const char* entry) {
+        o_tebul record{};
+        record.tbookid = id("book");
+        record.teleid = id(entry);
+        record.nettype = NETTYPE_FAX;
+        return client.call(proc::o_put_tbookentry_1{}, {{}, id(user), record});
+    }
+    bool deletes(const char* user, const char* entry) {
+        return client.call(proc::o_del_tbookentry_1{}, {{}, id(user), id("book"), id(entry)});
+    }
+};
+
+TEST_F(Rights, AreTheUnionOfWhatAppliesToAUser) {
+    ASSERT_TRUE(put_book("guest", {{0x3F, 0x05, 0x00}}));
+    const struct {
+        const char* user;
+        bool may[3]; // read, add, delete
+    } cases[] = {{"owner", {true, true, true}},
+                 {"friend", {true, true, false}},
+                 {"guest", {false, false, false}},
+                 {"FAXADM", {true, true, true}}};
+    server.fill_book("book", 5);
+    std::string entry = "e000000";
+    for (const auto& [user, may] : cases) {
+        SCOPED_TRACE(user);
+        EXPECT_EQ(reads(user), may[0]);
+        EXPECT_EQ(client.call(proc::o_get_tbook_1{}, {{}, id(user), id("book")}).tbookid.empty(),
+                  !may[0]);
+        EXPECT_EQ(adds(user, user), may[1]);
+        ++entry.back();
+        EXPECT_EQ(client.call(proc::o_get_tbookentry_1{}, {{}, id(user), id("book"), id(entry), {}})
+                      .teleid.empty(),
+                  !may[0]);
+        EXPECT_EQ(deletes(user, entry.c_str()), may[2]);
+    }
+    EXPECT_FALSE(adds("friend", "friend")) << "changes what is there";
+    force({{0x01, 0x00, 0x10}});
+    EXPECT_TRUE(reads("owner"));
+    EXPECT_TRUE(deletes("owner", "friend")) << "by what everybody may";
+    EXPECT_FALSE(adds("owner", "new"));
+    force({});
+    EXPECT_FALSE(reads("owner"));
+}
+
+TEST_F(Rights, GuardTheRecordItself) {
+    ASSERT_TRUE(put_book("friend", {}, "")) << "creating is free";
+    const o_tebu made = client.call(proc::o_get_tbook_1{}, {{}, id("friend"), id("book")});
+    EXPECT_EQ(made.owner, "friend");
+    EXPECT_EQ(made.perms, alphad::default_rights);
+
+    constexpr opaque<3> all{{0x3F, 0x08, 0x20}}; // the group changes, everybody holds the rights
+    force(all);
+    EXPECT_TRUE(put_book("friend", all, "owner", "new words"));
+    EXPECT_FALSE(put_book("guest", all, "owner", "mine"));
+    EXPECT_TRUE(put_book("guest", {{0x3F, 0x08, 0x30}}, "owner", "new words"));
+    EXPECT_FALSE(put_book("guest", all, "owner", "both at once"));
+    EXPECT_TRUE(put_book("owner", {{0x3F, 0x08, 0x00}}, "owner", "both at once"));
+    EXPECT_FALSE(put_book("friend", all, "friend", "both at once"));
+    EXPECT_FALSE(client.call(proc::o_del_tbook_1{}, {{}, id("friend"), id("book")}));
+    EXPECT_TRUE(client.call(proc::o_del_tbook_1{}, {{}, id("owner"), id("book")}));
+}
+
+TEST_F(Rights, HoldForGroupsAndForSending) {
+    o_tgroup group{};
+    group.groupid = id("group");
+    group.perms = {{0x3F, 0, 0}};
+    ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, id("owner"), group}));
+    const auto add = [&](const char* user) {
+        return bool{client.call(proc::o_put_tgroupentry_1{},
+                                {{}, id(user), {id("group"), id("b"), id("e")}})};
+    };
+    const auto count = [&](const char* user) {
+        return client.call(proc::o_get_tgroupl_1{}, {{}, id(user), id("group"), {1}}).count;
+    };
+    EXPECT_FALSE(add("guest"));
+    EXPECT_TRUE(add("owner"));
+    EXPECT_EQ(count("owner"), 1);
+    EXPECT_EQ(count("guest"), 0);
+    EXPECT_EQ(client.call(proc::o_get_tgroupsb_1{}, {{}, id("guest"), {}, 9}).count, 0);
+    EXPECT_FALSE(
+        client.call(proc::o_del_tgroupentry_1{}, {{}, id("guest"), id("group"), id("b"), id("e")}));
+
+    server.store().users.add("guest", "");
+    force({{0x3F, 0, 0x01}});
+    server.fill_book("book", 1);
+    const std::int32_t document = create(client, "guest");
+    ASSERT_TRUE(client.call(proc::a_put_page_1{},
+                            {id("guest"), document, 1, 0, lent(alphad::drawn_page("x", {}))}));
+    a_s_rec record{};
+    record.nettype = NETTYPE_FAX;
+    record.phone.assign("book:e000000");
+    EXPECT_EQ(client.call(proc::a_send_doc_1{}, {id("guest"), document, record}), 0);
+    force({{0x3F, 0, 0x02}});
+    EXPECT_GT(client.call(proc::a_send_doc_1{}, {id("guest"), document, record}), 0);
 }
 
 TEST(DemoData, HasWhatATryNeeds) {

@@ -93,6 +93,69 @@ TEST_F(Program, SaysWhyItDoesNotStart) {
     EXPECT_EQ(run_alphad({"--port", "many"}).status, EX_USAGE);
 }
 
+// Tables as the first version made them.
+TEST_F(Program, BringsAnOlderStoreUpToDate) {
+    const std::string path = data / alphad::store_file;
+    alphad_program(data, {"--no-demo"}).stop();
+    {
+        alphad::store store(path);
+        store.documents.create(TOPF_E, "zerdix", "old");
+    }
+    {
+        alphad::database old(path);
+        for (const char* table : {"passwords", "preferences", "signatures", "user_members",
+                                  "user_groups", "printers", "scanners", "board", "users"})
+            old.run((std::string{"DROP TABLE "} + table).c_str());
+        for (const char* column : {"nettype", "number", "tsi", "error", "forwarder"})
+            old.run((std::string{"ALTER TABLE documents DROP COLUMN "} + column).c_str());
+        old.run("CREATE TABLE users (userid BLOB PRIMARY KEY, name BLOB NOT NULL) WITHOUT ROWID;"
+                "INSERT INTO users VALUES (x'7a6572646978', x'436c617261');"
+                "PRAGMA user_version = 1");
+    }
+    EXPECT_EQ(run_alphad({"jobs", "--data", data}).status, EX_CANTCREAT) << "only looks";
+    alphad_program program(data);
+    EXPECT_NE(program.errors().find("no passwords yet"), std::string::npos) << program.errors();
+    raw_client client(environment.program());
+    EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("zerdix")}).comment, "Clara");
+    EXPECT_EQ(client.call(proc::a_get_e_1{}, {id("zerdix"), 1}).e_text1, "old");
+    EXPECT_EQ(login(client, "zerdix", "").status, 8);
+}
+
+TEST_F(Program, AddsUsersAndMessagesWhileItRuns) {
+    alphad_program program(data);
+    raw_client client(environment.program());
+    const auto run = [&](std::vector<std::string> words) {
+        words.insert(words.end(), {"--data", data});
+        return run_alphad(words);
+    };
+    const std::string secret = folder.path() / "secret";
+    std::ofstream(secret) << "Gr\xc3\xbc\xc3\x9f"
+                             "e\nnot this\n";
+    EXPECT_EQ(run({"user", "add", "neu", "--name", "J\xc3\xbcrgen"}).status, 0);
+    EXPECT_EQ(run({"user", "add", "neu", "--name", "again"}).status, EX_DATAERR);
+    EXPECT_EQ(run({"user", "add", "elevenchars", "--name", "x"}).status, EX_DATAERR);
+    EXPECT_EQ(run({"user", "password", "nobody", "--password-file", secret}).status, EX_DATAERR);
+    EXPECT_NE(run({"user", "list"}).output.find("neu\talpha\tJ\xc3\xbcrgen\tno password\n"),
+              std::string::npos);
+    EXPECT_EQ(login(client, "neu", "").status, 8);
+    EXPECT_EQ(run({"user", "password", "neu", "--password-file", secret}).status, 0);
+    EXPECT_EQ(login(client, "neu",
+                    "Gr\xfc\xdf"
+                    "e")
+                  .status,
+              0);
+    const std::int32_t stamp = client.call(proc::a_get_board_1{}, {}).stamp;
+    EXPECT_EQ(run({"board", "add", "new"}).status, 0);
+    EXPECT_EQ(client.call(proc::a_get_board_1{}, {0, stamp, {}}).first->text, "new");
+    EXPECT_EQ(run({"user"}).status, EX_USAGE);
+    // What the program brings along beside the tests' data.
+    EXPECT_TRUE(client.call(proc::a_is_bif_1{}, {id("meier"), TOPF_E}));
+    const std::int32_t user = login(client, "zerdix", "zerdix").loginid;
+    const auto& incoming = client.call(proc::a_get_elist_1{}, {user, 0});
+    EXPECT_EQ(incoming.count, 2);
+    EXPECT_EQ(incoming.first->record.e_value2, 2);
+}
+
 TEST_F(Program, ShowsJobsAndSettingsWhileItRuns) {
     alphad_program program(data);
     EXPECT_EQ(run_alphad({"jobs", "--data", data}).output, "no send jobs\n");

@@ -12,7 +12,6 @@ namespace zerdix {
 namespace {
 
 namespace proc = wire::proc;
-using alphad::transaction;
 using test::id;
 
 int raw_socket(std::uint16_t port) {
@@ -136,12 +135,7 @@ void send_bytes(int socket, std::string_view bytes) {
 // comes in small fragments with pauses is a call like any other.
 TEST(Server, ClientsThatFallSilentHoldUpNobody) {
     test::test_server server;
-    {
-        transaction filling(server.store().database());
-        for (int i = 0; i < 8000; ++i)
-            server.store().users.add("u" + std::to_string(i), "");
-        filling.commit();
-    }
+    server.add_users(8000);
     const std::string ping = call_message(server.program(), 1, "");
     const int half = raw_socket(server.port());
     send_bytes(half, ping.substr(0, 30));

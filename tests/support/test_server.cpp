@@ -1,5 +1,6 @@
 #include "support/test_server.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <stdexcept>
@@ -190,6 +191,45 @@ std::vector<alphad::document> test_server::desk(const std::string& user) {
 
 std::vector<alphad::send_job> test_server::jobs() {
     return store().jobs.all();
+}
+
+void test_server::set_config(const std::string& id, const std::string& value) {
+    store().directory.set_config(id, value);
+}
+
+namespace {
+
+std::string numbered(char letter, int number) {
+    std::string digits = std::to_string(number);
+    return letter + std::string(6 - std::min<std::size_t>(digits.size(), 6), '0') + digits;
+}
+
+} // namespace
+
+void test_server::add_users(int count) {
+    alphad::transaction adding(store().database());
+    for (int i = 0; i < count; ++i)
+        store().users.add(numbered('u', i), "user " + std::to_string(i));
+    adding.commit();
+}
+
+void test_server::fill_book(const std::string& book, int entries) {
+    alphad::transaction filling(store().database());
+    o_tebu record{};
+    record.tbookid.assign(book);
+    record.owner.assign("zerdix");
+    if (!store().phone_books.book(record.tbookid))
+        store().phone_books.put_book(record);
+    for (int i = 0; i < entries; ++i) {
+        o_tebul entry{};
+        entry.tbookid.assign(book);
+        entry.teleid.assign(numbered('e', i));
+        entry.comment.assign("entry " + std::to_string(i));
+        entry.phone.assign("030" + std::to_string(23125000 + i));
+        entry.nettype = NETTYPE_FAX;
+        store().phone_books.put_entry(entry);
+    }
+    filling.commit();
 }
 
 } // namespace zerdix::test

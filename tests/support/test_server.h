@@ -97,6 +97,12 @@ class test_server {
     std::vector<alphad::document> desk(const std::string& user);
     std::vector<alphad::send_job> jobs();
 
+    // Setting up: a configuration value; so many users "u000000", "u000001", ... without passwords;
+    // a book of zerdix with so many fax entries "e000000", ..., made when there is none.
+    void set_config(const std::string& id, const std::string& value);
+    void add_users(int count);
+    void fill_book(const std::string& book, int entries);
+
     std::filesystem::path folder() const { return folder_.path(); }
     std::filesystem::path spool() const { return folder() / "spool"; }
     const std::filesystem::path& settings() const { return environment_.settings(); }

@@ -1,0 +1,31 @@
+// What an administrator does to a store from the command line, also while the server runs on it.
+// Texts are UTF-8. What can't be done is an admin_error with a sentence.
+#ifndef ZERDIX_ALPHAD_ADMIN_COMMANDS_H
+#define ZERDIX_ALPHAD_ADMIN_COMMANDS_H
+
+#include <ostream>
+#include <stdexcept>
+#include <string>
+
+#include "alphad/store.h"
+
+namespace zerdix::alphad {
+
+class admin_error : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+// The user can't log in before a password is set.
+void add_user(store& store, const std::string& userid, const std::string& name);
+void set_password(store& store, const std::string& userid, const std::string& password);
+void list_users(std::ostream& out, const store& store);
+
+void add_message(store& store, const std::string& text);
+
+// The first line of a file, or, when it has no name, what is typed twice without echo.
+std::string read_password(const std::string& file);
+
+} // namespace zerdix::alphad
+
+#endif
