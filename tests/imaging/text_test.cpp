@@ -50,6 +50,18 @@ std::pair<std::int32_t, std::int32_t> inked_rows(const picture& made) {
     return {first - made.begin(), made.rend() - last};
 }
 
+// The widths of the black runs of a row.
+std::vector<int> runs_of(const std::vector<int>& row) {
+    std::vector<int> runs;
+    for (std::size_t x = 1; x < row.size(); ++x) {
+        if (row[x] > row[x - 1])
+            runs.push_back(0);
+        if (row[x] == 1)
+            ++runs.back();
+    }
+    return runs;
+}
+
 picture moved(const picture& made, std::int32_t right, std::int32_t down) {
     picture result(made.size(), std::vector<int>(made[0].size(), 0));
     for (std::int32_t y = 0; y < height_of(made); ++y)
@@ -150,11 +162,20 @@ TEST(Text, UmlautsAreTheirLettersUnderTwoDots) {
             const auto letter_rows = inked_rows(without);
             EXPECT_LT(top, letter_rows.first - 2);
             EXPECT_EQ(bottom, letter_rows.second);
-            const auto& dots = with[static_cast<std::size_t>(top + 1)];
-            int runs = 0;
-            for (std::size_t x = 1; x < dots.size(); ++x)
-                runs += dots[x] > dots[x - 1] ? 1 : 0;
-            EXPECT_EQ(runs, 2) << face << letter;
+            EXPECT_EQ(runs_of(with[static_cast<std::size_t>(top + 1)]).size(), 2u)
+                << face << letter;
+        }
+}
+
+// Which letters that are hinted for grey, or not at all, don't have.
+TEST(Text, StemsOfALetterAreEquallyWide) {
+    for (const char* face : {"Courier", "Arial", "Times New Roman"})
+        for (std::int32_t height = 20; height <= 40; ++height) {
+            const picture letter = line({face, -height, 0}, "H");
+            const auto runs =
+                runs_of(letter[static_cast<std::size_t>(inked_rows(letter).first + 4)]);
+            ASSERT_EQ(runs.size(), 2u) << face << height;
+            EXPECT_EQ(runs[0], runs[1]) << face << height;
         }
 }
 
