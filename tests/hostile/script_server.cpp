@@ -61,6 +61,7 @@ void peer::drip(const byte_vector& bytes, std::chrono::milliseconds time) {
 }
 
 void peer::close() {
+    closed_ = true;
     shutdown(file_, SHUT_RDWR);
 }
 
@@ -119,7 +120,7 @@ bool script_server::answer_call(int connection) {
     peer client(connection, stopping_);
     if (const handler answer = present_handler())
         answer({wire::load_word(call.data()), wire::load_word(call.data() + 20)}, client);
-    return true;
+    return !client.closed();
 }
 
 // A copy, so that a test can set the next one while an endless answer is still under way.

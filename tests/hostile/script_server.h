@@ -41,10 +41,12 @@ class peer {
     // False when the test is over.
     bool pause(std::chrono::milliseconds time) const;
     void close();
+    bool closed() const { return closed_; }
 
   private:
     int file_;
     const std::atomic<bool>& stopping_;
+    bool closed_ = false;
 };
 
 class script_server {

@@ -1,0 +1,166 @@
+#include "hostile/faults.h"
+
+#include "hostile/shapes.h"
+#include "rpc/wire/procedures.h"
+
+namespace zerdix::testing {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+template <class T>
+byte_vector filled(const shape& as) {
+    T record{};
+    fill(record, as);
+    byte_vector bytes = encode(record);
+    wire::release(record);
+    return bytes;
+}
+
+template <class P>
+answers answers_of() {
+    using result = typename P::result;
+    result zero{};
+    shape brim, more, less;
+    brim.to_the_brim = true;
+    more.count = std::numeric_limits<std::int32_t>::max();
+    less.count = 1;
+    return {filled<result>({}), encode(zero), filled<result>(brim), filled<result>(more),
+            filled<result>(less), wire::is_dynamic<result>(), requires {zero.first;
+}
+}; // namespace
+} // namespace zerdix::testing
+
+template <class... P>
+std::map<std::uint32_t, answers> collect(wire::procedure_list<P...>) {
+    std::map<std::uint32_t, answers> all{{P::number, answers_of<P>()}...};
+    // Where a 5 or three letters would end an operation early.
+    all[wire::proc::a_get_compat_1::number].sound = wire_bytes{}.words({1, 8}).bytes();
+    all[wire::proc::a_get_login_1::number].sound = wire_bytes{}.words({5, 0}).bytes();
+    all[wire::proc::a_get_config_1::number].sound = wire_bytes{}.text("40", 80).bytes();
+    auto& log = all[wire::proc::a_get_logl_1::number];
+    log.sound = log.more_counted = log.refusal; // the end of a log
+    for (auto& [number, forms] : all)
+        if (!forms.is_dynamic)
+            forms.more_counted = forms.sound;
+    return all;
+}
+
+void send_words(const incoming_call& call, const std::vector<std::uint32_t>& words, peer& client) {
+    wire_bytes message;
+    message.word(call.id);
+    for (const std::uint32_t word : words)
+        message.word(word);
+    client.send(record_of(message));
+}
+
+fault rpc_error(const char* name, std::vector<std::uint32_t> words) {
+    return {name, outcome::fails,
+            [words = std::move(words)](const incoming_call& call, const answers&, peer& client) {
+                send_words(call, words, client);
+            }};
+}
+
+fault other_form(const char* name, outcome expected, byte_vector answers::*form) {
+    return {name, expected, [form](const incoming_call& call, const answers& of, peer& client) {
+                client.send(record_of(reply_to(call, of.*form)));
+            }};
+}
+
+// Lengths, counts, truth values and characters alike.
+fault words_of(const char* name, std::uint32_t word) {
+    return {name, outcome::dynamic,
+            [word](const incoming_call& call, const answers& of, peer& client) {
+                wire_bytes result;
+                while (result.size() < of.sound.size())
+                    result.word(word);
+                client.send(record_of(reply_to(call, result.bytes())));
+            }};
+}
+
+void send_ten_million_nodes(const incoming_call& call, const answers& of, peer& client) {
+    constexpr std::uint32_t words = 10'000'000, piece = 10'000;
+    if (!of.has_chain)
+        return client.close();
+    wire_bytes beginning, ones;
+    client.send(beginning.word(0x80000000u | (24 + 4 * words)).append(reply_to(call, {})).bytes());
+    for (std::uint32_t i = 0; i < piece; ++i)
+        ones.word(1);
+    for (std::uint32_t sent = 0; sent < words && client.send(ones.bytes()); sent += piece)
+        ;
+}
+
+} // namespace
+
+const std::map<std::uint32_t, answers>& all_answers() {
+    static const auto all = collect(wire::all_procedures{});
+    return all;
+}
+
+const std::vector<fault>& quick_faults() {
+    static const std::vector<fault> all = {
+        other_form("a refusal", outcome::refused, &answers::refusal),
+        rpc_error("no such program", {1, 0, 0, 0, 1}),
+        rpc_error("other versions", {1, 0, 0, 0, 2, 3, 4}),
+        rpc_error("no such procedure", {1, 0, 0, 0, 3}),
+        rpc_error("arguments not understood", {1, 0, 0, 0, 4}),
+        rpc_error("an error of the server's system", {1, 0, 0, 0, 5}),
+        rpc_error("another RPC version", {1, 1, 0, 2, 2}),
+        rpc_error("a rejected caller", {1, 1, 1, 5}),
+        {"closed before the reply", outcome::lost,
+         [](const incoming_call&, const answers&, peer& client) { client.close(); }},
+        {"closed behind the reply", outcome::ends_later,
+         [](const incoming_call& call, const answers& of, peer& client) {
+             client.send(record_of(reply_to(call, of.sound)));
+             client.close();
+         }},
+        {"empty fragments", outcome::fails,
+         [](const incoming_call&, const answers&, peer& client) {
+             client.send(wire_bytes{}.words({0, 0x80000000}).bytes());
+         }},
+        {"two empty records", outcome::lost,
+         [](const incoming_call&, const answers&, peer& client) {
+             client.send(wire_bytes{}.words({0x80000000, 0x80000000}).bytes());
+             client.close();
+         }},
+        {"a reply to another call first", outcome::goes_well,
+         [](const incoming_call& call, const answers& of, peer& client) {
+             client.send(record_of(reply_to({call.id + 7, 0}, of.refusal)));
+             client.send(record_of(reply_to(call, of.sound)));
+         }},
+        {"nothing but a reply to another call", outcome::lost,
+         [](const incoming_call& call, const answers& of, peer& client) {
+             client.send(record_of(reply_to({call.id - 1, 0}, of.sound)));
+             client.close();
+         }},
+        other_form("texts filled to the brim", outcome::anything, &answers::to_the_brim),
+        other_form("a count larger than the chain", outcome::goes_well, &answers::more_counted),
+        other_form("a count smaller than the chain", outcome::anything, &answers::less_counted),
+        words_of("2^31 everywhere", 0x80000000u),
+        words_of("2^32 - 1 everywhere", 0xFFFFFFFFu),
+        words_of("2^31 - 1 everywhere", 0x7FFFFFFFu),
+        words_of("64 MiB everywhere", wire::max_field_bytes),
+    };
+    return all;
+}
+
+const std::vector<fault>& slow_faults() {
+    static const std::vector<fault> all = {
+        {"ten million nodes", outcome::lost, send_ten_million_nodes},
+        {"a drip from the first byte on", outcome::lost,
+         [](const incoming_call& call, const answers& of, peer& client) {
+             client.drip(record_of(reply_to(call, of.sound)), 20ms);
+         }},
+        {"a drip from the header's end on", outcome::lost,
+         [](const incoming_call& call, const answers&, peer& client) {
+             const byte_vector header =
+                 wire_bytes{}.word(0xF0000000u).append(reply_to(call, {})).bytes();
+             client.send(header.data(), header.size() - 4);
+             client.drip(byte_vector(1000, 0), 20ms);
+         }},
+    };
+    return all;
+}
+
+} // namespace zerdix::testing
