@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "imaging/barcode.h"
+#include "imaging/page_forms.h"
+#include "platform/message_box.h"
 
 namespace zerdix::imaging {
 namespace {
@@ -63,13 +65,12 @@ std::string drawn_by_zint(const std::string& digits) {
                                 digits;
     std::string pixels;
     const std::unique_ptr<FILE, int (*)(FILE*)> output{popen(command.c_str(), "r"), pclose};
-    for (int c = std::fgetc(output.get()); c != EOF && c != '\n'; c = std::fgetc(output.get())) {
-        if (const auto nibble = static_cast<unsigned>(
-                std::strtoul(std::string(1, static_cast<char>(c)).c_str(), nullptr, 16));
-            std::isxdigit(c))
-            for (int bit = 3; bit >= 0; --bit)
-                pixels += (nibble >> bit & 1) != 0 ? '1' : '0';
-    }
+    for (int c = std::fgetc(output.get()); c != EOF && c != '\n'; c = std::fgetc(output.get()))
+        if (c != ' ')
+            for (unsigned bit = 8; bit != 0; bit /= 2)
+                pixels += (std::stoul(std::string(1, static_cast<char>(c)), nullptr, 16) & bit) != 0
+                              ? '1'
+                              : '0';
     return pixels;
 }
 
@@ -113,6 +114,68 @@ TEST(Barcode, ChecksItsDigits) {
     for (const char* none : {"", " 1", "12a", "1\xe4", "-1", "123456789012345678901"})
         EXPECT_EQ(BuildBarcodeBlock(none), nullptr) << none;
     EXPECT_EQ(BuildBarcodeBlock(nullptr), nullptr);
+}
+
+struct label_freed {
+    void operator()(LeadBitmap* label) const {
+        FreeLeadBitmap(label);
+        std::free(label);
+    }
+};
+using owned_label = std::unique_ptr<LeadBitmap, label_freed>;
+
+// The columns that have black pixels in some rows: first and last; -1 for none.
+std::pair<int, int> ink(const LeadBitmap& label, std::int32_t from, std::int32_t rows) {
+    std::pair<int, int> found{-1, -1};
+    for (std::int32_t y = from; y < from + rows; ++y) {
+        const std::string pixels =
+            pixels_of(row_from_top(label, y), static_cast<std::size_t>(label.width));
+        const auto first = static_cast<int>(pixels.find('1'));
+        if (first >= 0 && (found.first < 0 || first < found.first))
+            found.first = first;
+        found.second = std::max(found.second, static_cast<int>(pixels.rfind('1')));
+    }
+    return found;
+}
+
+TEST(BarcodeLabel, HasTextCodeAndTextUnderOneAnother) {
+    const owned_label label{CreateBarcodeLabel(BuildBarcodeBlock("123"), "meier", "B\xfcro 7")};
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->width, 1382);
+    EXPECT_EQ(label->height, 150);
+    EXPECT_TRUE(one_is_black(*label));
+    const std::string code = built("123").rows[0];
+    for (std::int32_t y = 50; y < 100; ++y)
+        ASSERT_EQ(pixels_of(row_from_top(*label, y), 1382),
+                  code + std::string(1382 - code.size(), '0'));
+    // Courier's cell of 40 pixels is about 21 wide: six and five letters.
+    const auto [top_left, top_right] = ink(*label, 0, 50);
+    const auto [bottom_left, bottom_right] = ink(*label, 100, 50);
+    EXPECT_TRUE(top_left >= 0 && top_left < 20 && top_right > 90 && top_right < 160) << top_right;
+    EXPECT_TRUE(bottom_left >= 0 && bottom_left < 20) << bottom_left;
+    EXPECT_LT(bottom_right, top_right);
+}
+
+TEST(BarcodeLabel, CutsOffWhatIsTooWide) {
+    const std::string digits(20, '8');
+    const std::string text(10000, 'W');
+    const owned_label label{
+        CreateBarcodeLabel(BuildBarcodeBlock(digits.c_str()), "", text.c_str())};
+    ASSERT_NE(label, nullptr);
+    EXPECT_GT(ink(*label, 0, 50).second, 1382 - 30);
+    EXPECT_EQ(pixels_of(row_from_top(*label, 75), 1264), built(digits).rows[0]);
+    EXPECT_EQ(ink(*label, 100, 50).second, -1) << "it doesn't wrap";
+}
+
+TEST(BarcodeLabel, TellsWhyThereIsNone) {
+    struct box final : platform::message_box_port {
+        void show(std::string_view text, std::string_view) override { told = text; }
+        std::string told;
+    } told;
+    platform::message_box_port* before = platform::replace_message_box(&told);
+    EXPECT_EQ(CreateBarcodeLabel(nullptr, "a", "b"), nullptr);
+    EXPECT_EQ(told.told, "Fehler!\nProblem mit Bitmap");
+    platform::replace_message_box(before);
 }
 
 } // namespace
