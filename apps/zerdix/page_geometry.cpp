@@ -22,7 +22,7 @@ page_placement place_page(double width, double height) {
     place.dpi_across = fax_dpi_across * shrink;
     place.dpi_down = fax_dpi_down * shrink;
     place.left = static_cast<int>((fax_width - std::lround(across * shrink)) / 2);
-    place.rows = std::max(1, static_cast<int>(rows));
+    place.rows = std::max(fax_width, static_cast<int>(rows));
     return place;
 }
 

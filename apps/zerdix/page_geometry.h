@@ -2,7 +2,8 @@
 //
 // A fax page is 1,728 pixels wide at 204 pixels to the inch across and 196 down. A page that is
 // wider than it is high is turned, its top to the left. A page that is too wide is made smaller as
-// a whole, a narrower one stands in the middle. The fax page is as long as the page itself.
+// a whole, a narrower one stands in the middle. The fax page is as long as the page itself, but at
+// least as long as it is wide: the library would take it for a landscape page and turn it.
 #ifndef ZERDIX_APP_PAGE_GEOMETRY_H
 #define ZERDIX_APP_PAGE_GEOMETRY_H
 

@@ -51,7 +51,7 @@ TEST(Geometry, PlacesPagesOfAllShapes) {
     EXPECT_EQ(wide.left, 0);
     EXPECT_EQ(wide.rows, 3321); // 1728 * 2 * 196 / 204, rounded up
 
-    EXPECT_EQ(place_page(1, 1).rows, 3);
+    EXPECT_EQ(place_page(1, 1).rows, 1728);
     EXPECT_THROW(place_page(0, 10), failure);
     EXPECT_THROW(place_page(10, 1e9), failure);
 }
