@@ -99,10 +99,10 @@ class ZX_API ZERDIX {
     static std::int32_t clsGetJournalBlockSize();
     static std::int32_t clsGetTelebookBlockSize();
 
-    // The defaults of the session's user, kept once for the process until an object comes or goes.
-    // getAUserRecord() fetches them anew, clsGetAUserRecord() only when there are none yet. What a
-    // setter has changed stays in the kept record even when the server didn't take it, until the
-    // next getAUserRecord().
+    // The defaults of the session's user, kept once for the process until an object comes or goes
+    // or a user logs on. getAUserRecord() fetches them anew, clsGetAUserRecord() only when there
+    // are none yet. What a setter has changed stays in the kept record even when the server didn't
+    // take it, until the next getAUserRecord().
     a_user_rec* getAUserRecord();
     static a_user_rec* clsGetAUserRecord();
 

@@ -73,8 +73,9 @@ PTRLIST* gather(PTRLIST*& list, bool& copies, NextBlock next_block, Key key) {
             break;
         const std::uint32_t fresh = block->getSize() - skip;
         append_copies<Record>(*list, *block, skip);
-        // Unsigned on purpose: a block size that couldn't be had (-1) ends the gathering.
-        if (static_cast<std::uint32_t>(block_to_gather()) - 1 > fresh)
+        // One that couldn't be had (-1) doesn't end the list: the next block tells what is wrong.
+        const std::int64_t size = block_to_gather();
+        if (fresh < size - 1)
             break;
         block = next_block(&last_of<Record>(*list));
         if (block == nullptr)

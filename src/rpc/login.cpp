@@ -124,8 +124,11 @@ std::int32_t ZERDIX::login(const char* userid, const char* password, const char*
         trace_lines.exit("--> ZERDIX::login()");
         return rc;
     }
-    // From now on the server goes by the name that it gives itself.
-    if (const o_user_rec* user = getOUserRecord())
+    // The defaults kept so far may be another user's.
+    rpc::release<proc::a_get_user_1>(session().pauserrec, &session());
+    // From now on the server goes by the name that it gives itself, if it knows the user's record.
+    const o_user_rec* user = getOUserRecord();
+    if (user != nullptr && !user->alphaid.empty())
         setAlphaserver(std::string{user->alphaid.view()}.c_str());
     trace_lines.exit("--> ZERDIX::login(): LoginId: %ld", session().lLoginId);
     return rpc::success;

@@ -165,6 +165,9 @@ TEST_F(DeskSession, ReadsAndChangesWhatTheServerKeeps) {
     EXPECT_NE(session.getBoardEntries(1), nullptr);
     EXPECT_EQ(session.setPriority(33), 0);
     EXPECT_EQ(session.getAUserRecord()->priority, 33);
+    ASSERT_EQ(login("zerdix", "zerdix"), 0);
+    EXPECT_EQ(ZERDIX::clsGetAUserRecord()->userid, "zerdix") << "not what is kept of the other";
+    ASSERT_EQ(login("meier", "meier"), 0);
     EXPECT_EQ(session.setReplacement("meier", "alpha", 1), 6);
     EXPECT_EQ(session.setReplacement("zerdix", "alpha", 1), 0);
     EXPECT_EQ(session.getOUserRecord()->repl_userid, "zerdix");

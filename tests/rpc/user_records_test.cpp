@@ -202,20 +202,5 @@ TEST_F(UserRecords, TheBoardSendsWhatIsNew) {
     EXPECT_THAT(stamps, ElementsAre(0, 2, 2, 0, 3));
 }
 
-TEST(DeviceBits, HaveTheValuesOfTheProtocol) {
-    using z = ZERDIX;
-    EXPECT_EQ(z::clssetHWFNormal() | z::clssetHWFFine() | z::clssetHWFRes1() | z::clssetHWFRes2(),
-              0x00F);
-    const std::pair<std::int32_t, std::int32_t> values[] = {
-        {z::clssetHWFScan(), 0x010},      {z::clssetHWFHalftone(), 0x020},
-        {z::clssetHWFPrint(), 0x040},     {z::clssetHWFReceive(), 0x080},
-        {z::clssetHWFSend(), 0x100},      {z::clssetATPrintSend(), 0x001},
-        {z::clssetATPrintError(), 0x002}, {z::clssetATPrintReceive(), 0x004},
-        {z::clssetATMailSend(), 0x008},   {z::clssetATMailReceive(), 0x020},
-        {z::clssetATLampError(), 0x080},  {z::clssetATVoiceSend(), 0x200}};
-    for (const auto& [accessor, value] : values)
-        EXPECT_EQ(accessor, value);
-}
-
 } // namespace
 } // namespace zerdix::testing
