@@ -26,21 +26,39 @@ void describe(CLI::App& app) {
                "See zerdix(1), zerdix-print(1) and zerdix-page(1).");
 }
 
-// The command as far as it was understood: "zerdix doc list".
-std::string understood(const CLI::App& app) {
+// The command as far as it was understood, such as that of "zerdix doc list", and its name.
+const CLI::App& understood(const CLI::App& app) {
     const auto below = app.get_subcommands();
-    return below.empty() ? app.get_name() : app.get_name() + ' ' + understood(*below.front());
+    return below.empty() ? app : understood(*below.front());
+}
+
+std::string full_name(const CLI::App& app) {
+    return app.get_parent() == nullptr ? app.get_name()
+                                       : full_name(*app.get_parent()) + ' ' + app.get_name();
+}
+
+int no_command(const CLI::App& app) {
+    const CLI::App* parent = app.get_parent();
+    std::fputs(app.help(parent != nullptr ? full_name(*parent) : "").c_str(), stderr);
+    return exit_usage;
+}
+
+std::string sentence(const CLI::App& last, const CLI::ParseError& error) {
+    const auto unknown = last.remaining();
+    const bool is_group = !last.get_subcommands([](const CLI::App*) { return true; }).empty();
+    if (is_group && !unknown.empty())
+        return '"' + unknown.front() + "\" is no command of " + full_name(last);
+    return error.what();
 }
 
 int wrong_usage(const CLI::App& app, const CLI::ParseError& error) {
     if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success))
         return app.exit(error);
-    std::fprintf(stderr, "zerdix: %s\nTry \"%s --help\".\n", error.what(), understood(app).c_str());
-    return exit_usage;
-}
-
-int no_command(const CLI::App& app) {
-    std::fputs(app.help().c_str(), stderr);
+    const CLI::App& last = understood(app);
+    if (last.get_require_subcommand_min() > 0 && last.remaining().empty())
+        return no_command(last);
+    std::fprintf(stderr, "zerdix: %s\nTry \"%s --help\".\n", sentence(last, error).c_str(),
+                 full_name(last).c_str());
     return exit_usage;
 }
 

@@ -1,7 +1,6 @@
 // zerdix page: a stored page as a picture.
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 
@@ -10,19 +9,15 @@
 #include <zerdix/journal.h>
 
 #include "commands.h"
-#include "failure.h"
-#include "link_probe.h"
+#include "page_fetch.h"
 #include "png_file.h"
 #include "server_session.h"
 #include "settings_choice.h"
 #include "shell/one_of.h"
-#include "stored_page.h"
 
 namespace zerdix::app {
 
 namespace {
-
-constexpr std::int16_t compressed_bitmap = 0; // the picture type of fax pages
 
 struct page_line {
     std::int32_t document = 0;
@@ -32,52 +27,16 @@ struct page_line {
     std::string settings;
 };
 
-struct pool_name {
-    topftype pool;
-    const char* place;
-};
-
-pool_name pool_of(const std::string& name) {
+topftype pool_of(const std::string& name) {
     if (name == "in")
-        return {TOPF_E, "among the incoming documents"};
-    if (name == "out")
-        return {TOPF_S, "among the outgoing documents"};
-    return {TOPF_P, "on the desk"};
-}
-
-failure no_such_page(JOURNAL& journal, const page_line& line) {
-    const pool_name pool = pool_of(line.pool);
-    const std::string document = "document " + std::to_string(line.document);
-    const a_get_inf_o* info = journal.getDocInf(pool.pool, line.document, 0);
-    if (info == nullptr || info->pagecount <= 0)
-        return {exit_no_input, "there is no " + document + " with pages " + pool.place};
-    if (line.page > info->pagecount)
-        return {exit_no_input, document + " has no page " + std::to_string(line.page) + ", only " +
-                                   std::to_string(info->pagecount)};
-    return {exit_no_input,
-            "page " + std::to_string(line.page) + " of " + document + " has no picture"};
+        return TOPF_E;
+    return name == "out" ? TOPF_S : TOPF_P;
 }
 
 page_picture fetch(const page_line& line) {
     const server_session session;
-    const std::string name =
-        "page " + std::to_string(line.page) + " of document " + std::to_string(line.document);
     JOURNAL journal;
-    const call_watch watch;
-    const page_dat* page =
-        journal.getDocPage(pool_of(line.pool).pool, line.document,
-                           static_cast<std::int16_t>(line.page), compressed_bitmap);
-    if (page == nullptr) {
-        const trouble why = watch.explain(session.host());
-        throw failure(why.code, "fetching " + name + " failed: " + why.cause);
-    }
-    if (page->size == 0)
-        throw no_such_page(journal, line);
-    try {
-        return expand_page(page->data, page->size);
-    } catch (const failure& error) {
-        throw failure(error.code(), name + ' ' + error.what());
-    }
+    return fetch_picture(journal, {pool_of(line.pool), line.document, line.page}, session.host());
 }
 
 void run(const page_line& line, char** arguments) {

@@ -5,11 +5,10 @@
 #include <csetjmp>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 
 #include <png.h>
 
-#include "failure.h"
+#include "output_file.h"
 #include "page_geometry.h"
 
 namespace zerdix::app {
@@ -66,10 +65,6 @@ class png_writer {
     png_infop info_;
 };
 
-[[noreturn]] void not_written(const std::string& path, const char* reason) {
-    throw failure(exit_no_output, path + " can't be written: " + reason);
-}
-
 // The reason why not, "" for success.
 std::string write_to(std::FILE* out, const page_picture& picture) {
     png_writer writer;
@@ -92,9 +87,8 @@ void write_png(const std::string& path, const page_picture& picture) {
         error = std::strerror(errno);
     if (error.empty())
         return;
-    if (std::error_code ignored; std::filesystem::is_regular_file(path, ignored))
-        std::filesystem::remove(path, ignored);
-    not_written(path, error.c_str());
+    take_away(path);
+    not_written(path, error);
 }
 
 } // namespace zerdix::app

@@ -1,0 +1,119 @@
+// zerdix doc comment, zerdix doc public, zerdix doc read.
+
+#include <memory>
+
+#include <CLI/CLI.hpp>
+
+#include "documents/arguments.h"
+#include "documents/commands.h"
+#include "documents/document_name.h"
+#include "shell/each_named.h"
+#include "shell/one_of.h"
+#include "shell/user_command.h"
+#include "shell/value_text.h"
+
+namespace zerdix::app {
+
+namespace {
+
+constexpr std::size_t title_width = 30;
+
+struct comment_line {
+    std::string document, text;
+};
+
+void comment(desk& user, const comment_line& line) {
+    const document which = find_document(user, line.document);
+    const std::string text = field_text("the title", line.text, title_width);
+    user.expect("changing the title of " + name_of(which),
+                [&] { return user.journal().putComment2Doc(which.pool, which.id, text.c_str()); });
+    user.out().done("the title of " + name_of(which) + " is now \"" + shown(text) + '"',
+                    {{"pool", pool_word(which.pool)}, {"id", which.id}, {"title", shown(text)}});
+}
+
+void add_comment_command(CLI::App& parent) {
+    auto line = std::make_shared<comment_line>();
+    CLI::App* command = add_user_command(
+        parent, "comment", "Give a document another title",
+        [line](desk& user) { comment(user, *line); },
+        [line] { read_document_name(line->document); });
+    add_document(*command, line->document);
+    command->add_option("TEXT", line->text, "The title, 30 characters")
+        ->required()
+        ->option_text(" ");
+    command->footer("Example: zerdix doc comment 17 \"Offer of Monday\"");
+}
+
+struct public_line {
+    std::string document, state;
+};
+
+void set_public(desk& user, const public_line& line) {
+    const bool on = line.state == "on";
+    const document which =
+        find_document(user, line.document, TOPF_P, "only desk documents can be public");
+    const auto owner = [&] {
+        const a_p_rec* record = user.journal().getPDoc(which.id);
+        return record == nullptr ? std::string("the server refused")
+                                 : "it belongs to " + shown(record->userid);
+    };
+    user.expect(
+        "changing " + name_of(which),
+        [&] { return user.journal().setPublic(which.id, on ? 1 : 0); }, owner);
+    user.out().done(name_of(which) + (on ? " is public now" : " is private now"),
+                    {{"pool", pool_word(which.pool)}, {"id", which.id}, {"public", on}});
+}
+
+void add_public_command(CLI::App& parent) {
+    auto line = std::make_shared<public_line>();
+    CLI::App* command = add_user_command(
+        parent, "public", "Let all users read a desk document, or no longer",
+        [line](desk& user) { set_public(user, *line); },
+        [line] { read_document_name(line->document); });
+    add_document(*command, line->document);
+    command->add_option("STATE", line->state, "on or off")
+        ->required()
+        ->check(one_of({"on", "off"}))
+        ->option_text(" ");
+    command->footer("Example: zerdix doc public 17 on");
+}
+
+struct read_line {
+    std::vector<std::string> documents;
+    bool unread = false;
+};
+
+deed mark(desk& user, const std::string& typed, bool unread) {
+    const document which = find_document(user, typed);
+    user.expect("marking " + name_of(which), [&] {
+        return unread ? user.journal().setbif(which.pool, which.id, 1)
+                      : user.journal().setReadFlag(which.pool, which.id);
+    });
+    return {name_of(which) + " is marked as " + (unread ? "new" : "read"),
+            {{"pool", pool_word(which.pool)}, {"id", which.id}, {"new", unread}}};
+}
+
+void add_read_command(CLI::App& parent) {
+    auto line = std::make_shared<read_line>();
+    CLI::App* command = add_user_command(
+        parent, "read", "Mark documents as read",
+        [line](desk& user) {
+            each_named(user.out(), line->documents,
+                       [&](const std::string& typed) { return mark(user, typed, line->unread); });
+        },
+        [line] { check_document_names(line->documents); });
+    command->alias("mark-read");
+    add_documents(*command, line->documents);
+    command->add_flag("--unread", line->unread, "Mark them as new again");
+    command->footer("Example: zerdix doc read 17 18");
+}
+
+} // namespace
+
+void add_mark_commands(CLI::App& parent) {
+    add_comment_command(parent);
+    add_public_command(parent);
+    add_read_command(parent);
+}
+
+} // namespace zerdix::app

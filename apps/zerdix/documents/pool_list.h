@@ -1,0 +1,22 @@
+// The documents of a pool, read from the server.
+#ifndef ZERDIX_APP_DOCUMENTS_POOL_LIST_H
+#define ZERDIX_APP_DOCUMENTS_POOL_LIST_H
+
+#include <cstdint>
+
+#include "documents/document_name.h"
+#include "server_fields.h"
+#include "shell/report.h"
+
+namespace zerdix::app {
+
+// All of them that the selection shows, from the id `from` on, block by block in the size that the
+// server is configured with.
+json list_pool(desk& user, topftype pool, selection which, std::int32_t from = first_block);
+
+// One block.
+json list_block(desk& user, topftype pool, selection which, std::int32_t from, int most);
+
+} // namespace zerdix::app
+
+#endif
