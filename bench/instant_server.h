@@ -17,11 +17,11 @@ namespace zerdix::bench {
 
 class instant_server {
   public:
-    // Results as they go on the wire, by procedure number.
-    using replies = std::map<std::uint32_t, std::vector<char>>;
+    // Results as they go on the wire, by procedure number. Where there are several they take turns.
+    using replies = std::map<std::uint32_t, std::vector<std::vector<char>>>;
 
     // ZERDIXRPCOFFSET must be set by now. Ends the program with a sentence when it can't start.
-    explicit instant_server(replies ready = {});
+    explicit instant_server(replies results = {});
     // Ends the child. It also ends by itself when its parent goes, and after ten minutes.
     ~instant_server();
     instant_server(const instant_server&) = delete;

@@ -149,7 +149,7 @@ int main() {
     bench::keep_to_one_processor();
     const bytes_on_wire book = entry_block();
     const bench::instant_server server{
-        {{proc::o_get_tbookl_1::number, book}, {proc::a_get_users_1::number, all_users()}}};
+        {{proc::o_get_tbookl_1::number, {book}}, {proc::a_get_users_1::number, {all_users()}}}};
     direct_client direct{environment.program()};
     ZERDIX session;
     require(session.GetClientAddr("127.0.0.1") != nullptr, "GetClientAddr");
