@@ -58,11 +58,13 @@ TEST(HostileBounds, ADripIsGivenUpAfter25Seconds) {
     const pid_t child = fork();
     if (child == 0)
         _exit(seconds_on_a_header());
-    EXPECT_EQ(seconds_on_a_record(), 25);
+    const int on_a_record = seconds_on_a_record();
+    EXPECT_TRUE(on_a_record == 25 || on_a_record == 26) << on_a_record; // on a busy machine
     int status = 0;
     ASSERT_EQ(waitpid(child, &status, 0), child);
     ASSERT_TRUE(WIFEXITED(status));
-    EXPECT_EQ(WEXITSTATUS(status), 25);
+    const int on_a_header = WEXITSTATUS(status);
+    EXPECT_TRUE(on_a_header == 25 || on_a_header == 26) << on_a_header;
 }
 
 #ifndef __SANITIZE_ADDRESS__

@@ -39,6 +39,8 @@ std::map<std::uint32_t, answers> collect(wire::procedure_list<P...>) {
     all[wire::proc::a_get_compat_1::number].sound = wire_bytes{}.words({1, 8}).bytes();
     all[wire::proc::a_get_login_1::number].sound = wire_bytes{}.words({5, 0}).bytes();
     all[wire::proc::a_get_config_1::number].sound = wire_bytes{}.text("40", 80).bytes();
+    auto& user = all[wire::proc::a_get_user_1::number];
+    user.sound = user.refusal; // without letterheads
     auto& log = all[wire::proc::a_get_logl_1::number];
     log.sound = log.more_counted = log.refusal; // the end of a log
     for (auto& [number, forms] : all)
