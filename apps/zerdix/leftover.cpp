@@ -38,4 +38,14 @@ leftover clear_leftover(std::int32_t faxid, const std::string& host) {
     return result;
 }
 
+bool clear_print_document(std::int32_t faxid, const std::string& host) {
+    ZERDIX session;
+    if (session.GetClientAddr(host.c_str()) == nullptr)
+        return false;
+    JOURNAL journal;
+    const bool gone = journal.delPrintDoc(TOPF_P, faxid) == 0;
+    session.CleanupHostConnection();
+    return gone;
+}
+
 } // namespace zerdix::app

@@ -15,6 +15,9 @@ struct leftover {
 // Connects anew as the session's user and deletes the document.
 leftover clear_leftover(std::int32_t faxid, const std::string& host);
 
+// Connects anew and deletes a document of the print user. Whether it is gone.
+bool clear_print_document(std::int32_t faxid, const std::string& host);
+
 } // namespace zerdix::app
 
 #endif

@@ -54,14 +54,32 @@ int lines_before_deletion(int pages) {
     return 1 + pages + 1;
 }
 
+const char* net_word(int net) {
+    return net == NETTYPE_TELEX ? "telex" : "fax";
+}
+
+// Receivers of a telex that have been served are released one by one, the first one first.
+std::size_t served_by_now(std::size_t all) {
+    if (ppReceiver == nullptr)
+        return all;
+    const auto served = std::find_if(ppReceiver, ppReceiver + lPDCountReceiver,
+                                     [](const char* receiver) { return receiver != nullptr; });
+    return static_cast<std::size_t>(served - ppReceiver);
+}
+
+[[noreturn]] void nobody_named() {
+    throw failure(exit_no_dialog, "no receiver is named and no dialog can ask for one; use --to or "
+                                  "--group");
+}
+
 std::string count_of_jobs(std::size_t made, std::size_t all) {
     return std::to_string(made) + " of " + std::to_string(all) + " send jobs had been made";
 }
 
 } // namespace
 
-print_job::print_job(const std::string& title) {
-    const std::int32_t rc = TransmissionDlg(nullptr, title.c_str(), 1);
+print_job::print_job(const std::string& title, nettypetype net) : net_(net) {
+    const std::int32_t rc = TransmissionDlg(nullptr, title.c_str(), net == NETTYPE_FAX ? 1 : 0);
     host_ = ZERDIX::clsGetAlphaServer();
     if (rc == success) {
         open_ = true;
@@ -86,7 +104,7 @@ void print_job::apply(const std::string& merge_text) {
         throw failed_step("reading the receivers", watch.explain(host_));
 }
 
-void print_job::require_fax_entry(const book_entry& wanted) {
+void print_job::require_entry(const book_entry& wanted) {
     const call_watch watch;
     TELEBOOK books;
     const o_tebul* entry = books.getTBookEntry(wanted.book.c_str(), wanted.entry.c_str(), 1);
@@ -95,16 +113,17 @@ void print_job::require_fax_entry(const book_entry& wanted) {
         throw failed_step("looking up " + name, watch.explain(host_));
     if (entry->tbookid.empty())
         throw failure(exit_no_receiver, "the phone books have no entry " + name);
-    if (entry->nettype != NETTYPE_FAX)
-        throw failure(exit_no_receiver, name + " has no fax: it is an entry for telex");
+    if (entry->nettype != net_)
+        throw failure(exit_no_receiver, name + " has no " + net_word(net_) +
+                                            ": it is an entry for " + net_word(entry->nettype));
 }
 
 void print_job::add_group(const std::string& group_utf8) {
     const std::int32_t before = lPDCountReceiver;
     apply(group_pair(group_utf8));
     if (lPDCountReceiver == before)
-        throw failure(exit_no_receiver,
-                      "the group " + group_utf8 + " doesn't exist or has no fax receiver");
+        throw failure(exit_no_receiver, "the group " + group_utf8 + " doesn't exist or has no " +
+                                            net_word(net_) + " receiver");
 }
 
 void print_job::store_page(const std::vector<unsigned char>& block) {
@@ -145,8 +164,7 @@ void print_job::send_failed(const std::vector<std::string>& receivers, const tro
     if (!left.gone)
         tell_document_stays(faxid);
     if (receivers.empty())
-        throw failure(why.code, "no receiver is named and no dialog can ask for one; use --to or "
-                                "--group");
+        nobody_named();
     const bool all_sent = left.log_lines > lines_before_deletion(pages_);
     const std::size_t made = all_sent ? receivers.size() : sent_before(receivers);
     const std::string step =
@@ -155,9 +173,42 @@ void print_job::send_failed(const std::vector<std::string>& receivers, const tro
     throw failed_step(step, {why.code, why.cause + "; " + count_of_jobs(made, receivers.size())});
 }
 
-// The connection may be what failed, so the second try has one of its own.
+std::int32_t print_job::send_telex(const std::string& text) {
+    const std::vector<std::string> receivers = job_receivers();
+    const call_watch watch;
+    const std::int32_t rc = SendTelex(text.data(), static_cast<std::int32_t>(text.size()));
+    if (rc == success) {
+        open_ = false;
+        return static_cast<std::int32_t>(receivers.size());
+    }
+    if (receivers.empty()) { // the library has closed the job
+        open_ = false;
+        nobody_named();
+    }
+    telex_failed(receivers, watch.explain(host_));
+}
+
+void print_job::telex_failed(const std::vector<std::string>& receivers, const trouble& why) {
+    const std::size_t served = served_by_now(receivers.size());
+    const std::string step = pa_s_rec->faxid == 0 ? "making the document of the telex"
+                             : served == receivers.size()
+                                 ? "deleting the document of the telex"
+                                 : "the telex to " + platform::cp1252_to_utf8(receivers[served]);
+    throw failed_step(step, {why.code, why.cause + "; " + std::to_string(served) + " of " +
+                                           std::to_string(receivers.size()) +
+                                           " telexes had been handed over"});
+}
+
+// The connection may be what failed, so the second try has one of its own. The document of a telex
+// belongs to the print user, under whom alone it can be deleted.
 void print_job::give_up() {
     open_ = false;
+    if (net_ == NETTYPE_TELEX) {
+        if (pa_s_rec->faxid != 0 && !clear_print_document(pa_s_rec->faxid, host_))
+            tell("the print document " + std::to_string(pa_s_rec->faxid) +
+                 " couldn't be deleted and stays on the server");
+        return;
+    }
     if (DeleteFaxDoc() == success || pa_s_rec->faxid == 0)
         return;
     if (!clear_leftover(pa_s_rec->faxid, host_).gone)

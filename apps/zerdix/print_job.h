@@ -1,5 +1,7 @@
 // The print job of this process, from opening to its end, over the library's print job functions.
 //
+// It is a fax job, of pages, or a telex job, of one text.
+//
 // Texts are Windows-1252 unless told otherwise. Every failure names the step and its cause.
 // Whatever happens, the object's end leaves no document on the user's desk, or says which one
 // stays.
@@ -10,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include <zerdix/records.h>
+
 #include "link_probe.h"
 #include "merge_text.h"
 
@@ -17,15 +21,15 @@ namespace zerdix::app {
 
 class print_job {
   public:
-    explicit print_job(const std::string& title);
+    explicit print_job(const std::string& title, nettypetype net = NETTYPE_FAX);
     ~print_job();
     print_job(const print_job&) = delete;
     print_job& operator=(const print_job&) = delete;
 
-    // Settings and receivers. An unknown entry, an entry for telex, and a group that adds no
-    // receiver are failures.
+    // Settings and receivers. An unknown entry, one of the other net type, and a group that adds
+    // no receiver are failures.
     void apply(const std::string& merge_text);
-    void require_fax_entry(const book_entry& entry);
+    void require_entry(const book_entry& entry);
     void add_group(const std::string& group_utf8);
 
     // The page block is one of page_block.h.
@@ -34,13 +38,16 @@ class print_job {
     // Receivers known by now.
     std::int32_t receivers() const;
 
-    // Ends the job. The number of send jobs made.
+    // Ends the job. The number of send jobs made, or of telexes handed over.
     std::int32_t send();
+    std::int32_t send_telex(const std::string& text);
 
   private:
     [[noreturn]] void send_failed(const std::vector<std::string>& receivers, const trouble& why);
+    [[noreturn]] void telex_failed(const std::vector<std::string>& receivers, const trouble& why);
     void give_up();
 
+    nettypetype net_;
     std::string host_;
     std::int16_t pages_ = 0;
     bool open_ = false; // the library's job waits for its end

@@ -112,6 +112,14 @@ std::optional<send_time> parse_send_time(const std::string& typed) {
     return time;
 }
 
+send_time required_send_time(const std::string& typed) {
+    const auto time = parse_send_time(typed);
+    if (!time)
+        throw failure(exit_usage, "--at \"" + typed +
+                                      "\": now, night, HH:MM or \"YYYY-MM-DD HH:MM\" is expected");
+    return *time;
+}
+
 std::int32_t send_time_seconds(const send_time& time, std::time_t now) {
     const std::tm local = completed(time, now);
     return seconds_of(local, typed_form(local, time.when == send_time::kind::date), now);

@@ -19,7 +19,10 @@ struct send_time {
 // "now", "night", "20:15" or "2026-12-31 20:15"; nothing for any other text.
 std::optional<send_time> parse_send_time(const std::string& typed);
 
-// The same as seconds since 1970 UTC, of a clock time or a date. To be called once the process has
+// The same of the option --at; throws failure for any other text.
+send_time required_send_time(const std::string& typed);
+
+// A clock time or a date as seconds since 1970 UTC. To be called once the process has
 // the server's time zone. Throws failure for a time that is over by `now` or doesn't exist.
 std::int32_t send_time_seconds(const send_time& time, std::time_t now);
 

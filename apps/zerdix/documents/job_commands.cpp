@@ -83,21 +83,13 @@ struct change_line {
     std::optional<bool> night;
 };
 
-send_time read_time(const std::string& typed) {
-    const auto time = parse_send_time(typed);
-    if (!time)
-        throw failure(exit_usage, "--at \"" + typed +
-                                      "\": now, night, HH:MM or \"YYYY-MM-DD HH:MM\" is expected");
-    return *time;
-}
-
 void check_change(const change_line& line) {
     read_document_name(line.document);
     if (!line.title && !line.at && !line.resolution && !line.retries && !line.priority &&
         !line.night)
         throw failure(exit_usage, "nothing is named that should change");
     if (line.at)
-        read_time(*line.at);
+        required_send_time(*line.at);
 }
 
 void set_time(a_s_rec& record, const send_time& time) {
@@ -114,7 +106,7 @@ a_s_rec changed(a_s_rec record, const change_line& line) {
     if (line.title)
         record.comment.assign(field_text("the title", *line.title, title_width));
     if (line.at)
-        set_time(record, read_time(*line.at));
+        set_time(record, required_send_time(*line.at));
     if (line.night)
         record.nighttariff = *line.night;
     if (line.retries)

@@ -1,0 +1,40 @@
+// What the commands that send share: receivers, title, time and retries.
+#ifndef ZERDIX_APP_JOB_OPTIONS_H
+#define ZERDIX_APP_JOB_OPTIONS_H
+
+#include <string>
+
+#include "merge_text.h"
+#include "print_job.h"
+
+namespace CLI {
+class App;
+}
+
+namespace zerdix::app {
+
+// `kind` is "fax" or "telex".
+void add_receiver_options(CLI::App& command, print_options& options, const std::string& kind);
+
+// --title, --at and --retries, as they are typed.
+struct job_places {
+    std::string& title;
+    std::string& at;
+    int& retries;
+};
+void add_job_options(CLI::App& command, const job_places& places, const std::string& default_title);
+
+// What can be told wrong of the receivers without the server. Throws failure.
+void check_receivers(const print_options& options);
+
+// The title that was given, or the other one, both UTF-8; the result is Windows-1252. Notes tell
+// what is lost of one that was given.
+std::string job_title(const print_options& options, const std::string& otherwise);
+
+// Settings, time and receivers of an open job. `settings` is the merge text without the time and
+// the groups.
+void set_up(print_job& job, const print_options& options, const std::string& settings);
+
+} // namespace zerdix::app
+
+#endif

@@ -1,0 +1,27 @@
+// The text of a telex, as it is read from a file or from standard input.
+#ifndef ZERDIX_APP_TELEX_TELEX_TEXT_H
+#define ZERDIX_APP_TELEX_TELEX_TEXT_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zerdix::app {
+
+constexpr std::size_t telex_line = 69; // characters
+
+struct telex_text {
+    std::string text; // Windows-1252
+    int lines;
+    std::vector<std::string> remarks; // what its sender should know, a sentence each
+};
+
+// "-" is standard input. Throws failure when it can't be read.
+std::string read_telex_file(const std::string& path);
+
+// Throws failure for a text without anything to send, without naming it.
+telex_text make_telex(std::string_view utf8);
+
+} // namespace zerdix::app
+
+#endif
