@@ -14,8 +14,18 @@ void add_commands(CLI::App& app, char** arguments);
 
 void add_print_command(CLI::App& app, char** arguments);
 void add_page_command(CLI::App& app, char** arguments);
-void add_telex_command(CLI::App& app, char** arguments);
 void add_document_commands(CLI::App& app);
+void add_book_commands(CLI::App& app);
+void add_entry_commands(CLI::App& app);
+void add_group_commands(CLI::App& app);
+void add_user_commands(CLI::App& app);
+void add_printer_commands(CLI::App& app);
+void add_scanner_commands(CLI::App& app);
+void add_preference_commands(CLI::App& app);
+void add_replacement_commands(CLI::App& app);
+void add_password_command(CLI::App& app);
+void add_signature_commands(CLI::App& app);
+void add_board_commands(CLI::App& app);
 
 } // namespace zerdix::app
 

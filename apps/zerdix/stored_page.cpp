@@ -61,4 +61,23 @@ page_picture expand_page(const unsigned char* compressed, std::size_t size) {
     return picture;
 }
 
+std::vector<unsigned char> store_page(const page_picture& picture) {
+    std::vector<unsigned char> block;
+    block.reserve(header_bytes + picture.bits.size());
+    for (const std::uint32_t side : {picture.width, picture.rows}) {
+        for (int shift = 24; shift >= 0; shift -= 8)
+            block.push_back(static_cast<unsigned char>(side >> shift));
+    }
+    for (const unsigned char byte : picture.bits)
+        block.push_back(static_cast<unsigned char>(mirrored(byte)));
+    unsigned char* compressed = nullptr;
+    std::int32_t length = 0;
+    const auto rc = imaging::compress_mem_2_mem(
+        block.data(), static_cast<std::int32_t>(block.size()), &compressed, &length);
+    const std::unique_ptr<unsigned char, heap_free> holder(compressed);
+    if (rc != 0)
+        throw failure(exit_internal, "no memory for a picture");
+    return {compressed, compressed + length};
+}
+
 } // namespace zerdix::app

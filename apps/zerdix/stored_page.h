@@ -2,7 +2,8 @@
 //
 // What the expander gives is the expanded form of the page block: width and height, each byte with
 // its bits mirrored, most significant byte first, then the rows from the top, eight pixels a byte,
-// leftmost pixel in bit 7, a set bit black.
+// leftmost pixel in bit 7, a set bit black. The server's stored form has the bits of all these
+// bytes the other way round.
 #ifndef ZERDIX_APP_STORED_PAGE_H
 #define ZERDIX_APP_STORED_PAGE_H
 
@@ -22,6 +23,10 @@ struct page_picture {
 
 // Throws failure, without naming the page, when the bytes aren't a whole page.
 page_picture expand_page(const unsigned char* compressed, std::size_t size);
+
+// The bytes that the server keeps of a picture: the page block in its stored form, compressed. The
+// width is a multiple of 8. Throws failure when there is no memory.
+std::vector<unsigned char> store_page(const page_picture& picture);
 
 } // namespace zerdix::app
 

@@ -14,7 +14,8 @@ bool ends_the_walk(const failure& error) {
 }
 
 std::string undone(std::size_t all, std::size_t done) {
-    return std::to_string(all - done) + " of " + std::to_string(all) + " weren't done";
+    return std::to_string(all - done) + " of " + std::to_string(all) +
+           (all - done == 1 ? " wasn't done" : " weren't done");
 }
 
 } // namespace

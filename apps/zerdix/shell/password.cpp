@@ -143,4 +143,8 @@ std::string login_password(const std::string& file, const std::string& user) {
     return ask_password("Password of " + user + ": ");
 }
 
+bool settings_have_password() {
+    return !setting("Password").empty() || !setting("PasswordFile").empty();
+}
+
 } // namespace zerdix::app

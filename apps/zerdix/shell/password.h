@@ -19,6 +19,9 @@ std::string ask_password(const std::string& prompt);
 // and others may read them.
 std::string login_password(const std::string& file, const std::string& user);
 
+// Whether the settings give one, so that nobody is asked.
+bool settings_have_password();
+
 } // namespace zerdix::app
 
 #endif

@@ -1,0 +1,138 @@
+// zerdix book: phone books, and what is in them.
+
+#include <memory>
+
+#include "books/book_transfer.h"
+#include "books/entry_walk.h"
+#include "books/external_query.h"
+#include "books/kinds.h"
+#include "books/known_entry.h"
+#include "books/owned_commands.h"
+#include "books/text_match.h"
+#include "commands.h"
+#include "platform/encoding.h"
+#include "server_fields.h"
+#include "shell/user_command.h"
+#include "shell/value_text.h"
+
+namespace zerdix::app {
+
+namespace {
+
+json book_json(const o_tebu& book) {
+    json object = {{"book", shown(book.tbookid)}};
+    put_owned(object, book);
+    object["external"] = is_external(book);
+    json labels = json::array();
+    for (const str30& label : book.t_labels) {
+        if (!label.empty())
+            labels.push_back(shown(label));
+    }
+    object["parameters"] = labels;
+    return object;
+}
+
+void list(desk& user) {
+    const PTRLIST& books =
+        user.fetch("listing the phone books", [&] { return user.books().getTBooks(); });
+    json all = json::array();
+    for (const auto* book : records<o_tebu>(books))
+        all.push_back(book_json(*book));
+    user.out().rows(all,
+                    {{"book", "Book"},
+                     {"comment", "Comment"},
+                     {"owner", "Owner"},
+                     {"user_group", "User group"},
+                     {"rights", "Rights"},
+                     {"external", "External"}},
+                    "there are no phone books");
+}
+
+void info(desk& user, owned_line& line) {
+    const o_tebu book = known<book_kind>(user, line.id);
+    json object = book_json(book);
+    object["your_rights"] = rights_letters(rights_on(user, book));
+    user.out().properties(object, {{"book", "Book"},
+                                   {"comment", "Comment"},
+                                   {"owner", "Owner"},
+                                   {"user_group", "User group"},
+                                   {"rights", "Rights"},
+                                   {"your_rights", "Your rights"},
+                                   {"server", "Server"},
+                                   {"external", "External"},
+                                   {"parameters", "Parameters"}});
+}
+
+struct show_line {
+    std::string typed, id, type, from, match;
+    int most = 0;
+};
+
+bool matches(const o_tebul& entry, const std::string& part) {
+    return holds(entry.teleid.view(), part) || holds(entry.comment.view(), part) ||
+           holds(entry.phone.view(), part) || holds(entry.tsi.view(), part);
+}
+
+json found_entries(desk& user, const show_line& line) {
+    const std::string part = folded(platform::utf8_to_cp1252(line.match));
+    const std::size_t most = line.most > 0 ? static_cast<std::size_t>(line.most) : SIZE_MAX;
+    entry_walk walk(user, line.id, net_type_of(line.type),
+                    line.from.empty() ? "" : id_text("the entry", line.from));
+    json all = json::array();
+    for (auto block = walk.next(); !block.empty() && all.size() < most; block = walk.next()) {
+        for (const o_tebul& entry : block) {
+            if (all.size() < most && matches(entry, part))
+                all.push_back(entry_json(entry));
+        }
+    }
+    return all;
+}
+
+void show(desk& user, const show_line& line) {
+    known<book_kind>(user, line.id); // an unknown book would look like an empty one
+    user.out().rows(found_entries(user, line),
+                    {{"entry", "Entry"},
+                     {"phone", "Number"},
+                     {"type", "Type"},
+                     {"in_house", "In-house"},
+                     {"station", "Station"},
+                     {"comment", "Comment"}},
+                    line.match.empty() ? "there are no entries" : "no entry matches");
+}
+
+void add_show(CLI::App& group) {
+    auto line = std::make_shared<show_line>();
+    CLI::App* command = add_user_command(
+        group, "show", "Show the entries of a phone book",
+        [line](desk& user) { show(user, *line); },
+        [line] { line->id = id_text("the phone book", line->typed); });
+    command->add_option("ID", line->typed, "Id of the phone book")->required()->option_text(" ");
+    add_net_type(*command, line->type);
+    command->add_option("--from", line->from, "Begin at this entry")->option_text("ENTRY");
+    command
+        ->add_option("-m,--match", line->match,
+                     "Only entries that hold this text, in any case of letters, in their id, "
+                     "number, station or comment")
+        ->option_text("TEXT");
+    command->add_option("-n,--most", line->most, "Stop after so many entries")
+        ->check(CLI::Range(1, 2147483647).description(""))
+        ->option_text("N");
+    command->footer("Example: zerdix book show common --match berlin");
+}
+
+} // namespace
+
+void add_book_commands(CLI::App& app) {
+    CLI::App* group = add_command_group(app, "book", "Phone books: list, show, create, export ...");
+    group->alias("books");
+    add_user_command(*group, "list", "List the phone books", list)->alias("ls");
+    add_show(*group);
+    auto line = std::make_shared<owned_line>();
+    add_owned_command<book_kind>(*group, "info", "Show what stands about a phone book", line, info);
+    add_owned_commands<book_kind>(*group);
+    add_book_export(*group);
+    add_book_import(*group);
+    add_external_query(*group);
+}
+
+} // namespace zerdix::app

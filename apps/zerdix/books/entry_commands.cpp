@@ -1,0 +1,182 @@
+// zerdix entry: the entries of phone books, one by one.
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "books/kinds.h"
+#include "books/known_entry.h"
+#include "commands.h"
+#include "shell/each_named.h"
+#include "shell/options.h"
+#include "shell/user_command.h"
+#include "shell/value_text.h"
+
+namespace zerdix::app {
+
+namespace {
+
+struct entry_line {
+    std::string typed;
+    entry_name name;
+    std::vector<std::string> all;
+    std::optional<std::string> phone, comment, station;
+    std::optional<std::int16_t> nettype;
+    std::optional<bool> in_house;
+    bool replace = false;
+
+    bool any() const { return phone || comment || station || nettype || in_house; }
+};
+
+void apply(const entry_line& line, o_tebul& entry) {
+    if (line.phone)
+        entry.phone.assign(field_text("the number", *line.phone, 30));
+    if (line.comment)
+        entry.comment.assign(field_text("the comment", *line.comment, 30));
+    if (line.station)
+        entry.tsi.assign(field_text("the station identification", *line.station, 20));
+    if (line.nettype)
+        entry.nettype = *line.nettype;
+    if (line.in_house)
+        entry.intern = *line.in_house;
+}
+
+void put(desk& user, const std::string& doing, const o_tebul& entry, const entry_name& name,
+         char right, const char* verb) {
+    user.expect(
+        doing + ' ' + name.shown(), [&] { return user.books().putTBookEntry(&entry); },
+        [&] { return why_refused<book_kind>(user, name.book, right, verb); });
+}
+
+void show(desk& user, const entry_line& line) {
+    user.out().properties(entry_json(known_entry(user, line.name)), {{"book", "Book"},
+                                                                     {"entry", "Entry"},
+                                                                     {"phone", "Number"},
+                                                                     {"type", "Type"},
+                                                                     {"in_house", "In-house"},
+                                                                     {"station", "Station"},
+                                                                     {"comment", "Comment"}});
+}
+
+void add(desk& user, const entry_line& line) {
+    const bool there = find_entry(user, line.name).has_value();
+    if (there && !line.replace)
+        throw failure(exit_refused, line.name.shown() + " is there already; zerdix entry change "
+                                                        "changes it, --replace puts this one in "
+                                                        "its place");
+    o_tebul entry{};
+    entry.tbookid.assign(line.name.book);
+    entry.teleid.assign(line.name.entry);
+    entry.nettype = NETTYPE_FAX;
+    apply(line, entry);
+    put(user, there ? "replacing" : "adding", entry, line.name,
+        there ? TELEBOOK::clssetPModify() : TELEBOOK::clssetPAdd(),
+        there ? "change entries" : "add entries");
+    user.out().done(line.name.shown() + (there ? " replaced" : " added"), entry_json(entry));
+}
+
+void change(desk& user, const entry_line& line) {
+    o_tebul entry = known_entry(user, line.name);
+    apply(line, entry);
+    put(user, "changing", entry, line.name, TELEBOOK::clssetPModify(), "change entries");
+    user.out().done(line.name.shown() + " changed", entry_json(entry));
+}
+
+void remove(desk& user, const entry_line& line) {
+    each_named(user.out(), line.all, [&](const std::string& typed) -> deed {
+        const entry_name name = exact_entry(typed);
+        user.expect(
+            "removing " + name.shown(),
+            [&] { return user.books().delTBookEntry(name.book.c_str(), name.entry.c_str()); },
+            [&] {
+                known_entry(user, name);
+                return why_refused<book_kind>(user, name.book, TELEBOOK::clssetPDelete(),
+                                              "remove entries");
+            });
+        return {name.shown() + " removed",
+                {{"book", shown(name.book)}, {"entry", shown(name.entry)}}};
+    });
+}
+
+void add_fields(CLI::App& command, entry_line& line) {
+    add_text(command, "-p,--phone", line.phone, "The fax or telex number, 30 characters", "NUMBER");
+    add_text(command, "-c,--comment", line.comment, "A name or a note, 30 characters");
+    add_text(command, "--tsi,--station", line.station,
+             "The station identification of the receiver, 20 characters");
+    const auto flag = [&](const char* name, auto& place, auto value, const char* description) {
+        return command.add_flag_callback(
+            name, [&place, value] { place = value; }, description);
+    };
+    auto* telex =
+        flag("--telex", line.nettype, std::int16_t{NETTYPE_TELEX}, "It is a telex number");
+    flag("--fax", line.nettype, std::int16_t{NETTYPE_FAX}, "It is a fax number")->excludes(telex);
+    auto* in_house = flag("--in-house", line.in_house, true, "It is a number in the house");
+    flag("--outside", line.in_house, false, "It is a number outside")->excludes(in_house);
+}
+
+CLI::App* add_entry_command(CLI::App& group, const char* name, const char* description,
+                            std::shared_ptr<entry_line> line,
+                            void (*work)(desk&, const entry_line&)) {
+    CLI::App* command = add_user_command(
+        group, name, description, [line, work](desk& user) { work(user, *line); },
+        [line] { line->name = entry_named(line->typed); });
+    command->add_option("BOOK:ENTRY", line->typed, "The phone book and the entry's id in it")
+        ->required()
+        ->option_text(" ");
+    return command;
+}
+
+void add_adding(CLI::App& group) {
+    auto line = std::make_shared<entry_line>();
+    CLI::App* command = add_entry_command(group, "add", "Add an entry to a phone book", line, add);
+    add_fields(*command, *line);
+    command->get_option("--phone")->required();
+    command->add_flag("--replace", line->replace, "Take the place of an entry that is there");
+    command->footer("Example: zerdix entry add common:adler --phone \"+49 30 123456\" "
+                    "--comment \"Adler, Berlin\"");
+}
+
+void add_changing(CLI::App& group) {
+    auto line = std::make_shared<entry_line>();
+    CLI::App* command = add_user_command(
+        group, "change", "Change an entry of a phone book",
+        [line](desk& user) { change(user, *line); },
+        [line] {
+            if (!line->any())
+                throw failure(exit_usage, "nothing is to be changed; see --help for the options");
+            line->name = entry_named(line->typed);
+        });
+    command->add_option("BOOK:ENTRY", line->typed, "The phone book and the entry's id in it")
+        ->required()
+        ->option_text(" ");
+    add_fields(*command, *line);
+    command->footer("What isn't named stays as it is; an empty text clears a field.\n\n"
+                    "Example: zerdix entry change common:adler --phone \"+49 30 654321\"");
+}
+
+void add_removing(CLI::App& group) {
+    auto line = std::make_shared<entry_line>();
+    CLI::App* command = add_user_command(group, "remove", "Remove entries from phone books",
+                                         [line](desk& user) { remove(user, *line); });
+    command->alias("rm")->alias("delete");
+    command->add_option("BOOK:ENTRY", line->all, "The entries, which go without a question")
+        ->required()
+        ->option_text("...");
+    command->footer("Example: zerdix entry remove common:adler private:kunde1");
+}
+
+} // namespace
+
+void add_entry_commands(CLI::App& app) {
+    CLI::App* group =
+        add_command_group(app, "entry", "Entries of phone books: show, add, change, remove");
+    group->alias("entries");
+    auto line = std::make_shared<entry_line>();
+    add_entry_command(*group, "show", "Show an entry of a phone book", line, show);
+    add_adding(*group);
+    add_changing(*group);
+    add_removing(*group);
+}
+
+} // namespace zerdix::app

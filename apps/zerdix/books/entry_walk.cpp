@@ -1,0 +1,40 @@
+#include "books/entry_walk.h"
+
+#include "shell/value_text.h"
+
+namespace zerdix::app {
+
+namespace {
+
+constexpr std::int32_t smallest_block = 2; // the entry that was asked for, and a new one
+
+std::int32_t block_size(desk& user) {
+    const call_watch watch;
+    const std::int32_t size = ZERDIX::clsGetTelebookBlockSize();
+    if (size == -1 || ZERDIX::clsGetClient() == nullptr)
+        user.lost("asking for the size of a block", watch);
+    return std::max(size, smallest_block);
+}
+
+} // namespace
+
+entry_walk::entry_walk(desk& user, std::string book, std::int16_t nettype, std::string start)
+    : user_(user), book_(std::move(book)), nettype_(nettype), start_(std::move(start)),
+      block_size_(block_size(user)) {}
+
+std::vector<o_tebul> entry_walk::next() {
+    const PTRLIST& block = user_.fetch("reading the phone book " + shown(book_), [&] {
+        return user_.books().getTBookEntries(book_.c_str(), static_cast<nettypetype>(nettype_),
+                                             start_.c_str(), block_size_);
+    });
+    std::vector<o_tebul> entries;
+    for (const auto* entry : records<o_tebul>(block)) {
+        if (seen_.emplace(entry->teleid.view()).second)
+            entries.push_back(*entry);
+    }
+    if (!entries.empty())
+        start_ = entries.back().teleid.view();
+    return entries;
+}
+
+} // namespace zerdix::app

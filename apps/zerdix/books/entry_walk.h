@@ -1,0 +1,37 @@
+// All entries of a phone book, block by block.
+#ifndef ZERDIX_APP_BOOKS_ENTRY_WALK_H
+#define ZERDIX_APP_BOOKS_ENTRY_WALK_H
+
+#include <cstdint>
+#include <string>
+#include <unordered_set>
+#include <vector>
+
+#include <zerdix/records.h>
+
+#include "shell/desk.h"
+
+namespace zerdix::app {
+
+class entry_walk {
+  public:
+    // From the id `start` on, "" for the beginning; a net type of 0 takes both. Texts are
+    // Windows-1252.
+    entry_walk(desk& user, std::string book, std::int16_t nettype, std::string start);
+
+    // The entries of the next block, copies; none at the end. Throws failure.
+    std::vector<o_tebul> next();
+
+  private:
+    desk& user_;
+    std::string book_;
+    std::int16_t nettype_;
+    std::string start_;
+    std::int32_t block_size_;
+    // A block may begin with the entry that was asked for, and each counts once.
+    std::unordered_set<std::string> seen_;
+};
+
+} // namespace zerdix::app
+
+#endif

@@ -1,0 +1,13 @@
+// The command that looks recipients up in an external phone book.
+#ifndef ZERDIX_APP_BOOKS_EXTERNAL_QUERY_H
+#define ZERDIX_APP_BOOKS_EXTERNAL_QUERY_H
+
+#include <CLI/CLI.hpp>
+
+namespace zerdix::app {
+
+void add_external_query(CLI::App& group);
+
+} // namespace zerdix::app
+
+#endif

@@ -1,0 +1,33 @@
+// An entry of a phone book: looked up, and as a reader sees it.
+#ifndef ZERDIX_APP_BOOKS_KNOWN_ENTRY_H
+#define ZERDIX_APP_BOOKS_KNOWN_ENTRY_H
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include <zerdix/records.h>
+
+#include "books/names.h"
+#include "shell/desk.h"
+
+namespace zerdix::app {
+
+std::optional<o_tebul> find_entry(desk& user, const entry_name& name);
+
+// Throws failure when there is none, and says whether the book is.
+o_tebul known_entry(desk& user, const entry_name& name);
+
+json entry_json(const o_tebul& entry);
+
+const char* net_word(std::int16_t nettype); // "fax" or "telex"
+
+// The option --type of commands that look at entries; its value is empty, "fax" or "telex".
+void add_net_type(CLI::App& command, std::string& place);
+std::int16_t net_type_of(const std::string& word); // 0 for both
+
+} // namespace zerdix::app
+
+#endif

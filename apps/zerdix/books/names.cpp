@@ -1,0 +1,69 @@
+#include "books/names.h"
+
+#include <algorithm>
+
+#include "failure.h"
+#include "platform/encoding.h"
+#include "shell/value_text.h"
+
+namespace zerdix::app {
+
+namespace {
+
+constexpr std::size_t id_width = 10;
+
+void require_sound(const std::string& what, const std::string& typed) {
+    if (typed.empty())
+        throw failure(exit_usage, what + " has no id");
+    const bool steers = std::any_of(typed.begin(), typed.end(), [](char c) {
+        return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+    });
+    if (steers)
+        throw failure(exit_usage, what + " can't have a control character in its id");
+}
+
+template <class Take>
+entry_name taken_apart(const std::string& typed, Take take) {
+    const auto colon = typed.find(':');
+    if (colon == std::string::npos || colon == 0 || colon + 1 == typed.size())
+        throw failure(exit_usage, "\"" + typed +
+                                      "\" isn't a phone book entry: BOOK:ENTRY is "
+                                      "expected");
+    return {take("the phone book", typed.substr(0, colon)),
+            take("the entry", typed.substr(colon + 1))};
+}
+
+} // namespace
+
+std::string id_text(const std::string& what, const std::string& typed) {
+    require_sound(what, typed);
+    return field_text(what + "'s id", typed, id_width);
+}
+
+std::string exact_id(const std::string& what, const std::string& typed) {
+    require_sound(what, typed);
+    std::string id = platform::utf8_to_cp1252(typed);
+    if (id.size() > id_width || platform::cp1252_to_utf8(id) != typed)
+        throw failure(exit_usage, what + " \"" + typed +
+                                      "\" can't be there: an id has at most 10 characters, all of "
+                                      "Windows-1252");
+    return id;
+}
+
+std::string entry_name::shown() const {
+    return app::shown(book) + ':' + app::shown(entry);
+}
+
+entry_name entry_named(const std::string& typed) {
+    return taken_apart(typed, id_text);
+}
+
+entry_name exact_entry(const std::string& typed) {
+    return taken_apart(typed, exact_id);
+}
+
+std::string count_of_entries(std::size_t n) {
+    return std::to_string(n) + (n == 1 ? " entry" : " entries");
+}
+
+} // namespace zerdix::app

@@ -1,0 +1,104 @@
+// zerdix signature: the picture that stands for the user's hand on cover pages.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "commands.h"
+#include "page_geometry.h"
+#include "people/png_picture.h"
+#include "png_file.h"
+#include "shell/user_command.h"
+#include "shell/value_text.h"
+#include "stored_page.h"
+
+namespace zerdix::app {
+
+namespace {
+
+constexpr std::uint32_t widest = fax_width;
+constexpr std::uint32_t longest = 2286;         // rows of a fax page
+constexpr std::size_t most_bytes = 100 * 16384; // what comes back of a longer one is cut
+
+const page_dat& fetch_signature(desk& user) {
+    return user.fetch("fetching the signature", [&] { return user.session().getSignature(); });
+}
+
+void get(desk& user, const std::string& file) {
+    const page_dat& signature = fetch_signature(user);
+    if (signature.size == 0)
+        throw failure(exit_no_input, user.user() + " has no signature");
+    page_picture picture{};
+    try {
+        picture = expand_page(signature.data, signature.size);
+    } catch (const failure& error) {
+        throw failure(error.code(), std::string("the signature ") + error.what());
+    }
+    write_png(file, picture);
+    if (file != "-")
+        user.out().done("signature of " + std::to_string(picture.width) + " by " +
+                            std::to_string(picture.rows) + " pixels written to " + file,
+                        {{"file", file}, {"width", picture.width}, {"height", picture.rows}});
+}
+
+void store(desk& user, std::vector<unsigned char> bytes) {
+    const page_dat signature{static_cast<std::uint32_t>(bytes.size()), bytes.data()};
+    user.expect("storing the signature", [&] { return user.session().putSignature(&signature); });
+}
+
+struct put_line {
+    std::string file;
+    page_picture picture;
+};
+
+void check_file(put_line& line) {
+    bool had_shades = false;
+    line.picture = read_png(line.file, widest, longest, had_shades);
+    if (had_shades)
+        note("shades of grey become black or white, at the middle");
+}
+
+void put(desk& user, const put_line& line) {
+    std::vector<unsigned char> bytes = store_page(line.picture);
+    if (bytes.size() > most_bytes)
+        throw failure(exit_bad_data, line.file + " is too large even when it is compressed: " +
+                                         std::to_string(bytes.size()) + " bytes, " +
+                                         std::to_string(most_bytes) + " are allowed");
+    store(user, std::move(bytes));
+    user.out().done("signature of " + std::to_string(line.picture.width) + " by " +
+                        std::to_string(line.picture.rows) + " pixels stored",
+                    {{"width", line.picture.width}, {"height", line.picture.rows}});
+}
+
+void remove(desk& user) {
+    store(user, {});
+    user.out().done("signature of " + user.user() + " removed");
+}
+
+} // namespace
+
+void add_signature_commands(CLI::App& app) {
+    CLI::App* group = add_command_group(app, "signature", "Your signature on cover pages");
+
+    auto file = std::make_shared<std::string>();
+    CLI::App* command = add_user_command(*group, "get", "Fetch your signature as a picture",
+                                         [file](desk& user) { get(user, *file); });
+    command->add_option("-o,--output", *file, "PNG file to write; - for standard output")
+        ->required()
+        ->option_text("FILE");
+
+    auto line = std::make_shared<put_line>();
+    command = add_user_command(
+        *group, "put", "Store a picture as your signature",
+        [line](desk& user) { put(user, *line); }, [line] { check_file(*line); });
+    command->add_option("FILE", line->file, "PNG file to read; - for standard input")
+        ->required()
+        ->option_text(" ");
+    command->footer("At most 1728 by 2286 pixels, a fax page. Cover pages show it pixel by pixel\n"
+                    "at 204 by 196 dots to the inch: 600 by 200 pixels are some 75 by 26 mm.\n\n"
+                    "Example: zerdix signature put hand.png");
+
+    add_user_command(*group, "none", "Remove your signature", remove)->alias("remove")->alias("rm");
+}
+
+} // namespace zerdix::app
