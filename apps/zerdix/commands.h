@@ -14,6 +14,7 @@ void add_commands(CLI::App& app, char** arguments);
 
 void add_print_command(CLI::App& app, char** arguments);
 void add_page_command(CLI::App& app, char** arguments);
+void add_telex_command(CLI::App& app, char** arguments);
 void add_document_commands(CLI::App& app);
 void add_book_commands(CLI::App& app);
 void add_entry_commands(CLI::App& app);
