@@ -102,7 +102,9 @@ class ZX_API TELEBOOK {
     // Stores each line of such a file as an entry of a book, new or changed. 0; 4 the server
     // refused an entry; 5 the file can't be read; 6 it can't be opened; 7 no memory; 8 a remote
     // call failed; 12 no client handle. It stops at the first entry that isn't stored, and what was
-    // stored before stays. Nothing is quoted: a ";" in a field shifts the fields behind it.
+    // stored before stays. Nothing is quoted: a ";" in a field shifts the fields behind it. A line
+    // with too few fields repeats its last one in the others, an empty line its line feed; of a
+    // line longer than 511 characters the rest counts as a line of its own. CR LF reads as LF.
     std::int32_t importTBook(const char* tbookid, const char* file);
 
     // Asks the server to look up recipients in an external directory. Ten parameters, each may be
