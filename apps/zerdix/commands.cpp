@@ -1,6 +1,19 @@
 #include "commands.h"
 
+#include <CLI/CLI.hpp>
+
 namespace zerdix::app {
+
+void describe(CLI::App& app) {
+    app.name("zerdix");
+    app.set_version_flag("--version", "zerdix " ZERDIX_VERSION, "Print the version and exit");
+    app.set_help_flag("-h,--help", "Print this help and exit");
+    app.require_subcommand(0, 1);
+    app.get_formatter()->column_width(34);
+    app.footer("Settings are read from $ZERDIX_INI, ~/.config/zerdix/zerdix.ini or\n"
+               "/etc/zerdix/zerdix.ini: User and Host in section [Zerdix].\n"
+               "See zerdix(1) and the pages that it names.");
+}
 
 void add_commands(CLI::App& app, char** arguments) {
     add_print_command(app, arguments);
@@ -18,6 +31,7 @@ void add_commands(CLI::App& app, char** arguments) {
     add_password_command(app);
     add_signature_commands(app);
     add_board_commands(app);
+    add_completion_command(app);
 }
 
 } // namespace zerdix::app

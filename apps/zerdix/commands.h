@@ -9,6 +9,9 @@ class App;
 
 namespace zerdix::app {
 
+// The program's name, version, help and footer.
+void describe(CLI::App& app);
+
 // All of them, in the order in which the help names them.
 void add_commands(CLI::App& app, char** arguments);
 
@@ -27,6 +30,7 @@ void add_replacement_commands(CLI::App& app);
 void add_password_command(CLI::App& app);
 void add_signature_commands(CLI::App& app);
 void add_board_commands(CLI::App& app);
+void add_completion_command(CLI::App& app);
 
 } // namespace zerdix::app
 

@@ -15,17 +15,6 @@ namespace {
 
 using namespace zerdix::app;
 
-void describe(CLI::App& app) {
-    app.name("zerdix");
-    app.set_version_flag("--version", "zerdix " ZERDIX_VERSION, "Print the version and exit");
-    app.set_help_flag("-h,--help", "Print this help and exit");
-    app.require_subcommand(0, 1);
-    app.get_formatter()->column_width(34);
-    app.footer("Settings are read from $ZERDIX_INI, ~/.config/zerdix/zerdix.ini or\n"
-               "/etc/zerdix/zerdix.ini: User and Host in section [Zerdix].\n"
-               "See zerdix(1), zerdix-print(1) and zerdix-page(1).");
-}
-
 // The command as far as it was understood, such as that of "zerdix doc list", and its name.
 const CLI::App& understood(const CLI::App& app) {
     const auto below = app.get_subcommands();

@@ -1,0 +1,32 @@
+// zerdix completion: a script that lets a shell complete the command line.
+
+#include <cstdio>
+#include <memory>
+
+#include <CLI/CLI.hpp>
+
+#include "commands.h"
+#include "completion/scripts.h"
+#include "shell/one_of.h"
+
+namespace zerdix::app {
+
+void add_completion_command(CLI::App& app) {
+    auto shell = std::make_shared<std::string>();
+    CLI::App* command =
+        app.add_subcommand("completion", "Print a script for completion in bash, zsh or fish");
+    command->add_option("SHELL", *shell, "bash, zsh or fish")
+        ->required()
+        ->check(one_of({"bash", "zsh", "fish"}))
+        ->option_text(" ");
+    command->footer("Example: source <(zerdix completion bash)");
+    command->callback([&app, shell] {
+        const command_shape program = shape_of(app);
+        const std::string script = *shell == "bash"  ? bash_script(program)
+                                   : *shell == "zsh" ? zsh_script(program)
+                                                     : fish_script(program);
+        std::fputs(script.c_str(), stdout);
+    });
+}
+
+} // namespace zerdix::app
