@@ -43,7 +43,7 @@ class desk {
 
     const report& out() const { return out_; }
     const std::string& host() const { return host_; } // Windows-1252
-    std::string user() const; // UTF-8
+    std::string user() const;                         // UTF-8
 
     // The password of the login, Windows-1252, for those who change it.
     const std::string& password() const { return password_; }
