@@ -28,7 +28,6 @@ void add_shared_options(CLI::App& command, desk_options& options) {
     command.add_flag("--json", options.as_json, "Print JSON")->group(group);
     command.add_flag("--quiet", options.quiet, "Print no progress and no closing sentence")
         ->group(group);
-    command.set_help_flag("-h,--help", "Print this help and exit")->group(group);
 }
 
 } // namespace
