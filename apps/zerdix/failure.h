@@ -11,9 +11,9 @@ namespace zerdix::app {
 enum exit_code : int {
     exit_ok = 0,
     exit_usage = 64,         // the command line is wrong
-    exit_bad_data = 65,      // a PDF or a page is damaged, encrypted or empty
+    exit_bad_data = 65,      // a PDF, a page or a phone book file is damaged or empty
     exit_no_input = 66,      // a file or a page isn't there or can't be read
-    exit_no_receiver = 67,   // the server doesn't know the entry or the group
+    exit_no_receiver = 67,   // the server doesn't know the book, entry, group or user
     exit_no_host = 68,       // the server's name doesn't resolve
     exit_unavailable = 69,   // no port mapper, no server, or no answer from it
     exit_internal = 70,      // a fault of this program
