@@ -4,6 +4,7 @@
 #include <string>
 
 #include "common/settings.h"
+#include "cover/state.h"
 #include "sendfax/receivers.h"
 #include "sendfax/trace_lines.h"
 
@@ -78,6 +79,7 @@ void keep_own_identity() {
 
 void close_job() {
     release_receivers();
+    cover::forget_session();
     restore_own_identity();
     if (pzerdix != nullptr && ZERDIX::clsGetClient() != nullptr)
         pzerdix->CleanupHostConnection();

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "sendfax/job.h"
+#include "sendfax/trace_lines.h"
 
 namespace zerdix::sendfax {
 
@@ -49,6 +50,13 @@ void add_receiver(std::string_view receiver) {
 
 void add_blank_receiver() {
     ppReceiver[0] = blank_receiver();
+}
+
+void take_receiver(std::int32_t index) {
+    if (ppReceiver[index] == nullptr || ppReceiver[index][0] == '\0')
+        return;
+    pa_s_rec->phone.assign(ppReceiver[index]);
+    trace_lines.info("SendFaxDoc(): Receiver: %s", pa_s_rec->phone.bytes);
 }
 
 void release_receiver(std::int32_t index) {

@@ -19,6 +19,9 @@ void add_receiver(std::string_view receiver);
 // Puts a block of 31 zero bytes into slot 0, for the send dialog to fill.
 void add_blank_receiver();
 
+// Makes the receiver that of the send record, unless the string is empty.
+void take_receiver(std::int32_t index);
+
 void release_receiver(std::int32_t index);
 
 // Releases what is left of the strings, and the array.

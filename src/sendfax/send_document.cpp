@@ -3,6 +3,7 @@
 #include <cstring>
 #include <ctime>
 
+#include "sendfax/cover_fan_out.h"
 #include "sendfax/job.h"
 #include "sendfax/pool_document.h"
 #include "sendfax/receivers.h"
@@ -56,13 +57,6 @@ std::int32_t count_receivers() {
     return count;
 }
 
-void take_receiver(std::int32_t index) {
-    if (ppReceiver[index] == nullptr || ppReceiver[index][0] == '\0')
-        return;
-    pa_s_rec->phone.assign(ppReceiver[index]);
-    trace_lines.info("SendFaxDoc(): Receiver: %s", pa_s_rec->phone.bytes);
-}
-
 // One pass of a fan-out without cover page: the document is one and the same for all receivers.
 bool send_to_receiver(std::int32_t index, const job_log& log) {
     take_receiver(index);
@@ -91,12 +85,9 @@ bool delete_sent_document(const job_log& log) {
     return false;
 }
 
-// There are no cover pages yet: what would have needed one isn't sent without it.
 bool run_passes(std::int32_t count, const job_log& log) {
-    if (fCoverpage != 0 && count > 0) {
-        trace_lines.error("SendFaxDoc(): Cover pages can't be composed yet");
-        return false;
-    }
+    if (fCoverpage != 0)
+        return run_cover_passes(count, log);
     for (std::int32_t index = count - 1; index >= 0; --index)
         if (!send_to_receiver(index, log))
             return false;

@@ -1,0 +1,196 @@
+// Jobs with cover pages: which calls are made, which lines are traced, and what the server holds
+// after each kind of end.
+
+#include <algorithm>
+#include <cstring>
+
+#include "cover/template_document.h"
+#include "platform/scratch.h"
+#include "sendfax/job_trace.h"
+
+namespace zerdix::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+using calls = std::vector<int>;
+
+calls operator+(calls all, const calls& more) {
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+}
+
+const calls first_cover{74, 59, 59, 38, 59, 59, 35};
+const calls next_cover{59, 59, 38, 59, 59};
+const calls copied{3, 23, 22, 5};
+const calls sent{60, 22, 25, 22, 6};
+
+// 400 wide, so that the documents' own pages of 80 are told from cover pages.
+class CoverJob : public JobTrace {
+  protected:
+    CoverJob() { install_template(server, page_of(400, 500), "#DRUCK#\nsetfaxnr=10;10;\n"); }
+
+    void open(std::string_view merge_data) {
+        open_job_with_pages(merge_data);
+        fCoverpage = 1;
+        own = sendfax::job().lFaxid;
+        traced();
+    }
+
+    bool has_cover_page(std::int32_t document) {
+        const auto page = server.store().pages.picture({document, 1, 0});
+        return page && (*codec::expand({page->begin(), page->end()})).size() == 8 + 50 * 500;
+    }
+
+    // How often the document's log holds the event.
+    std::ptrdiff_t logged(std::int32_t document, const char* event) {
+        const auto log = server.store().logs.all(document);
+        return std::count_if(log.begin(), log.end(), [&](const std::string& line) {
+            return line.find(event) != std::string::npos;
+        });
+    }
+
+    std::vector<std::int32_t> on_desk() {
+        std::vector<std::int32_t> ids;
+        for (const auto& each : server.desk("zerdix"))
+            ids.push_back(each.id);
+        return ids;
+    }
+
+    std::int32_t own = 0; // the job's document
+    tests::recorded_boxes boxes;
+};
+
+TEST_F(CoverJob, EachReceiverGetsADocumentAndTheLastOneTheJobsOwn) {
+    open("#PHONE 111##PHONE 222##PHONE 333#");
+    ASSERT_EQ(SendFaxDoc(), 0);
+    EXPECT_EQ(server.calls(),
+              copied + first_cover + sent + copied + next_cover + sent + next_cover + sent);
+    const auto jobs = server.jobs();
+    ASSERT_THAT(jobs, SizeIs(3));
+    const char* receivers[] = {"333", "222", "111"};
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(jobs[i].receiver, receivers[i]);
+        EXPECT_EQ(jobs[i].record.pages, 3);
+        EXPECT_EQ(jobs[i].record.comment, "Angebot");
+        EXPECT_EQ(jobs[i].desk == own, i == 2);
+        EXPECT_TRUE(has_cover_page(jobs[i].record.faxid));
+        EXPECT_EQ(server.store().pages.count(jobs[i].record.faxid), 3);
+        EXPECT_EQ(logged(jobs[i].record.faxid, "$ps.document_completed:"), 1);
+        EXPECT_EQ(logged(jobs[i].record.faxid,
+                         ("$ps.document_created: $f:=" + std::to_string(jobs[i].desk) +
+                          " $u:=zerdix $a:=127.0.0.1")
+                             .c_str()),
+                  1);
+    }
+    EXPECT_NE(jobs[0].desk, jobs[1].desk);
+    EXPECT_THAT(on_desk(), IsEmpty());
+    EXPECT_EQ(pzerdix, nullptr);
+    EXPECT_EQ(fCoverpage, 0);
+
+    // The next job asks for its user anew, but not for the template's id.
+    open("#PHONE 1#");
+    ASSERT_EQ(SendFaxDoc(), 0);
+    EXPECT_EQ(server.calls(), (next_cover + calls{35} + sent));
+}
+
+TEST_F(CoverJob, ThePassesAreTraced) {
+    open("#PHONE 111##PHONE 222#");
+    ASSERT_EQ(SendFaxDoc(), 0);
+    lines found = traced();
+    const auto begin =
+        std::find(found.begin(), found.end(), "Info1: SendFaxDoc(): Number of receivers: 2");
+    found.erase(found.begin(), begin);
+    const std::string copy = std::to_string(server.jobs().at(0).desk);
+    EXPECT_EQ(found, (lines{"Info1: SendFaxDoc(): Number of receivers: 2",
+                            "Info1: SendFaxDoc(): Receiver: 222",
+                            "Info1: SendFaxDoc(): Inserting Cover page successfull",
+                            "Info1: SendFaxDoc(): Delete temporary fax doc: " + copy,
+                            "Info1: SendFaxDoc(): Receiver: 111",
+                            "Info1: SendFaxDoc(): Inserting Cover page successfull",
+                            "Info1: SendFaxDoc(): Delete temporary fax doc: " + std::to_string(own),
+                            "Exit: --> SendFaxDoc()"}));
+}
+
+// A job for two receivers on a server that goes wrong at one call.
+struct cover_fault {
+    int procedure;
+    int nth;
+    std::int32_t result;
+    std::size_t jobs;
+    bool own_stays;
+    bool copy_stays;
+    const char* line; // among those traced
+};
+
+TEST_F(CoverJob, EndsOnAServerThatRefuses) {
+    const cover_fault faults[] = {
+        {3, 1, 8, 0, true, false, "Error: SendFaxDoc(): (makedoc) Problems with RPC connection"},
+        {23, 1, 0, 2, false, false, "Warn: SendFaxDoc(): Problems with setting comment"},
+        {22, 1, 0, 2, false, false, "Warn: SendFaxDoc(): Problems with writing log entry"},
+        {5, 1, 8, 0, true, true, "Error: SendFaxDoc(): (copydoc) Problems with RPC connection"},
+        {38, 1, 0, 0, true, false, "Info1: SendFaxDoc(): Inserting Cover page failed"},
+        {38, 2, 0, 1, false, false, "Info1: SendFaxDoc(): Inserting Cover page failed"},
+        {60, 1, 8, 0, true, true, "Error: SendFaxDoc(): (putDocPage) Problems with RPC connection"},
+        {25, 1, 8, 0, true, true, "Error: SendFaxDoc(): Problems with sending document"},
+        {25, 2, 8, 1, true, false, "Error: SendFaxDoc(): Problems with sending document"},
+        {6, 1, 8, 1, true, true, "Error: SendFaxDoc(): Problems with deleting document"},
+        {6, 2, 8, 2, true, false, "Error: SendFaxDoc(): Problems with deleting document"},
+    };
+    for (const cover_fault& fault : faults) {
+        SCOPED_TRACE(std::to_string(fault.procedure) + ", call " + std::to_string(fault.nth));
+        const std::size_t jobs_before = server.jobs().size();
+        const std::size_t desk_before = on_desk().size();
+        open("#PHONE 111##PHONE 222#");
+        server.refuse(fault.procedure, fault.nth);
+        EXPECT_EQ(SendFaxDoc(), fault.result);
+        EXPECT_EQ(server.jobs().size() - jobs_before, fault.jobs);
+        const auto desk = on_desk();
+        EXPECT_EQ(std::count(desk.begin(), desk.end(), own), fault.own_stays);
+        EXPECT_EQ(desk.size() - desk_before, std::size_t{fault.own_stays} + fault.copy_stays);
+        EXPECT_THAT(traced(), ::testing::Contains(fault.line));
+        EXPECT_EQ(pzerdix, nullptr);
+        EXPECT_EQ(ppReceiver, nullptr);
+    }
+}
+
+TEST_F(CoverJob, ACoverPageThatFailedIsTracedAndItsDocumentLogged) {
+    server.set_config("COVER", "");
+    open("#PHONE 111##PHONE 222#");
+    ASSERT_EQ(SendFaxDoc(), 0);
+    EXPECT_EQ(server.calls(), (copied + calls{74, 22, 6}));
+    EXPECT_THAT(boxes.shown, ::testing::ElementsAre(::testing::Pair("Kein Deckblatt eingestellt",
+                                                                    "Benachrichtigung")));
+    const lines found = traced();
+    ASSERT_GE(found.size(), 4u);
+    EXPECT_EQ(*(found.end() - 3), "Info1: SendFaxDoc(): Inserting Cover page failed");
+    EXPECT_THAT(*(found.end() - 2), HasSubstr("Info1: SendFaxDoc(): Delete temporary fax doc: "));
+    EXPECT_EQ(found.back(), "Exit: --> SendFaxDoc()");
+    EXPECT_EQ(on_desk(), std::vector<std::int32_t>{own});
+
+    open("#PHONE 111#");
+    server.refuse(6);
+    EXPECT_EQ(SendFaxDoc(), 8) << "nor can its document be deleted";
+    EXPECT_THAT(error_log(), HasSubstr("SendFaxDoc(): Problems with deleting document"));
+}
+
+TEST_F(CoverJob, ADocumentForAnotherDeskGetsOneToo) {
+    sendfax::install_send_dialog([](void*) {
+        std::strcpy(userid, "meier");
+        return sendfax::dialog_accepted;
+    });
+    open("");
+    const std::size_t before = server.desk("meier").size();
+    ASSERT_EQ(SendFaxDoc(), 0);
+    EXPECT_EQ(server.calls(), (first_cover + calls{60, 3, 5, 42, 22, 22, 22, 6}));
+    EXPECT_THAT(server.jobs(), IsEmpty());
+    EXPECT_THAT(on_desk(), IsEmpty());
+    const auto desk = server.desk("meier");
+    ASSERT_EQ(desk.size(), before + 1);
+    EXPECT_EQ(desk.back().pages, 3);
+    EXPECT_TRUE(has_cover_page(desk.back().id));
+}
+
+} // namespace
+} // namespace zerdix::testing
