@@ -1,0 +1,93 @@
+// Telexes by the real program, and their texts.
+
+#include "cli/desk_test.h"
+#include "failure.h"
+#include "telex/telex_text.h"
+
+namespace zerdix::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+// Procedures of the protocol.
+constexpr int make_document = 3;
+constexpr int delete_document = 6;
+constexpr int print_document = 53;
+
+class Telex : public desk_test {
+  protected:
+    std::vector<std::string> receivers() {
+        std::vector<std::string> all;
+        for (const auto& job : server_.jobs())
+            all.push_back(job.receiver);
+        return all;
+    }
+
+    const std::string order_ = write("order.txt", "Gr\xc3\xbc\xc3\x9f"
+                                                  "e\r\n" +
+                                                      std::string(70, 'x') + "\n");
+};
+
+TEST_F(Telex, ReachesItsReceiversInTheirOrder) {
+    const outcome result =
+        zerdix("telex --to 402195 --to common:hansen --group alle --title Bestellung --retries 3",
+               {order_});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.output, order_ + ": 2 lines, handed over to 3 receivers\n");
+    EXPECT_THAT(result.errors, HasSubstr("69 characters of a telex line, and sent as it stands: "
+                                         "line 2"));
+    EXPECT_THAT(receivers(), ElementsAre("402195", "common:hansen", "common:hansen"));
+    const auto job = server_.jobs().at(0);
+    EXPECT_EQ(job.record.nettype, NETTYPE_TELEX);
+    EXPECT_EQ(job.record.comment.view(), "Bestellung");
+    EXPECT_EQ(job.record.maxretries, 3);
+    std::ifstream spooled(server_.spool() / job.spool, std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(spooled), {}};
+    EXPECT_THAT(text, testing::EndsWith("#RETRIES 3#\nGr\xfc\xdf"
+                                        "e\r\n" +
+                                        std::string(70, 'x') + "\n"));
+}
+
+TEST_F(Telex, IsRefusedBeforeAnythingIsStored) {
+    expect_failure("telex", app::exit_no_dialog, "no receiver is named", {order_});
+    expect_failure("telex --to common:kanzlei", app::exit_no_receiver, "no telex", {order_});
+    expect_failure("telex --group kunden", app::exit_no_receiver, "no telex receiver", {order_});
+    expect_failure("telex --to 1 --at night", app::exit_usage, "cheap tariff", {order_});
+    expect_failure("telex --to 1", app::exit_bad_data, "is empty", {write("empty", "\n \n")});
+    expect_failure("telex --to 1", app::exit_no_input, "nowhere", {path("nowhere")});
+    EXPECT_THAT(server_.calls(), testing::Not(testing::Contains(print_document)));
+}
+
+TEST_F(Telex, NamesTheStepThatFailedAndLeavesNoDocument) {
+    server_.refuse(print_document, 2);
+    expect_failure("telex --to 1 --to 2 --to 3", app::exit_refused,
+                   "the telex to 2 failed: the server refused it; 1 of 3 telexes had been handed "
+                   "over",
+                   {order_});
+    EXPECT_THAT(receivers(), ElementsAre("1"));
+    EXPECT_THAT(server_.desk(".winpr"), testing::IsEmpty());
+    server_.refuse(delete_document);
+    expect_failure("telex --to 4", app::exit_refused, "deleting the document of the telex",
+                   {order_});
+    EXPECT_THAT(server_.desk(".winpr"), testing::IsEmpty()) << "the second try has it";
+    server_.refuse(make_document);
+    expect_failure("telex --to 5", app::exit_refused, "making the document", {order_});
+    server_.drop(print_document);
+    expect_failure("telex --to 6", app::exit_unavailable, "0 of 1 telexes", {order_});
+}
+
+TEST(TelexText, TellsWhatIsLostAndWhatIsLong) {
+    const std::string wide(69, 'w');
+    const app::telex_text good = app::make_telex("\xEF\xBB\xBF" + wide + "\r\n\nende");
+    EXPECT_EQ(good.text, wide + "\r\n\nende");
+    EXPECT_EQ(good.lines, 3);
+    EXPECT_THAT(good.remarks, ElementsAre());
+    const app::telex_text odd = app::make_telex("a\n\xe2\x98\x8e\n" + wide + "w\n\xff\n");
+    EXPECT_EQ(odd.text, "a\n?\n" + wide + "w\n?\n");
+    EXPECT_THAT(odd.remarks, ElementsAre(HasSubstr("\"?\": 2 lines from line 2 on"),
+                                         HasSubstr("stands: line 3")));
+}
+
+} // namespace
+} // namespace zerdix::test
