@@ -1,5 +1,6 @@
 // Bitmaps, and pages on their way from one form to another.
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <string>
@@ -43,10 +44,10 @@ class PageForms : public testing::Test,
 };
 
 bytes block_of(std::uint32_t width, std::uint32_t height, const bytes& rows) {
-    bytes block(8);
+    bytes block(8 + rows.size());
     std::memcpy(block.data(), &width, 4);
     std::memcpy(block.data() + 4, &height, 4);
-    block.insert(block.end(), rows.begin(), rows.end());
+    std::copy(rows.begin(), rows.end(), block.begin() + 8);
     return block;
 }
 
