@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Installs the project into a temporary folder, builds a driver in C by pkg-config and a client in
-# C++ by the CMake package, and runs both against the installed server.
+# Installs the project into a temporary folder, builds the two programs of the tutorial as its
+# readers would, the driver by pkg-config and the desktop client by the CMake package, and runs both
+# against the installed server. The tutorial's text must show them as they are.
 # Usage: run.sh BUILD-FOLDER SOURCE-FOLDER
 set -euo pipefail
-build=$1 here=$2/tests/installed
+build=$1 source=$2
 folder=$(mktemp -d)
 server=
 trap '[ -z "$server" ] || kill "$server" 2>/dev/null; wait; rm -rf "$folder"' EXIT
@@ -13,14 +14,19 @@ cmake --install "$build" --prefix "$prefix" >/dev/null
 libs=$(dirname "$(find "$prefix" -name libzxdrvw32.so)")
 export LD_LIBRARY_PATH=$libs PKG_CONFIG_PATH=$libs/pkgconfig ZERDIX_INI=$folder/zerdix.ini
 export ZERDIXRPCOFFSET=$((500000 + $$))
+
+listing() { awk -v fence="\`\`\`$1" '$0 == fence { on = 1; next } /^```/ { on = 0 } on' "$source/docs/tutorial.md"; }
+listing c | diff - "$source/examples/driver.c"
+listing cpp | diff - "$source/examples/desktop.cpp"
+
 # The .pc file names the configured prefix; its variables are the caller's to set.
-cc -std=c11 -Wall -Wextra -Wpedantic -Werror "$here/driver.c" -o "$folder/driver" \
+cc -std=c11 -Wall -Wextra -Wpedantic -Werror "$source/examples/driver.c" -o "$folder/driver" \
     $(pkg-config --define-variable=prefix="$prefix" --cflags --libs zxdrvw32)
-mkdir "$folder/client"
-cp "$here/client.cpp" "$folder/client/"
-cp "$here/client.cmake" "$folder/client/CMakeLists.txt"
-cmake -G Ninja -S "$folder/client" -B "$folder/client/build" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
-cmake --build "$folder/client/build" >/dev/null
+mkdir "$folder/desktop"
+cp "$source/examples/desktop.cpp" "$folder/desktop/"
+cp "$source/tests/installed/desktop.cmake" "$folder/desktop/CMakeLists.txt"
+cmake -G Ninja -S "$folder/desktop" -B "$folder/desktop/build" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
+cmake --build "$folder/desktop/build" >/dev/null
 
 printf '[Zerdix]\nHost=127.0.0.1\nLogDir=%s\n' "$folder" >"$ZERDIX_INI"
 alphad=$(find "$prefix" -name alphad -type f)
@@ -30,8 +36,16 @@ for _ in $(seq 100); do
     [ -s "$folder/ready" ] && break
     sleep 0.05
 done
-"$folder/driver"
-"$folder/client/build/client"
+"$folder/driver" "030 11" "030 22"
 [ "$(find "$folder/spool" -name '*.tif' | wc -l)" -eq 2 ]
 [ ! -e "$folder/FAXERROR.LOG" ]
-echo "installed library, driver and client work"
+
+desktop=$folder/desktop/build/desktop
+"$desktop" 127.0.0.1 zerdix zerdix "$folder/page.pbm" >"$folder/shown"
+grep -q '^document [1-9]' "$folder/shown"
+grep -q '^phone book common$' "$folder/shown"
+read -r width height < <(sed -n 2p "$folder/page.pbm")
+[ "$(stat -c %s "$folder/page.pbm")" -eq $((width / 8 * height + 5 + ${#width} + ${#height})) ]
+! "$desktop" 127.0.0.1 zerdix wrong "$folder/none.pbm"
+grep -q 'Wrong password' "$folder/FAXERROR.LOG"
+echo "installed library, driver and desktop client work"

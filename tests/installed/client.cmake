@@ -1,6 +1,0 @@
-cmake_minimum_required(VERSION 3.24)
-project(client LANGUAGES CXX)
-find_package(zerdix 1 REQUIRED)
-add_executable(client client.cpp)
-target_compile_features(client PRIVATE cxx_std_20)
-target_link_libraries(client PRIVATE zerdix::zxdrvw32)
