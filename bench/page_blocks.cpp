@@ -10,7 +10,7 @@
 #include <span>
 
 #include "imaging/mirror.h"
-#include "pdf_file.h"
+#include "print/pdf_file.h"
 #include "sendfax/page_rows.h"
 
 namespace {

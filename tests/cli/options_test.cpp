@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "failure.h"
-#include "merge_text.h"
+#include "print/merge_text.h"
 #include "progress.h"
 #include "send_time.h"
 #include "support/test_server.h"

@@ -9,7 +9,7 @@
 
 #include "cli/program.h"
 #include "failure.h"
-#include "pdf_file.h"
+#include "print/pdf_file.h"
 #include "stored_page.h"
 #include "support/test_server.h"
 

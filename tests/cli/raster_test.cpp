@@ -5,9 +5,9 @@
 
 #include "cli/tiny_pdf.h"
 #include "failure.h"
-#include "page_block.h"
+#include "print/page_block.h"
 #include "page_geometry.h"
-#include "pdf_file.h"
+#include "print/pdf_file.h"
 #include "support/test_server.h"
 
 namespace zerdix::app {

@@ -9,7 +9,7 @@
 #include "commands.h"
 #include "failure.h"
 #include "interrupt.h"
-#include "job_options.h"
+#include "print/job_options.h"
 #include "progress.h"
 #include "settings_choice.h"
 #include "shell/value_text.h"

@@ -1,4 +1,4 @@
-#include "page_block.h"
+#include "print/page_block.h"
 
 #include <array>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "leftover.h"
+#include "print/leftover.h"
 
 #include <algorithm>
 #include <cstring>

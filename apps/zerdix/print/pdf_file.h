@@ -1,6 +1,6 @@
 // A PDF as a source of fax pages, one at a time.
-#ifndef ZERDIX_APP_PDF_FILE_H
-#define ZERDIX_APP_PDF_FILE_H
+#ifndef ZERDIX_APP_PRINT_PDF_FILE_H
+#define ZERDIX_APP_PRINT_PDF_FILE_H
 
 #include <memory>
 #include <string>

@@ -1,8 +1,8 @@
 // From shades of grey to the page block that the print job takes: width and height, 32 bits each,
 // most significant byte first, then the rows, the last row of the picture first, eight pixels a
 // byte, leftmost pixel in bit 7, a set bit white.
-#ifndef ZERDIX_APP_PAGE_BLOCK_H
-#define ZERDIX_APP_PAGE_BLOCK_H
+#ifndef ZERDIX_APP_PRINT_PAGE_BLOCK_H
+#define ZERDIX_APP_PRINT_PAGE_BLOCK_H
 
 #include <cstddef>
 #include <vector>

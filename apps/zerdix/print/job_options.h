@@ -1,11 +1,11 @@
 // What the commands that send share: receivers, title, time and retries.
-#ifndef ZERDIX_APP_JOB_OPTIONS_H
-#define ZERDIX_APP_JOB_OPTIONS_H
+#ifndef ZERDIX_APP_PRINT_JOB_OPTIONS_H
+#define ZERDIX_APP_PRINT_JOB_OPTIONS_H
 
 #include <string>
 
-#include "merge_text.h"
-#include "print_job.h"
+#include "print/merge_text.h"
+#include "print/print_job.h"
 
 namespace CLI {
 class App;

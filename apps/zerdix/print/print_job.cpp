@@ -1,4 +1,4 @@
-#include "print_job.h"
+#include "print/print_job.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -10,8 +10,8 @@
 #include <zerdix/zerdix.h>
 
 #include "error_log.h"
-#include "leftover.h"
 #include "platform/encoding.h"
+#include "print/leftover.h"
 
 namespace zerdix::app {
 

@@ -1,4 +1,4 @@
-#include "merge_text.h"
+#include "print/merge_text.h"
 
 #include <algorithm>
 #include <cctype>

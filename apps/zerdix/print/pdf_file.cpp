@@ -1,4 +1,4 @@
-#include "pdf_file.h"
+#include "print/pdf_file.h"
 
 #include <cerrno>
 #include <cstring>
@@ -10,8 +10,8 @@
 #include <poppler-page.h>
 
 #include "failure.h"
-#include "page_block.h"
 #include "page_geometry.h"
+#include "print/page_block.h"
 
 namespace zerdix::app {
 

@@ -2,8 +2,8 @@
 //
 // A value can't hold a "#" and is cut at 30 characters by the print job, so what wouldn't arrive as
 // it was typed is refused here. Arguments are UTF-8, results Windows-1252.
-#ifndef ZERDIX_APP_MERGE_TEXT_H
-#define ZERDIX_APP_MERGE_TEXT_H
+#ifndef ZERDIX_APP_PRINT_MERGE_TEXT_H
+#define ZERDIX_APP_PRINT_MERGE_TEXT_H
 
 #include <optional>
 #include <string>

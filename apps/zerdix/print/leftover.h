@@ -1,6 +1,6 @@
 // The document of a job that the library has closed after a failure: it lies on the desk still.
-#ifndef ZERDIX_APP_LEFTOVER_H
-#define ZERDIX_APP_LEFTOVER_H
+#ifndef ZERDIX_APP_PRINT_LEFTOVER_H
+#define ZERDIX_APP_PRINT_LEFTOVER_H
 
 #include <cstdint>
 #include <string>

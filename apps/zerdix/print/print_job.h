@@ -5,8 +5,8 @@
 // Texts are Windows-1252 unless told otherwise. Every failure names the step and its cause.
 // Whatever happens, the object's end leaves no document on the user's desk, or says which one
 // stays.
-#ifndef ZERDIX_APP_PRINT_JOB_H
-#define ZERDIX_APP_PRINT_JOB_H
+#ifndef ZERDIX_APP_PRINT_PRINT_JOB_H
+#define ZERDIX_APP_PRINT_PRINT_JOB_H
 
 #include <cstdint>
 #include <string>
@@ -15,7 +15,7 @@
 #include <zerdix/records.h>
 
 #include "link_probe.h"
-#include "merge_text.h"
+#include "print/merge_text.h"
 
 namespace zerdix::app {
 

@@ -1,4 +1,4 @@
-#include "job_options.h"
+#include "print/job_options.h"
 
 #include <ctime>
 
