@@ -81,11 +81,12 @@ TEST(PageBlock, KeepsBlackAndWhitePureAndTonesApart) {
 }
 
 TEST(Rendering, CentresANarrowPageAndKeepsItUpright) {
-    // 72 by 144 points, 204 by 392 pixels; the upper left eighth of an inch is black.
+    // 72 by 144 points, 204 by 392 pixels; the upper left eighth of an inch is black. The rest of
+    // the rows that a page has at least is white.
     const block page = render({72, 144, "0 g 0 135 9 9 re f"});
     EXPECT_EQ(number_at(page, 0), 1728U);
-    EXPECT_EQ(number_at(page, 4), 392U);
-    EXPECT_EQ(page.size(), 8U + 392 * 216);
+    EXPECT_EQ(number_at(page, 4), 1728U);
+    EXPECT_EQ(page.size(), 8U + 1728 * 216);
     const std::uint32_t left = (1728 - 204) / 2;
     EXPECT_TRUE(is_black(page, left + 2, 2));
     EXPECT_TRUE(is_black(page, left + 20, 20));
@@ -101,9 +102,10 @@ TEST(Rendering, TurnsLandscapePagesTopToTheLeft) {
     // The same page made by turning an upright one: /Rotate 90 moves the lower left to the top.
     const block rotated = render({72, 144, "0 g 0 0 9 9 re f", 90});
     for (const block& page : {plain, rotated}) {
-        EXPECT_EQ(number_at(page, 4), 392U);
+        EXPECT_EQ(number_at(page, 4), 1728U);
         const std::uint32_t left = (1728 - 204) / 2;
         EXPECT_TRUE(is_black(page, left + 2, 389));
+        EXPECT_FALSE(is_black(page, left + 2, 400));
         EXPECT_FALSE(is_black(page, left + 2, 2));
         EXPECT_FALSE(is_black(page, left + 200, 389));
     }
