@@ -68,14 +68,14 @@ PTRLIST* gather(PTRLIST*& list, bool& copies, NextBlock next_block, Key key) {
     list = new PTRLIST;
     copies = true;
     std::set<std::string> asked;
-    for (std::uint32_t skip = 0; block->getSize() > skip; skip = 1) {
-        if (!asked.insert(key(last_of<Record>(*block))).second)
-            break;
-        const std::uint32_t fresh = block->getSize() - skip;
-        append_copies<Record>(*list, *block, skip);
+    for (std::uint32_t skip = 0; block->getSize() > 0; skip = 1) {
+        const bool leads_back = !asked.insert(key(last_of<Record>(*block))).second;
+        const std::uint32_t fresh = leads_back ? 0 : block->getSize() - skip;
+        if (fresh > 0)
+            append_copies<Record>(*list, *block, skip);
         // One that couldn't be had (-1) doesn't end the list: the next block tells what is wrong.
         const std::int64_t size = block_to_gather();
-        if (fresh < size - 1)
+        if (fresh == 0 || fresh < size - 1)
             break;
         block = next_block(&last_of<Record>(*list));
         if (block == nullptr)
