@@ -101,9 +101,9 @@ bool print_for(const char* receiver, std::string_view text, const std::string& t
     trace_lines.info("SendTelex(): Receiver: <%s>", receiver);
     if (userid[0] == '\0')
         pa_s_rec->phone.assign(receiver);
-    content = control_record(time);
-    trace_lines.info("SendTelex(): Controlrecord: %s", content.c_str());
-    content.append(text);
+    const std::string control = control_record(time);
+    trace_lines.info("SendTelex(): Controlrecord: %s", control.c_str());
+    content.assign(control).append(text); // a copy: taking the string over would drop the buffer
     return print_page(content);
 }
 
