@@ -2,6 +2,7 @@
 
 #include <new>
 #include <optional>
+#include <set>
 #include <string>
 
 #include <zerdix/telebook.h>
@@ -39,20 +40,18 @@ str10 key_behind(const str10& id) {
     return key;
 }
 
-// The index of a block's first entry that isn't written yet, `last` being the id written last: a
+// The index of a block's first entry that isn't written yet, the last of `written` being `last`: a
 // server that reads keys as texts begins again with that one. Nothing when the book can't be gone
-// through: the block leads back, though ids ascend from block to block, or it had room for the
-// repeated entry only.
+// through: an entry comes again, or the block had room for the repeated entry only. In which order
+// ids come is the server's business.
 std::optional<std::uint32_t> first_fresh(const PTRLIST& block, const str10& last,
-                                         std::int32_t blocksize) {
+                                         std::set<std::string>& written, std::int32_t blocksize) {
     const std::uint32_t end = block.getSize();
-    if (end == 0)
-        return end;
-    const std::uint32_t first = entry_at(block, 0).teleid == last ? 1 : 0;
-    const auto leads_back = [&](std::uint32_t i) {
-        return entry_at(block, i).teleid.view() <= last.view();
-    };
-    const bool lost = first < end ? leads_back(first) || leads_back(end - 1) : blocksize == 1;
+    const bool repeats = end > 0 && !written.empty() && entry_at(block, 0).teleid == last;
+    const std::uint32_t first = repeats ? 1 : 0;
+    bool lost = repeats && end == 1 && blocksize == 1;
+    for (std::uint32_t i = first; i < end && !lost; ++i)
+        lost = !written.emplace(entry_at(block, i).teleid.view()).second;
     return lost ? std::nullopt : std::optional{first};
 }
 
@@ -78,14 +77,15 @@ std::int32_t TELEBOOK::exportTBook(const char* tbookid, nettypetype nettype, con
     if (blocksize < 1)
         return rpc::refused;
     o_get_tbookl_i request = telebook::entry_request(tbookid, nettype, {}, blocksize);
-    std::optional<str10> last;
+    str10 last{};
+    std::set<std::string> written;
     for (;;) {
         const PTRLIST* block = rpc::fetch_list<proc::o_get_tbookl_1>(
             by_object{pClient}, request, pEntriesResult, pEntryList, this);
         if (block == nullptr)
             return rpc::refused;
         const std::uint32_t count = block->getSize();
-        const auto first = last ? first_fresh(*block, *last, blocksize) : 0;
+        const auto first = first_fresh(*block, last, written, blocksize);
         if (!first)
             return rpc::refused;
         if (*first == count)
@@ -93,7 +93,7 @@ std::int32_t TELEBOOK::exportTBook(const char* tbookid, nettypetype nettype, con
         if (!write_entries(out.get(), *block, *first))
             return file_failed;
         last = entry_at(*block, count - 1).teleid;
-        request.start = key_behind(*last);
+        request.start = key_behind(last);
     }
 }
 
