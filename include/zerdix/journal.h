@@ -7,7 +7,7 @@
 // Results of the long operations, where nothing else is said: 0 success, 4 the server refused, 8
 // the remote call failed, 12 there is no client handle. Operations that give a pointer give null in
 // the last two cases. What a pointer shows is the library's: it is good until the same operation
-// runs again, on whichever object, and the caller frees nothing.
+// runs again, on whichever object, or until the object goes, and the caller frees nothing.
 //
 // Text arguments are cut to the width of their field: users, printers, scanners and target names
 // 10 characters, comments 30, servers 35.
@@ -43,7 +43,7 @@ class ZX_API JOURNAL {
 
     // The lists as last loaded: of a_e_rec, a_p_rec and a_s_rec, in the server's order. Null before
     // the first load, empty for an empty pool and after a load that failed. Lists and records are
-    // good until the same pool is loaded again, on whichever object.
+    // good until the same pool is loaded again, on whichever object, or until the object goes.
     PTRLIST* getEDocPtrList();
     PTRLIST* getPDocPtrList();
     PTRLIST* getSDocPtrList();

@@ -58,7 +58,9 @@ class ZX_API TELEBOOK {
     std::int32_t delTBookEntry(const char* tbookid, const char* teleid);
 
     // All recipient groups: a list of o_tgroup, gathered by blocks, at once, or one block that
-    // begins at the id `start`.
+    // begins at the id `start`. The gathered list is of copies, which only this object's next
+    // getTGroups or _getTGroups ends; getTGroups also ends the list of getTGroupsB. The lists of
+    // members below keep to the same rules.
     PTRLIST* getTGroups();
     PTRLIST* _getTGroups();
     PTRLIST* getTGroupsB(const char* start, std::int32_t blocksize);
@@ -96,7 +98,7 @@ class ZX_API TELEBOOK {
     // line, teleid;phone;tsi;I or E (in-house or not);F or T (fax or telex);comment; in
     // Windows-1252, each line ended by a line feed. A net type other than fax and telex asks for
     // both. 0; 4 a block couldn't be fetched, for whatever reason; 5 the file couldn't be written;
-    // 6 it can't be opened. What was written stays in the file.
+    // 6 it can't be opened. What was written stays in the file. Ends the list of getTBookEntries.
     std::int32_t exportTBook(const char* tbookid, nettypetype nettype, const char* file);
 
     // Stores each line of such a file as an entry of a book, new or changed. 0; 4 the server

@@ -118,7 +118,8 @@ class ZX_API ZERDIX {
     std::int32_t setPriority(std::int16_t priority);
     std::int32_t setActions(std::int32_t actions);
 
-    // The user's identity on the Omega side, fetched anew.
+    // The user's identity on the Omega side, fetched anew; login and setReplacement may fetch it
+    // too.
     o_user_rec* getOUserRecord();
 
     // Names who stands in for the user, and whether that is in force. 6 when the server says that
@@ -132,10 +133,11 @@ class ZX_API ZERDIX {
 
     // All users, a list of o_user_rec, ordered as the server orders them.
     // getUserList gathers them block by block as copies, which are good until the next getUserList
-    // or _getUserList on this object. _getUserList asks for all in one call. getUserListB brings
-    // the block of at most `number` users that begins at the given one, "" and "" for the first;
-    // the ids may have 11 and 36 characters. An empty directory is an empty list. The copies of a
-    // getUserList that failed half-way go with the next load.
+    // or _getUserList on this object. _getUserList asks for all in one call; getUserList ends its
+    // list too. getUserListB brings the block of at most `number` users that begins at the given
+    // one, "" and "" for the first; the ids may have 11 and 36 characters. getUserList ends that
+    // list as well. An empty directory is an empty list. The copies of a getUserList that failed
+    // half-way go with the next load.
     PTRLIST* getUserList();
     PTRLIST* _getUserList();
     PTRLIST* getUserListB(const char* userid, const char* alphaid, std::int32_t number);
