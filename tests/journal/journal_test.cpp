@@ -135,17 +135,6 @@ TEST_F(Journal, RecordsOfDocumentsThatAreNotThereAreEmpty) {
     EXPECT_EQ(journal.getEDoc(1), nullptr);
 }
 
-// The record is the procedure's: what another object fetched stays good when this one goes.
-TEST_F(Journal, AnObjectReleasesOnlyItsOwnResults) {
-    const a_p_rec* seen;
-    {
-        JOURNAL other;
-        ASSERT_NE(other.getPDoc(document), nullptr);
-        seen = journal.getPDoc(document);
-    }
-    EXPECT_EQ(seen->faxid, document);
-}
-
 TEST_F(Journal, TheBifFlagIsClearedOnReading) {
     ASSERT_EQ(journal.setbif(TOPF_P, document, 1), 0);
     server.clear_calls();

@@ -100,11 +100,6 @@ TEST_F(Connection, BlockSizesAreAskedOnceAndCut) {
         EXPECT_EQ(ZERDIX::clsGetTelebookBlockSize(), size) << value;
         EXPECT_EQ(server.calls(), std::vector<int>(asked, 74)) << value;
     }
-    rpc::session().lJournalBlockSize = 0;
-    server.fail(74);
-    EXPECT_EQ(ZERDIX::clsGetJournalBlockSize(), -1);
-    session.CleanupHostConnection();
-    EXPECT_EQ(ZERDIX::clsGetJournalBlockSize(), 12);
 }
 
 // Takes the full 25 seconds, once, for real.

@@ -13,8 +13,6 @@ namespace zerdix::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using calls = std::vector<int>;
 
 class Telebook : public ::testing::Test {
   protected:
@@ -112,43 +110,6 @@ TEST_F(Telebook, EntriesComeByNetTypeAndBlock) {
     EXPECT_EQ(books.getTBookEntries("b", NETTYPE_FAX, "", 10), nullptr);
 }
 
-struct gathering {
-    const char* block_size;
-    int groups;
-    std::size_t blocks;
-};
-
-class GatheredGroups : public Telebook, public ::testing::WithParamInterface<gathering> {};
-
-TEST_P(GatheredGroups, EveryGroupComesOnce) {
-    const auto& [block_size, groups, blocks] = GetParam();
-    set_block_size(block_size);
-    put_groups(groups);
-    ZERDIX::clsGetTelebookBlockSize();
-    server.clear_calls();
-    const auto found = ids(books.getTGroups(), &o_tgroup::groupid);
-    EXPECT_EQ(found.size(), static_cast<std::size_t>(groups));
-    EXPECT_TRUE(std::adjacent_find(found.begin(), found.end(), std::greater_equal<>{}) ==
-                found.end());
-    EXPECT_EQ(server.calls(), calls(blocks, 104));
-}
-
-INSTANTIATE_TEST_SUITE_P(BlockSizes, GatheredGroups,
-                         ::testing::Values(gathering{"30", 0, 1}, gathering{"30", 28, 1},
-                                           gathering{"30", 29, 2}, gathering{"30", 30, 2},
-                                           gathering{"30", 59, 3}, gathering{"2", 5, 5},
-                                           gathering{"200", 450, 3}));
-
-TEST_F(Telebook, AGatheringEndsWhateverTheBlockSize) {
-    put_groups(5);
-    for (const char* size : {"1", "-1", "-5"}) {
-        set_block_size(size);
-        PTRLIST* list = books.getTGroups();
-        ASSERT_NE(list, nullptr) << size;
-        EXPECT_LE(list->getSize(), 5u) << size;
-    }
-}
-
 TEST_F(Telebook, MembersAreGatheredByBookAndEntry) {
     set_block_size("3");
     o_tgroup group{};
@@ -191,17 +152,6 @@ TEST_F(Telebook, TheTwoKindsOfListsTakeTurns) {
     server.fail(104, 2);
     EXPECT_EQ(books.getTGroups(), nullptr) << "a later block";
     EXPECT_EQ(books.getTGroups()->getSize(), 3u);
-}
-
-TEST_F(Telebook, AListFromAnObjectThatWentStaysTheOthersOwn) {
-    put_groups(3);
-    PTRLIST* list;
-    {
-        TELEBOOK other;
-        other._getTGroups();
-        list = books._getTGroups();
-    }
-    EXPECT_EQ(ids(list, &o_tgroup::groupid).size(), 3u);
 }
 
 TEST_F(Telebook, WithoutAHandleNothingIsAsked) {
