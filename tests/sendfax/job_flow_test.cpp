@@ -229,6 +229,7 @@ TEST_F(PrintJob, TelexIsPrintedForEachReceiverFirstToLast) {
     ASSERT_EQ(TransmissionDlg(nullptr, "Hello", 0), 0);
     ASSERT_EQ(merge("#PHONE 12345##PHONE x##PHONE 678##RETRIES 3#"), 0);
     ppReceiver[1][0] = '\0';
+    pa_s_rec->sendtime = 851446800;
     server.clear_calls();
     EXPECT_EQ(SendTelex("HELLO and nothing more", 5), 0);
     EXPECT_EQ(server.calls(), (calls{3, 60, 53, 60, 53, 6}));
@@ -241,9 +242,9 @@ TEST_F(PrintJob, TelexIsPrintedForEachReceiverFirstToLast) {
         telexes.push_back(text.str());
     }
     const std::string head = "#TELEX##USER zerdix##ALPHAHOST 127.0.0.1##TITLE Hello##PHONE ";
-    EXPECT_THAT(telexes,
-                ::testing::UnorderedElementsAre(head + "12345##SENDTIME  0##RETRIES 3#\nHELLO",
-                                                head + "678##SENDTIME  0##RETRIES 3#\nHELLO"));
+    EXPECT_THAT(telexes, ::testing::UnorderedElementsAre(
+                             head + "12345##SENDTIME 24.12.96 18:00:00##RETRIES 3#\nHELLO",
+                             head + "678##SENDTIME 24.12.96 18:00:00##RETRIES 3#\nHELLO"));
 }
 
 TEST_F(PrintJob, ATelexSpeaksAsThePoolUserUntilTheJobEnds) {
@@ -262,6 +263,11 @@ TEST_F(PrintJob, ATelexSpeaksAsThePoolUserUntilTheJobEnds) {
         sendfax::close_job();
         EXPECT_STREQ(ZERDIX::clsGetUserId(), "zerdix");
     }
+    sendfax::install_send_dialog([](void*) { return sendfax::dialog_cancelled; });
+    ASSERT_EQ(TransmissionDlg(nullptr, "Hello", 0), 0);
+    server.clear_calls();
+    EXPECT_EQ(SendTelex("HELLO", 5), 4);
+    EXPECT_TRUE(server.calls().empty());
     EXPECT_EQ(SendTelex("HELLO", 5), 8) << "without a job";
     EXPECT_THAT(error_log(), HasSubstr("SendTelex(): no initialisation"));
 }
