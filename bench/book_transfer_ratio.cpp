@@ -13,13 +13,14 @@
 #include <zerdix/telebook.h>
 #include <zerdix/zerdix.h>
 
+#include "bench/direct_calls.h"
 #include "bench/heap_count.h"
 #include "bench/instant_server.h"
-#include "bench/measure.h"
-#include "rpc/wire/stub.h"
 #include "support/test_server.h"
 
 using namespace zerdix;
+using bench::bytes_on_wire;
+using bench::encoded;
 using bench::require;
 namespace proc = wire::proc;
 
@@ -34,18 +35,6 @@ constexpr double most_export = 2;
 constexpr double most_import = 1.25;
 constexpr double most_growth = 2.3; // twice, and some noise
 constexpr std::size_t most_more_memory = 4096;
-
-using bytes_on_wire = std::vector<char>;
-
-template <class Record>
-bytes_on_wire encoded(Record& record, std::size_t most) {
-    bytes_on_wire buffer(most);
-    XDR stream;
-    xdrmem_create(&stream, buffer.data(), static_cast<u_int>(buffer.size()), XDR_ENCODE);
-    require(wire::filter(&stream, record), "encoding");
-    buffer.resize(xdr_getpos(&stream));
-    return buffer;
-}
 
 std::vector<o_tebul> make_book(std::int32_t entries) {
     std::vector<o_tebul> book(static_cast<std::size_t>(entries));

@@ -4,16 +4,14 @@
 // SendFaxDoc is timed whole: the send jobs, two log lines, the deletion of the document and the
 // closing of the connection. The peer is a loop of clnt_call on an open connection, nothing else.
 // The two take turns, and the best of each counts.
-#include <arpa/inet.h>
 #include <string>
 #include <vector>
 
 #include <zerdix/sendfax.h>
 #include <zerdix/zerdix.h>
 
+#include "bench/direct_calls.h"
 #include "bench/instant_server.h"
-#include "bench/measure.h"
-#include "rpc/wire/stub.h"
 #include "support/test_server.h"
 
 using namespace zerdix;
@@ -47,51 +45,6 @@ void open_job(const std::string& merge_data) {
             "StoreFaxPage");
 }
 
-bool_t raw_bytes(XDR* stream, ...) {
-    std::va_list arguments;
-    va_start(arguments, stream);
-    auto* bytes = va_arg(arguments, std::vector<char>*);
-    va_end(arguments);
-    return xdr_opaque(stream, bytes->data(), static_cast<u_int>(bytes->size()));
-}
-
-// What a send job's argument is on the wire, as ready-made bytes.
-std::vector<char> argument_bytes() {
-    a_send_doc_i argument{};
-    std::vector<char> buffer(64 * 1024);
-    XDR stream;
-    xdrmem_create(&stream, buffer.data(), static_cast<u_int>(buffer.size()), XDR_ENCODE);
-    require(wire::filter(&stream, argument), "encoding the argument");
-    buffer.resize(xdr_getpos(&stream));
-    return buffer;
-}
-
-class direct_client {
-  public:
-    explicit direct_client(std::uint32_t program) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        int socket = RPC_ANYSOCK;
-        handle_ = clnttcp_create(&address, program, wire::ZERDIX_VERS, &socket, 0, 0);
-        require(handle_ != nullptr, "clnttcp_create");
-    }
-    ~direct_client() { clnt_destroy(handle_); }
-    direct_client(const direct_client&) = delete;
-    direct_client& operator=(const direct_client&) = delete;
-
-    void call(std::uint32_t number, std::vector<char>& argument) {
-        std::int32_t result = 0;
-        const auto filter = reinterpret_cast<xdrproc_t>(&xdr_int);
-        const clnt_stat status = clnt_call(handle_, number, &raw_bytes, &argument, filter, &result,
-                                           (timeval{wire::call_seconds, 0}));
-        require(status == RPC_SUCCESS && result == 1, "clnt_call");
-    }
-
-  private:
-    CLIENT* handle_;
-};
-
 } // namespace
 
 int main() {
@@ -99,8 +52,10 @@ int main() {
     const test::client_environment environment{folder.path()};
     bench::keep_to_one_processor();
     const bench::instant_server server;
-    direct_client direct{environment.program()};
-    std::vector<char> argument = argument_bytes();
+    bench::direct_client direct{environment.program()};
+    a_send_doc_i send_job{};
+    bench::bytes_on_wire argument = bench::encoded(send_job);
+    bench::bytes_on_wire answer(4); // a long
     const std::string merge_data = receivers_text();
     bench::best_time fan_out;
     bench::best_time calls;
@@ -111,7 +66,7 @@ int main() {
         require(server.calls() - before == receivers + calls_beside, "one call each");
         calls.run([&] {
             for (int i = 0; i < receivers; ++i)
-                direct.call(wire::proc::a_send_doc_1::number, argument);
+                direct.call(wire::proc::a_send_doc_1::number, argument, answer);
         });
     }
     const double ratio = fan_out.microseconds() / calls.microseconds();

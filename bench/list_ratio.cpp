@@ -3,21 +3,21 @@
 //
 //   a phone book of 100,000 entries by blocks of 200: time
 //   100,000 users in one call: memory
-#include <arpa/inet.h>
-#include <cstdarg>
 #include <memory>
 #include <vector>
 
 #include <zerdix/telebook.h>
 #include <zerdix/zerdix.h>
 
+#include "bench/direct_calls.h"
 #include "bench/heap_count.h"
 #include "bench/instant_server.h"
-#include "bench/measure.h"
-#include "rpc/wire/stub.h"
 #include "support/test_server.h"
 
 using namespace zerdix;
+using bench::bytes_on_wire;
+using bench::direct_client;
+using bench::encoded;
 using bench::require;
 namespace proc = wire::proc;
 
@@ -29,26 +29,6 @@ constexpr std::int32_t users = 100000;
 constexpr int rounds = 12;
 constexpr double least_rate = 0.8;
 constexpr double most_memory = 2;
-
-using bytes_on_wire = std::vector<char>;
-
-bool_t opaque_bytes(XDR* stream, ...) {
-    std::va_list arguments;
-    va_start(arguments, stream);
-    auto* bytes = va_arg(arguments, bytes_on_wire*);
-    va_end(arguments);
-    return xdr_opaque(stream, bytes->data(), static_cast<u_int>(bytes->size()));
-}
-
-template <class Record>
-bytes_on_wire encoded(Record& record, std::size_t most) {
-    bytes_on_wire buffer(most);
-    XDR stream;
-    xdrmem_create(&stream, buffer.data(), static_cast<u_int>(buffer.size()), XDR_ENCODE);
-    require(wire::filter(&stream, record), "encoding");
-    buffer.resize(xdr_getpos(&stream));
-    return buffer;
-}
 
 // A result with `count` nodes, linked up in place.
 template <class Result, class Node>
@@ -76,30 +56,6 @@ bytes_on_wire all_users() {
         nodes[i].user.userid.assign("u" + std::to_string(i));
     return list_of<a_get_users_o>(nodes, 592);
 }
-
-class direct_client {
-  public:
-    explicit direct_client(std::uint32_t program) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        int socket = RPC_ANYSOCK;
-        handle_ = clnttcp_create(&address, program, wire::ZERDIX_VERS, &socket, 0, 0);
-        require(handle_ != nullptr, "clnttcp_create");
-    }
-    ~direct_client() { clnt_destroy(handle_); }
-    direct_client(const direct_client&) = delete;
-    direct_client& operator=(const direct_client&) = delete;
-
-    void call(std::uint32_t number, bytes_on_wire& argument, bytes_on_wire& result) {
-        const clnt_stat status = clnt_call(handle_, number, &opaque_bytes, &argument, &opaque_bytes,
-                                           &result, (timeval{wire::call_seconds, 0}));
-        require(status == RPC_SUCCESS, "clnt_call");
-    }
-
-  private:
-    CLIENT* handle_;
-};
 
 void read_book(TELEBOOK& books) {
     for (std::int32_t have = 0; have < entries; have += block) {
