@@ -25,8 +25,10 @@ service::service(const service_options& options, alphad::gate& gate)
       dispatcher_(store_, answers_, gate, calls_) {
     if (options.demo_data && store_.is_new()) {
         add_demo_data(store_);
-        if (options.demo_documents)
+        if (options.demo_documents) {
             add_demo_documents(store_);
+            add_demo_cover(store_);
+        }
     }
     if (store_.is_from_older_version())
         std::cerr << "alphad: the store was brought up from an older version; its users have no "
