@@ -1,9 +1,13 @@
 // zerdix, the command-line client.
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
 #include <exception>
+#include <poll.h>
 #include <string>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 
@@ -37,6 +41,9 @@ std::string sentence(const CLI::App& last, const CLI::ParseError& error) {
     const bool is_group = !last.get_subcommands([](const CLI::App*) { return true; }).empty();
     if (is_group && !unknown.empty())
         return '"' + unknown.front() + "\" is no command of " + full_name(last);
+    const bool ahead = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr && unknown.empty();
+    if (ahead)
+        return "options stand behind the command: " + full_name(last) + " [options]";
     return error.what();
 }
 
@@ -66,6 +73,22 @@ int run(CLI::App& app, int argc, char** argv) {
     }
 }
 
+bool nobody_reads() {
+    pollfd out{STDOUT_FILENO, 0, 0};
+    return ::poll(&out, 1, 0) == 1 && (out.revents & (POLLERR | POLLNVAL)) != 0;
+}
+
+// What was printed must have left whole, unless its reader wants no more of it.
+int printed(int code) {
+    errno = 0;
+    const bool whole = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+    if (whole || code != exit_ok || nobody_reads())
+        return code;
+    std::fprintf(stderr, "zerdix: standard output can't be written%s%s\n", errno != 0 ? ": " : "",
+                 errno != 0 ? std::strerror(errno) : "");
+    return exit_no_output;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -74,5 +97,5 @@ int main(int argc, char** argv) {
     CLI::App app("Send faxes by way of an Alpha server, and look at their pages.");
     describe(app);
     add_commands(app, argv);
-    return run(app, argc, argv);
+    return printed(run(app, argc, argv));
 }

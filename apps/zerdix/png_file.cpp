@@ -68,8 +68,9 @@ class png_writer {
 // The reason why not, "" for success.
 std::string write_to(std::FILE* out, const page_picture& picture) {
     png_writer writer;
+    errno = 0;
     if (!writer.write(out, picture))
-        return writer.error();
+        return errno != 0 ? std::strerror(errno) : writer.error();
     return std::fflush(out) != 0 ? std::strerror(errno) : "";
 }
 
@@ -81,8 +82,8 @@ void write_png(const std::string& path, const page_picture& picture) {
     if (out == nullptr)
         not_written(path, std::strerror(errno));
     std::string error = write_to(out, picture);
-    if (to_standard_output && error.empty())
-        return;
+    if (to_standard_output && !error.empty())
+        not_written("standard output", error);
     if (!to_standard_output && std::fclose(out) != 0 && error.empty())
         error = std::strerror(errno);
     if (error.empty())

@@ -1,5 +1,6 @@
 // The command line as a whole: every part of it stands in a man page, and shells complete it.
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <regex>
@@ -65,6 +66,16 @@ TEST_F(ManPages, NameEveryCommandAndOption) {
     }
     for (const app::command_shape& command : program.commands)
         EXPECT_THAT(main_page, testing::ContainsRegex("\n.It Cm .*" + command.names.front()));
+}
+
+TEST(StandardOutput, ThatTakesNothingIsAFailureUnlessItsReaderLeft) {
+    const auto status = [](const std::string& rest) {
+        return std::system(
+            ("bash -c \"'" ZERDIX_PROGRAM "' completion zsh 2>/dev/null" + rest + '"').c_str());
+    };
+    EXPECT_EQ(WEXITSTATUS(status(" >/dev/full")), app::exit_no_output);
+    EXPECT_EQ(WEXITSTATUS(status(" | :; exit \\${PIPESTATUS[0]}")), 0);
+    EXPECT_EQ(WEXITSTATUS(status(" >&-")), 0);
 }
 
 class Completion : public testing::Test {

@@ -86,12 +86,10 @@ void run(desk& user, const export_line& line) {
     const bool plain = line.encoding == "windows-1252" && line.file != "-";
     const written count = plain ? export_plain(user, line) : export_converted(user, line);
     if (count.torn > 0)
-        note(std::to_string(count.torn) + " lines hold a \";\" or a line end in a field, and can't "
-                                          "be read back as they are");
-    if (line.file == "-" && std::cout.flush())
-        return;
+        note(std::to_string(count.torn) + (count.torn == 1 ? " line holds" : " lines hold") +
+             " a \";\" or a line end in a field, and can't be read back as they are");
     if (line.file == "-")
-        not_written("standard output", std::strerror(errno));
+        return; // whether it has left is looked at when the program ends
     user.out().done(shown(line.id) + ": " + count_of_entries(count.entries) + " written to " +
                         line.file,
                     {{"book", shown(line.id)},
