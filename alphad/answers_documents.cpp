@@ -72,6 +72,10 @@ boolean answers::answer(proc::a_put_comment_1, const a_put_comment_i& in) {
     if (!own(in.userid, in.pool, in.faxid))
         return yes(false);
     store_.documents.set_comment(in.faxid, in.comment.view());
+    if (auto job = store_.jobs.find(in.faxid)) { // the list of outgoing documents shows its title
+        job->record.comment.assign(in.comment.view());
+        store_.jobs.put(*job);
+    }
     return yes(true);
 }
 

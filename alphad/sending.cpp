@@ -188,8 +188,8 @@ void sending::lay_on_desk(const document& telex, const telex_order& order) {
 bool sending::print(const document& printed, const a_print_doc_i& wanted) {
     if (wanted.printer == telex_printer)
         return print_telex(printed);
-    if (wanted.printer.empty() || wanted.frompage < 1 || wanted.topage < wanted.frompage ||
-        wanted.topage > printed.pages)
+    if (!store_.devices.printer(wanted.printer) || wanted.frompage < 1 ||
+        wanted.topage < wanted.frompage || wanted.topage > printed.pages)
         return false;
     auto pages = pictures(printed.id, wanted.frompage, wanted.topage, false);
     if (!pages)
