@@ -113,6 +113,7 @@ TEST_F(Documents, GiveTheirPagesAsFiles) {
     EXPECT_EQ(zerdix("page " + id + " 3 --pool out -o " + path("old.png")).status, 0);
     EXPECT_EQ(read("old.png"), read("p03.png"));
     expect_failure("doc page " + id + " -o " + path("x.png"), app::exit_usage, "must be a TIFF");
+    expect_failure("doc page " + id + " 1 -o x.jpg", app::exit_usage, "pages are written as");
     expect_failure("doc page " + id + " 4 -o " + path("x.tif"), app::exit_no_input, "only 3");
     expect_failure("doc page " + id + " 3-2 -o x.tif", app::exit_usage, "names no pages");
     expect_failure("doc page " + id + " 1 -o " + path("no/x.tif"), app::exit_no_output, "x.tif");
@@ -142,6 +143,9 @@ TEST_F(Documents, HaveSendJobsThatCanBeChanged) {
     EXPECT_EQ(job.at("send_at"), "2037-07-01T08:30:00+02:00");
     EXPECT_EQ(job.at("title"), "Neu") << "what isn't named stays";
     EXPECT_EQ(job.at("night"), false);
+    expect_failure("doc change --night --no-night " + id, app::exit_usage, "excludes");
+    answer("doc comment " + id + " Neuer");
+    EXPECT_EQ(answer("status").at(0).at("title"), "Neuer");
     EXPECT_EQ(zerdix("cancel " + id).output, "outgoing document " + id + " cancelled\n");
     expect_failure("doc cancel " + id, app::exit_refused, "cancelled already");
     EXPECT_EQ(zerdix("doc restart " + id).status, 0);
@@ -158,6 +162,7 @@ TEST_F(Documents, GoToPrintersAndComeFromScanners) {
     const json print = answer("doc print in:" + in + " -d laser1 --pages 1 -n 2");
     EXPECT_EQ(print.at("copies"), 2);
     expect_failure("doc print in:" + in + " -d laser1 --pages 1-99", app::exit_no_input, "page 99");
+    expect_failure("doc print in:" + in + " -d nobody", app::exit_refused, "no printer nobody");
     const json scan = answer("doc scan --scanner empfang --title Vertrag");
     ASSERT_TRUE(scan.at("id").is_number());
     EXPECT_EQ(answer("doc info desk:" + scan.at("id").dump()).at(0).at("title"), "Vertrag");

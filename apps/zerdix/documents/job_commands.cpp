@@ -140,9 +140,12 @@ void add_change_options(CLI::App& command, change_line& line) {
              "When to send, in the server's time: now, night (the cheap tariff), 20:15, or "
              "\"2026-12-31 20:15\"",
              "TIME");
-    command.add_flag_function(
-        "--night,!--no-night", [&line](std::int64_t count) { line.night = count > 0; },
-        "Wait for the cheap tariff, or don't");
+    auto* night = command.add_flag_callback(
+        "--night", [&line] { line.night = true; }, "Wait for the cheap tariff");
+    command
+        .add_flag_callback(
+            "--no-night", [&line] { line.night = false; }, "Don't wait for the cheap tariff")
+        ->excludes(night);
     add_number(command, "--retries", line.retries, "Retries for a busy number, 0 to 9", 0, 9);
     add_number(command, "-q,--priority", line.priority, "0 (the lowest) to 100", 0, 100);
     add_text(command, "--resolution", line.resolution, "fine, normal, or as-is (as stored)", "HOW")

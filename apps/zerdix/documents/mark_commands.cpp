@@ -18,6 +18,14 @@ namespace {
 
 constexpr std::size_t title_width = 30;
 
+// A public document shows itself to all users and is changed by its owner alone.
+std::string why_not_changed(desk& user, const document& which) {
+    const a_p_rec* record = which.pool == TOPF_P ? user.journal().getPDoc(which.id) : nullptr;
+    return record == nullptr || record->userid == ZERDIX::clsGetUserId()
+               ? "the server refused"
+               : "it belongs to " + shown(record->userid);
+}
+
 struct comment_line {
     std::string document, text;
 };
@@ -25,8 +33,10 @@ struct comment_line {
 void comment(desk& user, const comment_line& line) {
     const document which = find_document(user, line.document);
     const std::string text = field_text("the title", line.text, title_width);
-    user.expect("changing the title of " + name_of(which),
-                [&] { return user.journal().putComment2Doc(which.pool, which.id, text.c_str()); });
+    user.expect(
+        "changing the title of " + name_of(which),
+        [&] { return user.journal().putComment2Doc(which.pool, which.id, text.c_str()); },
+        [&] { return why_not_changed(user, which); });
     user.out().done("the title of " + name_of(which) + " is now \"" + shown(text) + '"',
                     {{"pool", pool_word(which.pool)}, {"id", which.id}, {"title", shown(text)}});
 }
@@ -52,14 +62,10 @@ void set_public(desk& user, const public_line& line) {
     const bool on = line.state == "on";
     const document which =
         find_document(user, line.document, TOPF_P, "only desk documents can be public");
-    const auto owner = [&] {
-        const a_p_rec* record = user.journal().getPDoc(which.id);
-        return record == nullptr ? std::string("the server refused")
-                                 : "it belongs to " + shown(record->userid);
-    };
     user.expect(
         "changing " + name_of(which),
-        [&] { return user.journal().setPublic(which.id, on ? 1 : 0); }, owner);
+        [&] { return user.journal().setPublic(which.id, on ? 1 : 0); },
+        [&] { return why_not_changed(user, which); });
     user.out().done(name_of(which) + (on ? " is public now" : " is private now"),
                     {{"pool", pool_word(which.pool)}, {"id", which.id}, {"public", on}});
 }
@@ -85,10 +91,13 @@ struct read_line {
 
 deed mark(desk& user, const std::string& typed, bool unread) {
     const document which = find_document(user, typed);
-    user.expect("marking " + name_of(which), [&] {
-        return unread ? user.journal().setbif(which.pool, which.id, 1)
-                      : user.journal().setReadFlag(which.pool, which.id);
-    });
+    user.expect(
+        "marking " + name_of(which),
+        [&] {
+            return unread ? user.journal().setbif(which.pool, which.id, 1)
+                          : user.journal().setReadFlag(which.pool, which.id);
+        },
+        [&] { return why_not_changed(user, which); });
     return {name_of(which) + " is marked as " + (unread ? "new" : "read"),
             {{"pool", pool_word(which.pool)}, {"id", which.id}, {"new", unread}}};
 }

@@ -21,10 +21,15 @@ namespace {
 
 enum class form { png, tiff, text };
 
-form form_of(const std::string& path) {
+std::string ending_of(const std::string& path) {
     std::string ending = std::filesystem::path(path).extension();
     for (char& c : ending)
         c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return ending;
+}
+
+form form_of(const std::string& path) {
+    const std::string ending = ending_of(path);
     if (ending == ".tif" || ending == ".tiff")
         return form::tiff;
     return ending == ".txt" ? form::text : form::png;
@@ -125,6 +130,11 @@ std::vector<std::string> write_texts(desk& user, const document& which,
 } // namespace
 
 void check_page_path(const std::string& path, const std::vector<page_range>& pages) {
+    const std::string ending = ending_of(path);
+    for (const char* other : {".jpg", ".jpeg", ".gif", ".bmp", ".pdf"}) {
+        if (ending == other)
+            throw failure(exit_usage, path + ": pages are written as .png, .tif or .txt");
+    }
     const bool several = pages.size() > 1 || pages.front().first != pages.front().last;
     if (several && form_of(path) == form::png && !find_number(path))
         throw failure(exit_usage, path == "-" ? "only one page can go to standard output"
