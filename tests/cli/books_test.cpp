@@ -90,6 +90,8 @@ TEST_F(Books, HoldEntries) {
     EXPECT_THAT(added.errors, HasSubstr("the entry's id is cut to 10 characters"));
     EXPECT_THAT(added.errors, HasSubstr("the comment is cut to 30 characters"));
     expect_failure("entry add private:neu_and_to --phone 2", exit_refused, "is there already");
+    expect_failure("entry change private:neu_and_to --phone", exit_usage, "at most 30",
+                   {std::string(31, '1')});
     EXPECT_EQ(zerdix("entry change private:neu_and_to --in-house --comment", {""}).status, 0);
     const auto entry = answer("entry show private:neu_and_to");
     EXPECT_EQ(entry["phone"], "1");

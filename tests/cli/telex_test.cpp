@@ -55,6 +55,7 @@ TEST_F(Telex, IsRefusedBeforeAnythingIsStored) {
     expect_failure("telex --group kunden", app::exit_no_receiver, "no telex receiver", {order_});
     expect_failure("telex --to 1 --at night", app::exit_usage, "cheap tariff", {order_});
     expect_failure("telex --to 1", app::exit_bad_data, "is empty", {write("empty", "\n \n")});
+    expect_failure("telex --to 1", app::exit_bad_data, "isn't a text", {write("pdf", "%PDF-1.4")});
     expect_failure("telex --to 1", app::exit_no_input, "nowhere", {path("nowhere")});
     EXPECT_THAT(server_.calls(), testing::Not(testing::Contains(print_document)));
 }

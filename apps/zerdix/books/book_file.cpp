@@ -14,6 +14,7 @@ namespace zerdix::app {
 namespace {
 
 constexpr std::size_t field_count = 6;
+constexpr std::size_t longest_number = 30;
 
 using field_list = std::vector<std::string_view>;
 
@@ -63,6 +64,8 @@ class line_reader {
         if (fields.size() != field_count)
             return std::to_string(fields.size()) + (fields.size() == 1 ? " field" : " fields") +
                    ", 6 are expected";
+        if (fields[1].size() > longest_number) // cut, it would be somebody else's
+            return "the number has more than 30 characters";
         return fields[0].empty() ? "the entry has no id" : "";
     }
 

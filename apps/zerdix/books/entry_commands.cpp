@@ -8,6 +8,7 @@
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "commands.h"
+#include "platform/encoding.h"
 #include "shell/each_named.h"
 #include "shell/options.h"
 #include "shell/user_command.h"
@@ -28,6 +29,12 @@ struct entry_line {
 
     bool any() const { return phone || comment || station || nettype || in_house; }
 };
+
+// A number isn't cut: what is left of it would be somebody else's.
+void check_number(const entry_line& line) {
+    if (line.phone && platform::utf8_to_cp1252(*line.phone).size() > 30)
+        throw failure(exit_usage, "--phone: a number has at most 30 characters");
+}
 
 void apply(const entry_line& line, o_tebul& entry) {
     if (line.phone)
@@ -120,7 +127,10 @@ CLI::App* add_entry_command(CLI::App& group, const char* name, const char* descr
                             void (*work)(desk&, const entry_line&)) {
     CLI::App* command = add_user_command(
         group, name, description, [line, work](desk& user) { work(user, *line); },
-        [line] { line->name = entry_named(line->typed); });
+        [line] {
+            check_number(*line);
+            line->name = entry_named(line->typed);
+        });
     command->add_option("BOOK:ENTRY", line->typed, "The phone book and the entry's id in it")
         ->required()
         ->option_text(" ");
@@ -145,6 +155,7 @@ void add_changing(CLI::App& group) {
         [line] {
             if (!line->any())
                 throw failure(exit_usage, "nothing is to be changed; see --help for the options");
+            check_number(*line);
             line->name = entry_named(line->typed);
         });
     command->add_option("BOOK:ENTRY", line->typed, "The phone book and the entry's id in it")

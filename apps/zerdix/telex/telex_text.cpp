@@ -69,6 +69,8 @@ telex_text make_telex(std::string_view utf8) {
     std::string_view rest = without_mark(utf8);
     if (rest.find_first_not_of(" \t\r\n") == std::string_view::npos)
         throw failure(exit_bad_data, "is empty");
+    if (rest.starts_with("%PDF-") || rest.find('\0') != std::string_view::npos)
+        throw failure(exit_bad_data, "isn't a text");
     telex_text telex{platform::utf8_to_cp1252(rest), 0, {}};
     if (telex.text.size() > longest_text)
         throw failure(exit_bad_data, "is longer than a telex can be");
