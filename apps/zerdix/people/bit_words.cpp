@@ -80,6 +80,8 @@ std::int32_t bit_of(bit_table table, std::string_view word) {
     if (word.starts_with("0x") &&
         std::from_chars(word.begin() + 2, word.end(), bits, 16).ptr == word.end())
         return static_cast<std::int32_t>(bits);
+    if (word == "none")
+        throw failure(exit_usage, "\"none\" stands alone");
     throw failure(exit_usage,
                   '"' + std::string(word) + "\" isn't one of " + all_words(table) + ",none");
 }

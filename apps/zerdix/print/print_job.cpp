@@ -12,6 +12,7 @@
 #include "error_log.h"
 #include "platform/encoding.h"
 #include "print/leftover.h"
+#include "shell/value_text.h"
 
 namespace zerdix::app {
 
@@ -132,10 +133,12 @@ void print_job::store_page(const std::vector<unsigned char>& block) {
     const call_watch watch;
     const auto size = static_cast<std::int32_t>(block.size());
     if (StoreFaxPage(block.data(), size, pages_, 0) != success) {
-        const bool no_document = pa_s_rec->faxid == 0;
-        throw failed_step(no_document ? "creating the document"
-                                      : "storing page " + std::to_string(pages_ + 1),
-                          watch.explain(host_));
+        trouble why = watch.explain(host_);
+        if (pa_s_rec->faxid != 0)
+            throw failed_step("storing page " + std::to_string(pages_ + 1), why);
+        if (why.code == exit_refused)
+            why.cause += "; it may not know the user " + shown(ZERDIX::clsGetUserId());
+        throw failed_step("creating the document", why);
     }
     ++pages_;
 }

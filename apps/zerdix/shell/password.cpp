@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <sys/stat.h>
@@ -96,6 +97,8 @@ void require_private(const std::string& path) {
 std::string password_from_file(const std::string& path) {
     std::ifstream file;
     if (path != "-") {
+        if (std::error_code ignored; std::filesystem::is_directory(path, ignored))
+            throw failure(exit_no_input, "the password file " + path + " is a folder");
         file.open(path);
         if (!file)
             throw failure(exit_no_input, "the password file " + path +
