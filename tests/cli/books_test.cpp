@@ -58,6 +58,7 @@ TEST_F(Books, AreCreatedChangedAndDeleted) {
     EXPECT_EQ(zerdix("book change neu --comment", {""}).status, 0);
     EXPECT_EQ(answer("book info neu")["comment"], "");
     expect_failure("book rights neu r x r", exit_usage, "\"x\" aren't rights");
+    EXPECT_THAT(zerdix("book create weg --owner meier").errors, HasSubstr("rights on"));
 
     const outcome gone = zerdix("book delete nix neu elevenchars");
     EXPECT_EQ(gone.status, exit_no_receiver);
@@ -107,7 +108,7 @@ TEST_F(Books, HoldEntries) {
 
 TEST_F(Books, SayWhichRightIsMissing) {
     create("meins");
-    EXPECT_EQ(zerdix("book rights meins ruacdp none r").status, 0);
+    EXPECT_EQ(zerdix("book rights meins ruacdp none r").errors, "");
     const std::string rights = "(your rights on the phone book meins: r-----)";
     for (const auto& [command, what] :
          {std::pair{"entry add meins:x --phone 1", "you may not add entries "},

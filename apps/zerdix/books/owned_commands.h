@@ -39,6 +39,16 @@ void put_record(desk& user, const std::string& doing, typename Kind::record& rec
         });
 }
 
+// Who gives the rights away can't take them back, which is easily done by mistake.
+template <class Kind, class Record>
+void tell_what_was_given_away(desk& user, const Record& record, const owned_options& options) {
+    const auto held = static_cast<unsigned char>(TELEBOOK::clssetPPerm());
+    if ((options.owner || !options.rights.empty()) && (rights_on(user, record) & held) == 0)
+        note("you can't change the rights on " + the<Kind>() + " any more; it belongs to " +
+             shown(record.owner) + " (your rights: " + rights_letters(rights_on(user, record)) +
+             ')');
+}
+
 template <class Kind>
 void create(desk& user, owned_line& line) {
     if (find<Kind>(user, line.id))
@@ -51,6 +61,7 @@ void create(desk& user, owned_line& line) {
     record.perms = first_rights();
     apply(line.options, record);
     put_record<Kind>(user, "creating", record);
+    tell_what_was_given_away<Kind>(user, record, line.options);
     user.out().done(named<Kind>(line.id) + " created", {{Kind::key, shown(line.id)}});
 }
 
@@ -59,6 +70,7 @@ void change(desk& user, owned_line& line) {
     auto record = known<Kind>(user, line.id);
     apply(line.options, record);
     put_record<Kind>(user, "changing", record);
+    tell_what_was_given_away<Kind>(user, record, line.options);
     user.out().done(named<Kind>(line.id) + " changed", {{Kind::key, shown(line.id)}});
 }
 
@@ -86,6 +98,7 @@ void rights(desk& user, owned_line& line) {
                 return why_refused<Kind>(user, line.id, TELEBOOK::clssetPPerm(),
                                          "change its rights");
             });
+        tell_what_was_given_away<Kind>(user, record, line.options);
         return user.out().done(
             "rights on the " + named<Kind>(line.id) + " are now " + rights_text(record.perms),
             {{Kind::key, shown(line.id)}, {"rights", rights_text(record.perms)}});
