@@ -25,6 +25,7 @@ service::service(const service_options& options, alphad::gate& gate)
       dispatcher_(store_, answers_, gate, calls_) {
     if (options.demo_data && store_.is_new()) {
         add_demo_data(store_);
+        use_time_zone(store_.directory); // for the log lines of the documents
         if (options.demo_documents) {
             add_demo_documents(store_);
             add_demo_cover(store_);
