@@ -30,6 +30,8 @@ void add_commands(CLI::App& app, char** arguments) {
     add_replacement_commands(app);
     add_password_command(app);
     add_signature_commands(app);
+    add_cover_commands(app);
+    add_letterhead_commands(app);
     add_board_commands(app);
     add_completion_command(app);
 }

@@ -29,6 +29,8 @@ void add_preference_commands(CLI::App& app);
 void add_replacement_commands(CLI::App& app);
 void add_password_command(CLI::App& app);
 void add_signature_commands(CLI::App& app);
+void add_cover_commands(CLI::App& app);
+void add_letterhead_commands(CLI::App& app);
 void add_board_commands(CLI::App& app);
 void add_completion_command(CLI::App& app);
 

@@ -9,6 +9,7 @@
 #include "documents/arguments.h"
 #include "documents/commands.h"
 #include "documents/document_name.h"
+#include "documents/new_document.h"
 #include "progress.h"
 #include "shell/each_named.h"
 #include "shell/one_of.h"
@@ -26,31 +27,13 @@ struct copy_line {
     std::string document, target;
 };
 
-std::int32_t new_document(desk& user) {
-    const call_watch watch;
-    const std::int32_t id = user.journal().makeDoc();
-    if (id == -1)
-        user.lost("making a desk document", watch);
-    if (id == 0)
-        throw failure(exit_refused, "making a desk document failed: the server refused");
-    return id;
-}
-
 void copy_to(desk& user, const document& source, std::int32_t target) {
     user.expect("copying " + name_of(source),
                 [&] { return user.journal().copyDoc(source.pool, source.id, target); });
 }
 
-// A document that was made for a copy that failed goes again.
 std::int32_t copy_to_new(desk& user, const document& source) {
-    const std::int32_t target = new_document(user);
-    try {
-        copy_to(user, source, target);
-    } catch (const failure&) {
-        user.journal().delDoc(TOPF_P, target);
-        throw;
-    }
-    return target;
+    return new_document(user, [&](std::int32_t target) { copy_to(user, source, target); });
 }
 
 std::int32_t copy_over(desk& user, const document& source, const std::string& typed) {

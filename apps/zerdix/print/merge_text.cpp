@@ -56,19 +56,6 @@ std::string receiver_value(const char* option, const std::string& typed, std::si
     return value;
 }
 
-std::string phone_value(const std::string& typed) {
-    const std::string value = receiver_value("--to", typed, longest_value);
-    const auto colon = value.find(':');
-    if (colon == std::string::npos)
-        return value;
-    const std::string about = "--to \"" + typed + "\": ";
-    if (colon == 0 || colon + 1 == value.size())
-        throw failure(exit_usage, about + "a phone book entry is BOOK:ENTRY");
-    if (colon > longest_id || value.size() - colon - 1 > longest_id)
-        throw failure(exit_usage, about + "BOOK and ENTRY have at most 10 characters");
-    return value;
-}
-
 std::string upper_case(std::string text) {
     for (char& c : text)
         c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
@@ -105,6 +92,19 @@ std::string merge_text(const print_options& options, const std::string& title) {
     for (const std::string& receiver : options.to)
         text += pair("PHONE", phone_value(receiver));
     return text;
+}
+
+std::string phone_value(const std::string& typed) {
+    const std::string value = receiver_value("--to", typed, longest_value);
+    const auto colon = value.find(':');
+    if (colon == std::string::npos)
+        return value;
+    const std::string about = "--to \"" + typed + "\": ";
+    if (colon == 0 || colon + 1 == value.size())
+        throw failure(exit_usage, about + "a phone book entry is BOOK:ENTRY");
+    if (colon > longest_id || value.size() - colon - 1 > longest_id)
+        throw failure(exit_usage, about + "BOOK and ENTRY have at most 10 characters");
+    return value;
 }
 
 std::string group_pair(const std::string& group) {

@@ -23,6 +23,7 @@ struct print_options {
     std::optional<int> retries;
     std::optional<int> priority;
     std::optional<send_time> at;
+    bool cover = false; // each receiver gets a cover page
     bool quiet = false;
 };
 
@@ -43,6 +44,9 @@ title_text title_of(const std::string& utf8);
 // All pairs but the groups and the send time. `title` is left out when it holds a "#": a title
 // can be given when the job is opened, too. Throws failure for a receiver that can't be one.
 std::string merge_text(const print_options& options, const std::string& title);
+
+// A receiver as the job's record holds it. Throws failure for one that can't be one.
+std::string phone_value(const std::string& typed);
 
 std::string group_pair(const std::string& group);
 std::string send_time_pair(const std::string& value);

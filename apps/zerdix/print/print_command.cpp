@@ -6,6 +6,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <zerdix/journal.h>
+#include <zerdix/sendfax.h>
 #include <zerdix/zerdix.h>
 
 #include "commands.h"
@@ -46,6 +48,20 @@ void store_pages(print_job& job, const pdf_file& pdf, progress& shown) {
     stop_if_interrupted();
 }
 
+// Of the open job. Without a template the job would end as if it were done, and nothing would be
+// sent. A call that fails is left to the job to tell.
+void ask_for_cover_pages() {
+    JOURNAL journal;
+    const std::int32_t id = journal.getCoverId();
+    if (id == 0)
+        throw failure(exit_no_input, "the server names no cover template");
+    const page_dat* form = id > 0 ? journal.getDocPage(TOPF_P, id, 1, 0) : nullptr;
+    if (form != nullptr && form->size == 0)
+        throw failure(exit_no_input, "the cover template, document " + std::to_string(id) +
+                                         ", has no form that you may read");
+    fCoverpage = 1;
+}
+
 // What can be told wrong without the server is told before anything is asked of it.
 void print(const print_options& options) {
     check_receivers(options);
@@ -55,6 +71,8 @@ void print(const print_options& options) {
     watch_for_interrupts();
     print_job job(title);
     set_up(job, options, settings);
+    if (options.cover)
+        ask_for_cover_pages();
     progress shown(stdout, progress::fitting(options.quiet), pdf.pages());
     store_pages(job, pdf, shown);
     if (job.receivers() > 0)
@@ -87,6 +105,7 @@ void add_settings(CLI::App& command, print_line& line) {
     command.add_option("--paper", line.paper, "Letterhead to print on, 0 to 9; 0 is none")
         ->check(CLI::Range(0, 9).description(""))
         ->option_text("N");
+    command.add_flag("--cover", line.options.cover, "Put a cover page in front, one for each");
     command.add_option("--resolution", line.resolution, "fine or normal (default: as rendered)")
         ->check(one_of({"fine", "normal"}))
         ->option_text("HOW");

@@ -1,0 +1,82 @@
+#include "cover/preview.h"
+
+#include "books/known_entry.h"
+#include "cover/page_painter.h"
+
+namespace zerdix::app {
+
+namespace {
+
+constexpr const char* shared_book = "common"; // where a bare receiver is looked up
+
+class preview_content final : public cover::page_content {
+  public:
+    preview_content(desk& works, const cover_receiver& receiver)
+        : desk_(works), sender_(works.fetch("looking up the sender",
+                                            [&] { return works.session().getOUserRecord(); })) {
+        record_.phone.assign(receiver.phone);
+        record_.comment.assign(receiver.title);
+        record = &record_;
+        user = &sender_;
+        document = sample_number;
+        language = ZERDIX::clsGetLanguage();
+        look_up(receiver.phone);
+    }
+
+    const page_dat* signature() override {
+        return &desk_.fetch("fetching the signature",
+                            [&] { return desk_.session().getSignature(); });
+    }
+
+    const o_tebul* find_entry() override { return &entry_; }
+
+  private:
+    void look_up(const std::string& phone) {
+        const std::size_t colon = phone.find(':');
+        if (colon != std::string::npos)
+            entry_ = known_entry(desk_, {phone.substr(0, colon), phone.substr(colon + 1)});
+        else if (!phone.empty())
+            entry_ = find_entry_of_number(phone);
+    }
+
+    o_tebul find_entry_of_number(const std::string& phone) {
+        return app::find_entry(desk_, {shared_book, phone}).value_or(o_tebul{});
+    }
+
+    desk& desk_;
+    o_user_rec sender_;
+    a_s_rec record_{};
+    o_tebul entry_{};
+};
+
+page_picture picture_of(const imaging::LeadBitmap& bitmap) {
+    page_picture picture{
+        static_cast<std::uint32_t>(bitmap.width), static_cast<std::uint32_t>(bitmap.height), {}};
+    for (std::size_t y = 0; y < picture.rows; ++y) {
+        const unsigned char* row = bitmap.pixels + y * bitmap.stride;
+        picture.bits.insert(picture.bits.end(), row, row + picture.row_bytes());
+    }
+    return picture;
+}
+
+} // namespace
+
+page_picture draw_cover(desk& user, const cover_template& from, const cover_receiver& receiver) {
+    std::vector<unsigned char> bytes = from.form;
+    const page_dat form{static_cast<std::uint32_t>(bytes.size()), bytes.data()};
+    cover::kept_picture page;
+    if (page.expand(form) != 0)
+        throw failure(exit_bad_data, "the form of the cover template is damaged");
+    preview_content content(user, receiver);
+    cover::kept_picture signature;
+    auto painter = cover::page_painter::open(page.picture());
+    const std::string_view commands(reinterpret_cast<const char*>(from.commands.data()),
+                                    from.commands.size());
+    if (!painter || !painter->draw(commands, content, signature))
+        throw failure(exit_internal, "the cover page can't be drawn");
+    if (page.picture().width > page.picture().height)
+        L_RotateBitmap(&page.picture(), -90, 1);
+    return picture_of(page.picture());
+}
+
+} // namespace zerdix::app

@@ -1,0 +1,114 @@
+// Cover pages and letterheads: seen before they are sent, and given to the server.
+
+#include "alphad/demo_data.h"
+#include "alphad/page_block.h"
+#include "cli/desk_test.h"
+#include "failure.h"
+#include "people/png_picture.h"
+#include "png_file.h"
+
+namespace zerdix::test {
+namespace {
+
+using namespace app;
+using testing::HasSubstr;
+
+class Cover : public desk_test {
+  protected:
+    Cover() { alphad::add_demo_cover(server_.store()); }
+
+    page_picture preview(const std::string& words) {
+        const std::string file = path("preview.png");
+        EXPECT_EQ(answer("cover preview " + words + " -o " + file)["file"], file);
+        bool had_shades = false;
+        return app::read_png(file, 1728, 2286, had_shades);
+    }
+
+    // A PNG of one black square.
+    std::string square(std::uint32_t side) const {
+        page_picture drawn{side, side, {}};
+        drawn.bits.assign(drawn.row_bytes() * side, 0xFF);
+        write_png(path("square.png"), drawn);
+        return path("square.png");
+    }
+
+    std::string template_id() { return server_.store().directory.config("COVER"); }
+};
+
+// Whether anything in these rows is black, right of the labels and left of the edge.
+bool has_ink(const page_picture& page, std::size_t top, std::size_t rows) {
+    for (std::size_t y = top; y < top + rows; ++y)
+        for (std::size_t x = 480 / 8; x < 1600 / 8; ++x)
+            if (page.bits[y * page.row_bytes() + x] != 0)
+                return true;
+    return false;
+}
+
+// But for the document's number, which there is none of before it is sent.
+TEST_F(Cover, LooksAsItWillWhenItIsSent) {
+    const page_picture expected = preview("--to common:kanzlei -T Anfrage");
+    for (const std::size_t line : {398U, 518U, 638U, 758U, 878U, 998U})
+        EXPECT_TRUE(has_ink(expected, line, 60)) << line;
+    EXPECT_FALSE(has_ink(preview("-T Anfrage"), 398, 60)) << "nobody";
+    expect_failure("cover preview -o x.png --to common:nix", exit_no_receiver, "no entry nix");
+
+    const outcome sent =
+        zerdix("print --cover --paper 1 --to common:kanzlei -T Anfrage", {SAMPLE_PDF});
+    ASSERT_EQ(sent.status, 0) << sent.errors;
+    const auto job = server_.jobs().at(0);
+    EXPECT_EQ(server_.store().pages.count(job.record.faxid), 4);
+    const auto page = alphad::expand_page(*server_.store().pages.picture({job.record.faxid, 1, 0}));
+    ASSERT_EQ(page->rows.size(), expected.bits.size());
+    const auto number = static_cast<std::ptrdiff_t>(870 * expected.row_bytes());
+    const auto below = static_cast<std::ptrdiff_t>(940 * expected.row_bytes());
+    const auto& bits = expected.bits;
+    EXPECT_TRUE(std::equal(bits.begin(), bits.begin() + number, page->rows.begin()));
+    EXPECT_TRUE(std::equal(bits.begin() + below, bits.end(), page->rows.begin() + below));
+}
+
+TEST_F(Cover, IsReplacedByItsOwnerAndOfferedByOthers) {
+    const std::string commands = write("commands", "#DRUCK#\r\nsetfaxstring=f\xc3\xbcr;600;100");
+    const std::string files = square(40) + ' ' + commands;
+    EXPECT_TRUE(
+        has_ink(preview("--form " + path("square.png") + " --commands " + commands), 100, 40));
+    EXPECT_EQ(answer("cover install " + files)["in_use"], true);
+    const page_picture page = preview("");
+    EXPECT_EQ(page.rows, 2286U);
+    EXPECT_EQ(page.bits[4], 0xFF);
+    EXPECT_TRUE(has_ink(page, 100, 40)) << "a line without an end is one all the same";
+    EXPECT_FALSE(has_ink(page, 398, 60));
+
+    const std::string meier = " -U meier --password-file " + write("meier", "meier\n");
+    const auto offered = answer("cover install " + files + meier);
+    EXPECT_EQ(offered["in_use"], false);
+    EXPECT_NE(std::to_string(offered["id"].get<int>()), template_id());
+    EXPECT_THAT(zerdix("cover install " + files + meier).output, HasSubstr("alphad config COVER"));
+    server_.set_config("COVER", std::to_string(offered["id"].get<int>()));
+    EXPECT_TRUE(has_ink(preview(""), 100, 40)) << "others may read it";
+
+    expect_failure("cover install " + path("square.png"), exit_bad_data, "#DRUCK#",
+                   {write("none", "setdate=1;1;\n")});
+    server_.set_config("COVER", "99");
+    expect_failure("print --cover --to 1", exit_no_input, "document 99, has no form", {SAMPLE_PDF});
+    server_.set_config("COVER", "");
+    expect_failure("cover preview -o x.png", exit_no_input, "names no cover template");
+    expect_failure("print --cover --to 1", exit_no_input, "names no cover template", {SAMPLE_PDF});
+    EXPECT_TRUE(server_.jobs().empty());
+}
+
+TEST_F(Cover, LetterheadIsNamedForItsPaper) {
+    const auto one = answer("preferences show")["paper"].at(1);
+    const auto made = answer("letterhead install --paper 2 " + square(16));
+    const auto paper = answer("preferences show")["paper"];
+    EXPECT_EQ(paper.at(2), made["id"]);
+    EXPECT_EQ(paper.at(1), one);
+    const auto page =
+        alphad::expand_page(*server_.store().pages.picture({made["id"].get<int>(), 1, 0}));
+    EXPECT_EQ(page->width, 1728);
+    EXPECT_EQ(page->height, 2286);
+    expect_failure("letterhead install", exit_bad_data, "more than 1728 by 2286", {square(2000)});
+    expect_failure("letterhead install", exit_no_input, "can't be read", {path("no.pdf")});
+}
+
+} // namespace
+} // namespace zerdix::test
