@@ -84,10 +84,15 @@ TEST(TelexText, TellsWhatIsLostAndWhatIsLong) {
     EXPECT_EQ(good.text, wide + "\r\n\nende");
     EXPECT_EQ(good.lines, 3);
     EXPECT_THAT(good.remarks, ElementsAre());
-    const app::telex_text odd = app::make_telex("a\n\xe2\x98\x8e\n" + wide + "w\n\xff\n");
+    const app::telex_text odd = app::make_telex("a\n\xe2\x98\x8e\n" + wide + "w\n\xe2\x98\x8e\n");
     EXPECT_EQ(odd.text, "a\n?\n" + wide + "w\n?\n");
     EXPECT_THAT(odd.remarks, ElementsAre(HasSubstr("\"?\": 2 lines from line 2 on"),
                                          HasSubstr("stands: line 3")));
+    const app::telex_text old = app::make_telex("Gr\xfc\xdf"
+                                                "e\n");
+    EXPECT_EQ(old.text, "Gr\xfc\xdf"
+                        "e\n");
+    EXPECT_THAT(old.remarks, ElementsAre(HasSubstr("taken for Windows-1252")));
 }
 
 } // namespace

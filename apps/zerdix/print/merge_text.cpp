@@ -97,9 +97,11 @@ std::string merge_text(const print_options& options, const std::string& title) {
 std::string phone_value(const std::string& typed) {
     const std::string value = receiver_value("--to", typed, longest_value);
     const auto colon = value.find(':');
+    const std::string about = "--to \"" + typed + "\": ";
+    if (colon == std::string::npos && value.find_first_of("0123456789") == std::string::npos)
+        throw failure(exit_usage, about + "neither a number nor an entry as BOOK:ENTRY");
     if (colon == std::string::npos)
         return value;
-    const std::string about = "--to \"" + typed + "\": ";
     if (colon == 0 || colon + 1 == value.size())
         throw failure(exit_usage, about + "a phone book entry is BOOK:ENTRY");
     if (colon > longest_id || value.size() - colon - 1 > longest_id)

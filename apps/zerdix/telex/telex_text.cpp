@@ -8,6 +8,7 @@
 #include <iterator>
 #include <limits>
 
+#include "books/text_file.h"
 #include "failure.h"
 #include "platform/encoding.h"
 #include "progress.h"
@@ -65,7 +66,9 @@ std::string read_telex_file(const std::string& path) {
     return text;
 }
 
-telex_text make_telex(std::string_view utf8) {
+telex_text make_telex(std::string_view file) {
+    const bool converts = !is_utf8(file);
+    const std::string utf8 = converts ? platform::cp1252_to_utf8(file) : std::string(file);
     std::string_view rest = without_mark(utf8);
     if (rest.find_first_not_of(" \t\r\n") == std::string_view::npos)
         throw failure(exit_bad_data, "is empty");
@@ -74,6 +77,8 @@ telex_text make_telex(std::string_view utf8) {
     telex_text telex{platform::utf8_to_cp1252(rest), 0, {}};
     if (telex.text.size() > longest_text)
         throw failure(exit_bad_data, "is longer than a telex can be");
+    if (converts)
+        telex.remarks.push_back("the text isn't UTF-8 and is taken for Windows-1252");
     line_count wide, strange;
     while (!rest.empty()) {
         const std::string_view line = take_line(rest);

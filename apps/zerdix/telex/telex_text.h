@@ -19,8 +19,9 @@ struct telex_text {
 // "-" is standard input. Throws failure when it can't be read.
 std::string read_telex_file(const std::string& path);
 
-// Throws failure for a text without anything to send, without naming it.
-telex_text make_telex(std::string_view utf8);
+// The telex of a file in UTF-8, or in Windows-1252 where its bytes aren't UTF-8. Throws failure for
+// a text without anything to send, without naming it.
+telex_text make_telex(std::string_view file);
 
 } // namespace zerdix::app
 
