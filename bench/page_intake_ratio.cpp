@@ -6,9 +6,10 @@
 // Files hold pages in stored form; without any it makes a text page and a dense one.
 //
 // In each round the page goes through StoreFaxPage, then its stored form through the codec alone,
-// then the finished page's blocks and its log line through the bare stubs, with everything ready
-// made. The best time of each counts. Freeing the codec's output isn't counted as the codec's.
-// The pages are the second and later ones of a job: the first one makes the document besides.
+// then through the bare stubs, with everything ready made, what is asked for the user's letterheads,
+// the finished page's blocks and its log line. The best time of each counts. Freeing the codec's
+// output isn't counted as the codec's. The pages are the second and later ones of a job: the first
+// one makes the document besides.
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -21,6 +22,7 @@
 #include "bench/heap_count.h"
 #include "bench/instant_server.h"
 #include "bench/measure.h"
+#include "bench/sample_pages.h"
 #include "imaging/codec_calls.h"
 #include "imaging/compress_run.h"
 #include "imaging/mirror.h"
@@ -30,88 +32,17 @@
 #include "support/test_server.h"
 
 using namespace zerdix;
+using bench::length_of;
+using bench::page_bytes;
 using bench::require;
 
 namespace {
 
-constexpr std::uint32_t width = 1728;
-constexpr std::uint32_t height = 2286;
 constexpr int rounds = 200;
 constexpr double time_limit = 10;             // percent
 constexpr std::size_t block_length = 16384;   // what the settings' default makes of a page
 constexpr std::size_t output_step = 65536;    // the codec's output grows by it
 constexpr std::size_t whole_pages = 3 * 4096; // malloc rounds each of three large blocks up
-
-using page_bytes = std::vector<unsigned char>;
-
-std::int32_t length_of(const page_bytes& page) {
-    return static_cast<std::int32_t>(page.size());
-}
-
-void put_header(page_bytes& page) {
-    const unsigned char header[] = {0, 0, width >> 8,  width & 0xff,
-                                    0, 0, height >> 8, height & 0xff};
-    std::memcpy(page.data(), header, sizeof header);
-}
-
-// Black rectangles in a box of 16 by 28 pixels.
-struct stroke {
-    std::uint32_t left, top, wide, high;
-};
-using letter = std::vector<stroke>;
-
-std::vector<letter> make_letters(std::mt19937& generator) {
-    std::vector<letter> letters(26);
-    for (letter& each : letters)
-        for (int i = 0; i < 3; ++i) {
-            const bool upright = generator() % 2 == 0;
-            const auto left = static_cast<std::uint32_t>(generator() % 12);
-            const auto top = static_cast<std::uint32_t>(generator() % 20);
-            each.push_back(upright ? stroke{left, 0, 4, 28 - top / 2} : stroke{0, top, 16, 3});
-        }
-    return letters;
-}
-
-void draw(page_bytes& page, const letter& shape, std::uint32_t x, std::uint32_t y) {
-    for (const stroke& bar : shape)
-        for (std::uint32_t row = y + bar.top; row < y + bar.top + bar.high; ++row)
-            for (std::uint32_t at = x + bar.left; at < x + bar.left + bar.wide; ++at)
-                page[sendfax::page_header_size + row * width / 8 + at / 8] |=
-                    static_cast<unsigned char>(1u << at % 8);
-}
-
-// 19 lines of words out of 26 letters, at places that don't keep to bytes. It compresses about as a
-// page of a letter does.
-page_bytes text_page() {
-    page_bytes page(sendfax::page_header_size + height * width / 8);
-    std::mt19937 generator(1);
-    const std::vector<letter> letters = make_letters(generator);
-    for (std::uint32_t y = 200; y < height - 200; y += 100)
-        for (std::uint32_t x = 180; x < width - 200; x += generator() % 6 == 0 ? 40 : 20)
-            draw(page, letters[generator() % letters.size()], x, y);
-    put_header(page);
-    return page;
-}
-
-// As a dithered photograph: noise around a grey that changes over the page.
-page_bytes dense_page() {
-    page_bytes page = codec::random_bytes(sendfax::page_header_size + height * width / 8, 2);
-    std::mt19937 generator(3);
-    for (std::size_t i = sendfax::page_header_size; i < page.size(); ++i) {
-        const auto other = static_cast<unsigned char>(generator());
-        page[i] = static_cast<unsigned char>(i % 216 < 108 ? page[i] & other : page[i] | other);
-    }
-    put_header(page);
-    return page;
-}
-
-// The rows turned round, and each byte mirrored and inverted: the same way there and back.
-page_bytes driver_form(const page_bytes& stored) {
-    page_bytes page(stored.size());
-    sendfax::turn_rows(stored, page);
-    imaging::mirror_and_invert(std::span{page}.subspan(sendfax::page_header_size));
-    return page;
-}
 
 str10 user_field() {
     str10 user{};
@@ -122,7 +53,8 @@ str10 user_field() {
 // The remote calls of a page with nothing around them.
 class bare_calls {
   public:
-    explicit bare_calls(page_bytes& compressed) : handle_(ZERDIX::clsGetClient()) {
+    explicit bare_calls(page_bytes& compressed)
+        : handle_(ZERDIX::clsGetClient()), user_(user_field()) {
         std::size_t offset = 0;
         std::size_t count = 0;
         do {
@@ -145,15 +77,17 @@ class bare_calls {
     }
 
     void make() {
+        require(wire::stub<wire::proc::a_get_user_1>(user_, handle_) != nullptr, "the user");
         for (auto& block : blocks_)
             require(wire::stub<wire::proc::a_put_pageb_1>(block, handle_) != nullptr, "a block");
         require(wire::stub<wire::proc::a_put_log_1>(log_, handle_) != nullptr, "the log line");
     }
 
-    std::size_t count() const { return blocks_.size() + 1; }
+    std::size_t count() const { return blocks_.size() + 2; }
 
   private:
     client* handle_;
+    str10 user_;
     std::vector<a_put_pageb_i> blocks_;
     std::string line_;
     a_put_log_i log_;
@@ -207,7 +141,7 @@ bool compare_heap(const page_bytes& driver, const page_bytes& compressed) {
 }
 
 bool measure(const char* name, const page_bytes& stored) {
-    const page_bytes driver = driver_form(stored);
+    const page_bytes driver = bench::driver_form(stored);
     page_bytes compressed = *codec::compress(stored);
     const sendfax::page_size size = sendfax::read_page_size(stored);
     std::printf("StoreFaxPage, %s: %u by %u pixels, %zu bytes compressed, best of %d runs\n", name,
@@ -220,15 +154,6 @@ bool measure(const char* name, const page_bytes& stored) {
     return fast && small;
 }
 
-page_bytes page_of_file(const char* name) {
-    std::ifstream file(name, std::ios::binary);
-    page_bytes page{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    require(page.size() > sendfax::page_header_size &&
-                sendfax::read_page_size(page).covered_by(page.size()),
-            name);
-    return page;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -238,10 +163,10 @@ int main(int argc, char** argv) {
     const bench::instant_server server;
     bool reached = true;
     for (int i = 1; i < argc; ++i)
-        reached = measure(argv[i], page_of_file(argv[i])) && reached;
+        reached = measure(argv[i], bench::page_of_file(argv[i])) && reached;
     if (argc == 1) {
-        reached = measure("text page", text_page());
-        reached = measure("dense page", dense_page()) && reached;
+        reached = measure("text page", bench::text_page());
+        reached = measure("dense page", bench::dense_page()) && reached;
     }
     return reached ? 0 : 1;
 }

@@ -40,7 +40,8 @@ inline void load_square(bit_square& square, const unsigned char* first, std::siz
     std::fill(square.rows + count, square.rows + square_side, std::uint64_t{0});
 }
 
-inline void store_square(const bit_square& square, unsigned char* first, std::size_t stride,
+// The stride may be below 0: then the rows come to lie from the bottom upwards.
+inline void store_square(const bit_square& square, unsigned char* first, std::ptrdiff_t stride,
                          std::int32_t count) {
     for (std::int32_t i = 0; i < count; ++i, first += stride)
         store_pixels(first, square.rows[i]);

@@ -36,8 +36,8 @@ std::unique_ptr<span[]> spans_of(std::int32_t from, std::int32_t to) {
 }
 
 template <class Combine>
-void combine_rows(unsigned char* row, const unsigned char* other, std::size_t bytes,
-                  Combine combine) {
+[[gnu::always_inline]] inline void combine_rows(unsigned char* row, const unsigned char* other,
+                                                std::size_t bytes, Combine combine) {
     for (std::size_t at = 0; at < bytes; at += sizeof(std::uint64_t)) {
         std::uint64_t word;
         std::uint64_t with;
@@ -87,7 +87,8 @@ class column_band {
         for (std::size_t i = 0; i < count_; ++i) {
             bit_square square = squares_[i];
             transpose(square);
-            store_square(square, row + i * sizeof(std::uint64_t), stride, rows);
+            store_square(square, row + i * sizeof(std::uint64_t),
+                         static_cast<std::ptrdiff_t>(stride), rows);
         }
     }
 
@@ -127,18 +128,34 @@ bool stretch_step(const LeadBitmap& picture, LeadBitmap& stretched, Darkest dark
 // A step in one direction.
 bool stretch_step(const LeadBitmap& picture, std::int32_t width, std::int32_t height,
                   LeadBitmap& stretched) {
-    if (L_InitBitmap(&stretched, width, height, 1) != 1 || L_AllocateBitmap(&stretched, 1) != 1)
+    if (!allocate_unset(stretched, width, height))
         return false;
     stretched.order = picture.order;
     return one_is_black(picture) ? stretch_step(picture, stretched, std::bit_or{})
                                  : stretch_step(picture, stretched, std::bit_and{});
 }
 
-void exclusive_or(const LeadBitmap& picture, LeadBitmap& target) {
-    // Pictures of one size lie alike in memory.
+// Pictures of one size lie alike in memory, and are combined as one long row.
+[[gnu::always_inline]] inline void exclusive_or_all(const LeadBitmap& picture, LeadBitmap& target) {
     combine_rows(target.pixels, picture.pixels,
                  target.stride * static_cast<std::size_t>(target.height), std::bit_xor{});
 }
+
+#if defined(__x86_64__)
+__attribute__((target("avx2"))) void exclusive_or_wide(const LeadBitmap& picture,
+                                                       LeadBitmap& target) {
+    exclusive_or_all(picture, target);
+}
+
+void exclusive_or(const LeadBitmap& picture, LeadBitmap& target) {
+    __builtin_cpu_supports("avx2") ? exclusive_or_wide(picture, target)
+                                   : exclusive_or_all(picture, target);
+}
+#else
+void exclusive_or(const LeadBitmap& picture, LeadBitmap& target) {
+    exclusive_or_all(picture, target);
+}
+#endif
 
 } // namespace
 

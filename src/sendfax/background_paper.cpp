@@ -15,7 +15,6 @@ namespace {
 using imaging::LeadBitmap;
 using imaging::owned_bitmap;
 
-constexpr std::int16_t no_source = -1;
 constexpr std::int16_t first_page = 1;
 constexpr std::int16_t compressed_bitmap = 0; // the picture type, and its bit in a page's mask
 
@@ -33,8 +32,7 @@ outcome failed(const char* line) {
 
 outcome unusable(const char* line) {
     trace_lines.info("%s", line);
-    job().pBackPage = nullptr;
-    job().sLastPaperSource = no_source;
+    forget_background();
     return outcome::unusable;
 }
 
@@ -58,7 +56,7 @@ outcome fetch_page(std::int32_t id) {
     if ((document->pagemasks[0] & 1 << compressed_bitmap) == 0)
         return unusable("MergeBackPaper(): no page (PCT_CBM_FINE) found");
     // The page fetched before goes with this call, whatever becomes of it.
-    state.sLastPaperSource = no_source;
+    forget_background();
     state.pBackPage = state.pjournal->getDocPage(TOPF_P, id, first_page, compressed_bitmap);
     if (state.pBackPage == nullptr)
         return failed("MergeBackPaper(): problems with RPC connection");
@@ -101,13 +99,29 @@ void turn_upright(LeadBitmap& bitmap) {
     trace_lines.info("MergeBackPaper(): end rotating Original bitmap -90");
 }
 
+// The letterhead's picture, white-first. It is kept from page to page.
+bool expand_background(LeadBitmap& background) {
+    if (holds_pixels(background))
+        return true;
+    const page_dat& page = *job().pBackPage;
+    return ConvertCompressedFaxToLead(page.data, static_cast<std::int32_t>(page.size),
+                                      &background) == 1 &&
+           L_InvertBitmap(&background) == 1;
+}
+
 // The rows of the page are driver rows, a set bit is white; those of the letterhead are expanded
 // rows, a set bit is black. Exclusive or makes driver rows of them in which a pixel is black where
 // one of the two is.
-void lay_over(const LeadBitmap& background, LeadBitmap& original) {
+void lay_over(LeadBitmap& background, LeadBitmap& original) {
+    const bool landscape = background.width > background.height;
+    turn_upright(original);
+    turn_upright(background);
+    L_InvertBitmap(&original);
     if (imaging::stretch_exclusive_or(background, &original) != 1)
         trace_lines.error("MergeBackPaper(): Error BitBlt()");
     trace_lines.info("MergeBackPaper(): after BitBlt");
+    if (landscape) // turned anew for the next page, as the trace tells
+        FreeLeadBitmap(&background);
 }
 
 outcome merge(unsigned char* block, std::size_t size, page_dat& page) {
@@ -115,18 +129,13 @@ outcome merge(unsigned char* block, std::size_t size, page_dat& page) {
     trace_lines.info("MergeBackPaper(): original width: %ld height: %ld", header.size().width,
                      header.size().height);
     owned_bitmap original;
-    owned_bitmap background;
     if (!imaging::is_whole_block(block, size) || ConvertBmToLead(block, &original, 0) != 1)
         return failed("MergeBackPaper(): Error ConvertBmToLead()");
-    const page_dat& paper = *job().pBackPage;
-    if (ConvertCompressedFaxToLead(paper.data, static_cast<std::int32_t>(paper.size),
-                                   &background) != 1)
+    if (!expand_background(job().bmpBackground)) {
+        FreeLeadBitmap(&job().bmpBackground);
         return failed("MergeBackPaper(): Error ConvertCompressedFaxToLead()");
-    turn_upright(original);
-    turn_upright(background);
-    L_InvertBitmap(&original);
-    L_InvertBitmap(&background);
-    lay_over(background, original);
+    }
+    lay_over(job().bmpBackground, original);
     if (ConvertLeadToCompressedFax(&page, &original, 1) != 1)
         return failed("MergeBackPaper(): Error ConvertLeadToCompressedFax()");
     return outcome::merged;

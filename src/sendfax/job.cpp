@@ -5,6 +5,7 @@
 
 #include "common/settings.h"
 #include "cover/state.h"
+#include "imaging/page_forms.h"
 #include "sendfax/receivers.h"
 #include "sendfax/trace_lines.h"
 
@@ -77,6 +78,12 @@ void keep_own_identity() {
     job().own_identity = own;
 }
 
+void forget_background() {
+    job().sLastPaperSource = -1;
+    job().pBackPage = nullptr;
+    imaging::FreeLeadBitmap(&job().bmpBackground);
+}
+
 void close_job() {
     release_receivers();
     cover::forget_session();
@@ -88,8 +95,7 @@ void close_job() {
     delete pzerdix;
     pzerdix = nullptr;
     fCoverpage = 0;
-    job().pBackPage = nullptr;
-    job().sLastPaperSource = -1;
+    forget_background();
     job().sPageCount = 0;
     job().lFaxid = NO_FAXID;
     std::memset(userid, 0, sizeof userid);

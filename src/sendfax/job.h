@@ -15,6 +15,8 @@
 #include <zerdix/sendfax.h>
 #include <zerdix/zerdix.h>
 
+#include "imaging/bitmap.h"
+
 namespace zerdix::sendfax {
 
 // The job has no document yet.
@@ -33,16 +35,17 @@ struct identity {
 };
 
 struct job_state {
-    JOURNAL* pjournal = nullptr;        // comes and goes with pzerdix
-    std::int32_t lFaxid = NO_FAXID;     // the job's document
-    std::int16_t sPageCount = 0;        // pages stored so far
-    std::int16_t sPaperSource = 0;      // from merge data; kept until the next TransmissionDlg
-    std::int16_t sLastPaperSource = -1; // that pBackPage belongs to, -1 for none
-    page_dat* pBackPage = nullptr;      // the letterhead fetched last; what pjournal keeps
-    void* hParentWnd = nullptr;         // handed to the send dialog, never looked at
-    std::int32_t fSendActive = 0;       // 1 while SendFaxDoc runs
-    std::int32_t fLogCompleted = 1;     // the fan-out still has to write its completion line
-    std::int32_t receiver_room = 0;     // slots of ppReceiver
+    JOURNAL* pjournal = nullptr;         // comes and goes with pzerdix
+    std::int32_t lFaxid = NO_FAXID;      // the job's document
+    std::int16_t sPageCount = 0;         // pages stored so far
+    std::int16_t sPaperSource = 0;       // from merge data; kept until the next TransmissionDlg
+    std::int16_t sLastPaperSource = -1;  // that pBackPage belongs to, -1 for none
+    page_dat* pBackPage = nullptr;       // the letterhead fetched last; what pjournal keeps
+    imaging::LeadBitmap bmpBackground{}; // its picture, once a page was laid over it
+    void* hParentWnd = nullptr;          // handed to the send dialog, never looked at
+    std::int32_t fSendActive = 0;        // 1 while SendFaxDoc runs
+    std::int32_t fLogCompleted = 1;      // the fan-out still has to write its completion line
+    std::int32_t receiver_room = 0;      // slots of ppReceiver
 
     // The session's own, while a telex speaks as another user.
     std::optional<identity> own_identity;
@@ -54,6 +57,9 @@ job_state& job();
 // none yet. False when no connection could be made; the objects stay. With `record_user` a user
 // that comes from the settings is noted in the send record.
 bool open_session(bool record_user);
+
+// Pages get no letterhead until one is fetched anew.
+void forget_background();
 
 // Called before the session takes another user's name for the rest of the job.
 void keep_own_identity();

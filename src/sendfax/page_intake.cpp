@@ -59,9 +59,10 @@ bool is_sound(std::span<const unsigned char> block) {
 // The C library's allocator gives the memory of large blocks back to the system, which has to clear
 // it anew for every page: that takes longer than all else here. It keeps twice the size of the
 // largest block that it has mapped on its own and seen come back; so it is shown one, which is
-// never touched. Twice this is a page's work buffer, the codec's tables and the compressed page.
+// never touched. Twice this is what a page takes on its way over a letterhead: its work buffer, the
+// two bitmaps, the page's rows once more for the codec, its tables and the compressed page.
 void announce_pages(std::size_t block_size) {
-    void* volatile large = std::malloc(block_size + block_size / 2);
+    void* volatile large = std::malloc(3 * block_size);
     std::free(large);
 }
 

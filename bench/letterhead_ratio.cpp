@@ -1,0 +1,196 @@
+// What StoreFaxPage costs with letterhead and rotation beside what it costs without: a landscape
+// page laid over a letterhead, against the very picture that comes of it, handed in ready made.
+// Codec and remote calls have the same to do in both. What counts is the processor time of this
+// program, which the server's side isn't part of.
+//
+//     letterhead_ratio [page-block-file...]
+//
+// Files hold pages in stored form; without any it makes a text page and a dense one. The letterhead
+// is a page of 2,286 rows with two lines of text. It is fetched once, with the first page, as
+// in any job. White rows are added to the pages up to a multiple of 8, as landscape pages have them
+// across; so the letterhead is stretched where that makes other than 2,286.
+#include <algorithm>
+#include <cstring>
+#include <ctime>
+#include <limits>
+#include <span>
+#include <string>
+
+#include <zerdix/sendfax.h>
+
+#include "bench/instant_server.h"
+#include "bench/measure.h"
+#include "bench/sample_pages.h"
+#include "imaging/codec_calls.h"
+#include "imaging/mirror.h"
+#include "imaging/owned_bitmap.h"
+#include "rpc/block_transfer.h"
+#include "rpc/wire/filter.h"
+#include "sendfax/job.h"
+#include "sendfax/page_preparers.h"
+#include "sendfax/page_rows.h"
+#include "support/test_server.h"
+
+using namespace zerdix;
+using bench::page_bytes;
+using bench::require;
+
+namespace {
+
+constexpr int rounds = 60;
+constexpr double most = 1.3;
+constexpr std::int16_t letterhead_source = 1; // source 0 has none
+constexpr std::size_t header = sendfax::page_header_size;
+
+// The least of all runs, in microseconds.
+class best_processor_time {
+  public:
+    template <class Work>
+    void run(Work work) {
+        const double begin = now();
+        work();
+        best_ = std::min(best_, now() - begin);
+    }
+    double microseconds() const { return best_; }
+
+  private:
+    static double now() {
+        timespec used{};
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
+        return static_cast<double>(used.tv_sec) * 1e6 + static_cast<double>(used.tv_nsec) / 1e3;
+    }
+
+    double best_ = std::numeric_limits<double>::max();
+};
+
+template <class Record>
+std::vector<char> encoded(Record record) {
+    std::vector<char> buffer(1 << 16);
+    XDR stream;
+    xdrmem_create(&stream, buffer.data(), static_cast<u_int>(buffer.size()), XDR_ENCODE);
+    require(wire::filter(&stream, record), "encoding");
+    buffer.resize(xdr_getpos(&stream));
+    return buffer;
+}
+
+std::vector<char> page_answer(std::size_t size, std::span<unsigned char> data) {
+    return encoded(a_get_pageb_o{true,
+                                 static_cast<std::int32_t>(size),
+                                 {static_cast<std::uint32_t>(data.size()), data.data()}});
+}
+
+// A user with a letterhead, and its page in blocks.
+bench::instant_server::replies answers(page_bytes letterhead) {
+    a_user_rec user{};
+    user.userid.assign("zerdix");
+    user.papertrays[letterhead_source] = 1;
+    a_get_inf_o document{};
+    document.pagecount = 1;
+    document.pagemasks[0] = 1;
+    std::vector<std::vector<char>> page{page_answer(letterhead.size(), {})};
+    for (std::size_t at = 0, count = rpc::fetch_block; count == rpc::fetch_block; at += count) {
+        count = std::min<std::size_t>(rpc::fetch_block, letterhead.size() - at);
+        page.push_back(page_answer(count, std::span{letterhead}.subspan(at, count)));
+    }
+    return {{30, {encoded(user)}}, {20, {encoded(document)}}, {59, page}};
+}
+
+// Another height, with white below.
+page_bytes with_height(page_bytes page, std::uint32_t height) {
+    const sendfax::page_size size = sendfax::read_page_size(page);
+    page.resize(header + height * size.row_bytes());
+    page[6] = static_cast<unsigned char>(height >> 8);
+    page[7] = static_cast<unsigned char>(height);
+    return page;
+}
+
+// Two lines of text above those of the text page.
+page_bytes letterhead_page() {
+    const page_bytes text = bench::text_page();
+    page_bytes page(text.size());
+    const std::size_t row = sendfax::read_page_size(text).row_bytes();
+    std::copy_n(text.begin(), header, page.begin());
+    std::copy_n(text.begin() + header + 1050 * row, 200 * row, page.begin() + header);
+    return *codec::compress(page);
+}
+
+// The page turned three times to the left, as a driver sends it.
+page_bytes landscape_page(page_bytes page) {
+    for (const std::size_t at : {0, 4})
+        std::reverse(&page[at], &page[at] + 4);
+    imaging::owned_bitmap bitmap;
+    imaging::mirror_and_invert(std::span{page}.subspan(header));
+    require(ConvertBmToLead(page.data(), &bitmap, 0) == 1, "a bitmap");
+    for (int turn = 0; turn < 3; ++turn)
+        require(L_RotateBitmap(&bitmap, -90, 1) == 1, "a turn");
+    page_bytes turned(header);
+    std::memcpy(turned.data(), &bitmap.width, 4);
+    std::memcpy(turned.data() + 4, &bitmap.height, 4);
+    for (const std::size_t at : {0, 4})
+        std::reverse(&turned[at], &turned[at] + 4);
+    for (std::int32_t row = 0; row < bitmap.height; ++row) { // drivers send the last one first
+        turned.resize(turned.size() + imaging::row_bytes(bitmap.width));
+        L_GetRow(&bitmap, &turned[turned.size() - imaging::row_bytes(bitmap.width)], row,
+                 imaging::row_bytes(bitmap.width));
+    }
+    return turned;
+}
+
+// What the letterhead makes of the landscape page, as a driver would send it.
+page_bytes finished_page(page_bytes landscape) {
+    page_bytes from_top(landscape.size());
+    sendfax::turn_rows(landscape, from_top);
+    page_dat page{0, nullptr};
+    require(sendfax::MergeBackPaper(from_top.data(), bench::length_of(from_top), letterhead_source,
+                                    &page) == 0,
+            "MergeBackPaper");
+    page_bytes stored = *codec::expand({page.data, page.data + page.size});
+    std::free(page.data);
+    imaging::mirror_bits(stored);
+    return bench::driver_form(stored);
+}
+
+void store(const page_bytes& page, std::int16_t source) {
+    require(StoreFaxPage(page.data(), bench::length_of(page), 0, source) == 0, "StoreFaxPage");
+}
+
+bool measure(const char* name, page_bytes stored) {
+    const std::uint32_t height = sendfax::read_page_size(stored).height;
+    stored = with_height(stored, (height + 7) / 8 * 8);
+    const page_bytes upright = bench::driver_form(stored);
+    const page_bytes landscape = landscape_page(stored);
+    require(TransmissionDlg(nullptr, "Letterhead", 1) == 0, "TransmissionDlg");
+    store(upright, 0);
+    const page_bytes finished = finished_page(landscape);
+    best_processor_time with;
+    best_processor_time without;
+    best_processor_time bare;
+    for (int round = 0; round < rounds; ++round) {
+        with.run([&] { store(landscape, letterhead_source); });
+        without.run([&] { store(finished, 0); });
+        bare.run([&] { store(upright, 0); });
+    }
+    require(DeleteFaxDoc() == 0, "DeleteFaxDoc");
+    std::printf("%s, best of %d runs\n  landscape over letterhead %.0f us, the finished picture "
+                "%.0f us, the upright page alone %.0f us\n",
+                name, rounds, with.microseconds(), without.microseconds(), bare.microseconds());
+    return bench::bar("with letterhead and rotation : without",
+                      with.microseconds() / without.microseconds(), most, "");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const test::temporary_folder folder;
+    const test::client_environment environment{folder.path()};
+    bench::keep_to_one_processor();
+    const bench::instant_server server{answers(letterhead_page())};
+    bool reached = true;
+    for (int i = 1; i < argc; ++i)
+        reached = measure(argv[i], bench::page_of_file(argv[i])) && reached;
+    if (argc == 1) {
+        reached = measure("text page", bench::text_page());
+        reached = measure("dense page", bench::dense_page()) && reached;
+    }
+    return reached ? 0 : 1;
+}
