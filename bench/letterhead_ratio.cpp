@@ -1,7 +1,6 @@
 // What StoreFaxPage costs with letterhead and rotation beside what it costs without: a landscape
 // page laid over a letterhead, against the very picture that comes of it, handed in ready made.
-// Codec and remote calls have the same to do in both. What counts is the processor time of this
-// program, which the server's side isn't part of.
+// Codec and remote calls have the same to do in both.
 //
 //     letterhead_ratio [page-block-file...]
 //
@@ -11,8 +10,6 @@
 // across; so the letterhead is stretched where that makes other than 2,286.
 #include <algorithm>
 #include <cstring>
-#include <ctime>
-#include <limits>
 #include <span>
 #include <string>
 
@@ -41,27 +38,6 @@ constexpr int rounds = 60;
 constexpr double most = 1.3;
 constexpr std::int16_t letterhead_source = 1; // source 0 has none
 constexpr std::size_t header = sendfax::page_header_size;
-
-// The least of all runs, in microseconds.
-class best_processor_time {
-  public:
-    template <class Work>
-    void run(Work work) {
-        const double begin = now();
-        work();
-        best_ = std::min(best_, now() - begin);
-    }
-    double microseconds() const { return best_; }
-
-  private:
-    static double now() {
-        timespec used{};
-        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
-        return static_cast<double>(used.tv_sec) * 1e6 + static_cast<double>(used.tv_nsec) / 1e3;
-    }
-
-    double best_ = std::numeric_limits<double>::max();
-};
 
 template <class Record>
 std::vector<char> encoded(Record record) {
@@ -162,9 +138,9 @@ bool measure(const char* name, page_bytes stored) {
     require(TransmissionDlg(nullptr, "Letterhead", 1) == 0, "TransmissionDlg");
     store(upright, 0);
     const page_bytes finished = finished_page(landscape);
-    best_processor_time with;
-    best_processor_time without;
-    best_processor_time bare;
+    bench::best_time with;
+    bench::best_time without;
+    bench::best_time bare;
     for (int round = 0; round < rounds; ++round) {
         with.run([&] { store(landscape, letterhead_source); });
         without.run([&] { store(finished, 0); });
