@@ -66,7 +66,7 @@ std::string described(const std::string& name, const std::string& description) {
     std::string text = name + ':';
     for (const char c : description)
         text += c == ':' ? std::string("\\:") : std::string(1, c);
-    return quoted(text);
+    return app::quoted(text);
 }
 
 std::string entries(const command_shape& command) {
@@ -78,7 +78,7 @@ std::string entries(const command_shape& command) {
             options.push_back(described(name, option.description));
     }
     for (const argument_shape& argument : command.arguments) {
-        arguments.push_back(quoted(value_word(argument.value)));
+        arguments.push_back(app::quoted(value_word(argument.value)));
         if (argument.repeats)
             arguments.emplace_back("...");
     }
