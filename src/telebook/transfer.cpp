@@ -1,5 +1,7 @@
 // Phone books to a text file, and from one.
 
+#include <filesystem>
+#include <fstream>
 #include <new>
 #include <optional>
 #include <set>
@@ -40,19 +42,60 @@ str10 key_behind(const str10& id) {
     return key;
 }
 
-// The index of a block's first entry that isn't written yet, the last of `written` being `last`: a
-// server that reads keys as texts begins again with that one. Nothing when the book can't be gone
-// through: an entry comes again, or the block had room for the repeated entry only. In which order
-// ids come is the server's business.
-std::optional<std::uint32_t> first_fresh(const PTRLIST& block, const str10& last,
-                                         std::set<std::string>& written, std::int32_t blocksize) {
+// The ids that an export has written. While they ascend the last one is enough to tell a new one;
+// from the first that doesn't they are all looked up, and the file is read back for those before.
+class written_ids {
+  public:
+    explicit written_ids(const char* path) : path_(path) {}
+
+    const str10& last() const { return last_; }
+    bool empty() const { return last_.empty(); }
+
+    // Takes the ids of a block from `first` on. False when one comes again, or when that can't be
+    // told.
+    bool add(std::FILE* file, const PTRLIST& block, std::uint32_t first) {
+        for (std::uint32_t i = first; i < block.getSize(); ++i) {
+            const str10& id = entry_at(block, i).teleid;
+            if (!all_ && !empty() && id.view() <= last_.view() && !look_back(file, block, first, i))
+                return false;
+            if (all_ && !all_->emplace(id.view()).second)
+                return false;
+            last_ = id;
+        }
+        return true;
+    }
+
+  private:
+    bool look_back(std::FILE* file, const PTRLIST& block, std::uint32_t from, std::uint32_t to) {
+        std::error_code error;
+        if (std::fflush(file) != 0 || !std::filesystem::is_regular_file(path_, error))
+            return false;
+        std::ifstream lines(path_);
+        all_.emplace();
+        for (std::string line; std::getline(lines, line);)
+            all_->insert(line.substr(0, line.find(';')));
+        for (std::uint32_t i = from; i < to; ++i)
+            all_->emplace(entry_at(block, i).teleid.view());
+        return true;
+    }
+
+    const char* path_;
+    str10 last_{};
+    std::optional<std::set<std::string>> all_;
+};
+
+// The index of a block's first entry that isn't written yet: a server that reads keys as texts
+// begins again with the last one. Nothing when the book can't be gone through: an entry comes
+// again, or the block had room for the repeated entry only. In which order ids come is the server's
+// business.
+std::optional<std::uint32_t> first_fresh(const PTRLIST& block, written_ids& written,
+                                         std::FILE* file, std::int32_t blocksize) {
     const std::uint32_t end = block.getSize();
-    const bool repeats = end > 0 && !written.empty() && entry_at(block, 0).teleid == last;
+    const bool repeats = end > 0 && !written.empty() && entry_at(block, 0).teleid == written.last();
     const std::uint32_t first = repeats ? 1 : 0;
-    bool lost = repeats && end == 1 && blocksize == 1;
-    for (std::uint32_t i = first; i < end && !lost; ++i)
-        lost = !written.emplace(entry_at(block, i).teleid.view()).second;
-    return lost ? std::nullopt : std::optional{first};
+    if ((repeats && end == 1 && blocksize == 1) || !written.add(file, block, first))
+        return std::nullopt;
+    return first;
 }
 
 bool write_entries(std::FILE* file, const PTRLIST& block, std::uint32_t first) {
@@ -77,23 +120,21 @@ std::int32_t TELEBOOK::exportTBook(const char* tbookid, nettypetype nettype, con
     if (blocksize < 1)
         return rpc::refused;
     o_get_tbookl_i request = telebook::entry_request(tbookid, nettype, {}, blocksize);
-    str10 last{};
-    std::set<std::string> written;
+    written_ids written(file);
     for (;;) {
         const PTRLIST* block = rpc::fetch_list<proc::o_get_tbookl_1>(
             by_object{pClient}, request, pEntriesResult, pEntryList, this);
         if (block == nullptr)
             return rpc::refused;
         const std::uint32_t count = block->getSize();
-        const auto first = first_fresh(*block, last, written, blocksize);
+        const auto first = first_fresh(*block, written, out.get(), blocksize);
         if (!first)
             return rpc::refused;
         if (*first == count)
             return finish(std::move(out));
         if (!write_entries(out.get(), *block, *first))
             return file_failed;
-        last = entry_at(*block, count - 1).teleid;
-        request.start = key_behind(last);
+        request.start = key_behind(written.last());
     }
 }
 
