@@ -1,0 +1,68 @@
+#include "platform/dialog/presenter_plugin.h"
+
+#include <dlfcn.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zerdix::platform {
+
+namespace {
+
+constexpr const char* file_name = "libzerdix-dialogs-qt.so";
+
+bool is_set(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+}
+
+// Spares a program without a screen the toolkit.
+bool display_is_named() {
+    return is_set("DISPLAY") || is_set("WAYLAND_DISPLAY") || is_set("QT_QPA_PLATFORM");
+}
+
+std::filesystem::path folder_of_this_library() {
+    Dl_info info = {};
+    if (dladdr(reinterpret_cast<const void*>(&load_presenter), &info) == 0)
+        return {};
+    std::error_code error;
+    return std::filesystem::canonical(info.dli_fname, error).parent_path();
+}
+
+std::vector<std::string> candidates() {
+    if (is_set("ZERDIX_DIALOGS"))
+        return {std::getenv("ZERDIX_DIALOGS")};
+    const auto beside = folder_of_this_library();
+    std::vector<std::string> paths = {beside / "zerdix" / file_name, beside / file_name};
+#ifdef ZERDIX_DIALOGS_FOLDER
+    paths.push_back(std::filesystem::path(ZERDIX_DIALOGS_FOLDER) / file_name);
+#endif
+    return paths;
+}
+
+// Never unloaded: the toolkit keeps state until the process ends.
+presenter_entry find_entry() {
+    for (const auto& path : candidates()) {
+        if (path == "none" || path.front() != '/')
+            continue;
+        void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+        void* entry = library != nullptr ? dlsym(library, "zerdix_presenter") : nullptr;
+        if (entry != nullptr)
+            return reinterpret_cast<presenter_entry>(entry);
+    }
+    return nullptr;
+}
+
+} // namespace
+
+presenter* load_presenter() {
+    if (!display_is_named())
+        return nullptr;
+    const presenter_entry entry = find_entry();
+    return entry != nullptr ? entry(presenter_interface) : nullptr;
+}
+
+} // namespace zerdix::platform
