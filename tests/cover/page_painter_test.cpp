@@ -203,11 +203,11 @@ TEST_F(PagePainter, TheSignatureReplacesWhatItCovers) {
     EXPECT_THAT(boxes.shown, IsEmpty());
 
     const codec::bytes damaged[] = {
-        {1, 2, 3},                              // not a stream
-        page_of(0xFFFF, 0xFFFF, 0xFF, 1),       // four billion pixels
-        page_of(80, 5, 0xFF, 4),                // a row short
-        page_of(0x80000000, 0x80000000, 0, 10), // below 0
-        {0x1F, 0x9D, 0x90},                     // nothing in it
+        {1, 2, 3},                             // not a stream
+        page_of(0xFFFF, 0xFFFF, 0xFF, 1),      // four billion pixels
+        page_of(80, 5, 0xFF, 4),               // a row short
+        page_of(0x80000000, 0x80000000, 0, 0), // below 0
+        {0x1F, 0x9D, 0x90},                    // nothing in it
     };
     for (const codec::bytes& bytes : damaged) {
         shown.signature_bytes = bytes;

@@ -129,6 +129,31 @@ TEST(Text, InkStaysInItsCellAndMovesWithIt) {
         }
 }
 
+// Where another program draws a "j" of 1,000 pixels, from the pen: hooks go back behind it, and
+// that much of a letter shows whose pen stands outside already.
+TEST(Text, LettersReachOverTheirPlaceOnEitherSide) {
+    for (const auto& [face, left, wide] :
+         {std::tuple{"Arial", -25, 180}, {"Times New Roman", -29, 221}}) {
+        const auto huge = fonts().find({face, -1000, 0});
+        EXPECT_NEAR(huge->shape('j').left, left, 3) << face;
+        EXPECT_NEAR(huge->shape('j').width, wide, 3) << face;
+    }
+    const font_request request{"Times New Roman", -33, 0};
+    const auto font = fonts().find(request);
+    ASSERT_LT(font->shape('j').left, 0);
+    ASSERT_GT(font->shape('f').left + font->shape('f').width, font->advance('f'));
+    for (const char* letter : {"j", "f"}) {
+        const picture there = line(request, letter);
+        for (const std::int32_t x : {-14, -12, -10, -9, -1, 0, 1, 410, 418, 419, 420, 421})
+            EXPECT_TRUE(line(request, letter, x) == moved(there, x - 20, 0)) << letter << x;
+        const picture cut = drawn(420, 130, [&](drawing_context& context) {
+            context.SelectObject(font);
+            context.DrawTextA(letter, {20, 20, 20 + font->advance(*letter), 130});
+        });
+        EXPECT_LT(ink_of(cut), ink_of(there)) << "nothing outside of the rectangle";
+    }
+}
+
 TEST(Text, EveryCharacterShowsAndUnknownOnesAsQuestionMarks) {
     const auto blank = [](platform::font& font, char c) {
         return std::ranges::count(font.shape(c).rows, 0) == std::ssize(font.shape(c).rows);
