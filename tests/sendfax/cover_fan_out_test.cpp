@@ -6,6 +6,7 @@
 
 #include "cover/template_document.h"
 #include "platform/scratch.h"
+#include "sendfax/failing_malloc.h"
 #include "sendfax/job_trace.h"
 
 namespace zerdix::testing {
@@ -167,6 +168,17 @@ TEST_F(CoverJob, ACoverPageThatFailedIsTracedAndItsDocumentLogged) {
     server.refuse(6);
     EXPECT_EQ(SendFaxDoc(), 8) << "nor can its document be deleted";
     EXPECT_THAT(error_log(), HasSubstr("SendFaxDoc(): Problems with deleting document"));
+}
+
+TEST_F(CoverJob, ACoverPageThatCantBeCompressedEndsTheJob) {
+    open("#PHONE 111##PHONE 222#");
+    const failing_malloc no_room_for_its_rows{8 + 50 * 500};
+    EXPECT_EQ(SendFaxDoc(), 8);
+    EXPECT_EQ(server.calls(), copied + first_cover);
+    EXPECT_EQ(*(traced().end() - 2), "Error: SendFaxDoc(): Error ConvertLeadToCompressedFax()");
+    EXPECT_THAT(server.jobs(), IsEmpty());
+    EXPECT_THAT(on_desk(), SizeIs(2)) << "the job's document and the copy";
+    EXPECT_EQ(pzerdix, nullptr);
 }
 
 TEST_F(CoverJob, ADocumentForAnotherDeskGetsOneToo) {

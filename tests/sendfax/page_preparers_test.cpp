@@ -3,6 +3,7 @@
 
 #include "imaging/codec_calls.h"
 #include "imaging/mirror.h"
+#include "sendfax/failing_malloc.h"
 #include "sendfax/job_trace.h"
 #include "sendfax/page_preparers.h"
 
@@ -296,6 +297,18 @@ TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
     std::free(page.data);
     EXPECT_EQ(block, driver_form({24, 16, 2}));
     traced();
+
+    {
+        const failing_malloc no_room_for_the_turned_page{8 + 2 * 24};
+        page = {0, nullptr};
+        EXPECT_EQ(sendfax::MergeBackPaper(block.data(), size, 4, &page), 8);
+        EXPECT_EQ(sendfax::RotateBitmap(block.data(), size, &page), 8);
+        EXPECT_THAT(traced(),
+                    IsSupersetOf({"Error: MergeBackPaper(): Error ConvertLeadToCompressedFax()",
+                                  "Error: RotateBitmap(): Error ConvertLeadToCompressedFax()"}));
+        EXPECT_EQ(block, driver_form({24, 16, 2}));
+        EXPECT_EQ(page.data, nullptr);
+    }
 
     // Blocks that end before their rows do.
     bytes cut = before;
