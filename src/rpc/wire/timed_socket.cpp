@@ -6,6 +6,8 @@
 #include <poll.h>
 #include <sys/socket.h>
 
+#include "rpc/wire/call_watch.h"
+
 namespace zerdix::wire {
 
 namespace {
@@ -33,16 +35,20 @@ int timed_socket::fail(clnt_stat failure, int error) {
 
 // True when the socket is ready, or has an error that the next system call on it will tell.
 bool timed_socket::wait(short event, clnt_stat failure) {
+    call_watch* const watch = present_call_watch();
+    const auto longest =
+        watch != nullptr ? call_watch_interval.count() : std::numeric_limits<int>::max();
     for (;;) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(end_ - clock::now()).count();
         if (left <= 0)
             return fail(RPC_TIMEDOUT, ETIMEDOUT) == 0;
         pollfd waiting{file_, event, 0};
         const int ready =
-            poll(&waiting, 1,
-                 static_cast<int>(std::min<decltype(left)>(left, std::numeric_limits<int>::max())));
+            poll(&waiting, 1, static_cast<int>(std::min<decltype(left)>(left, longest)));
         if (ready > 0)
             return true;
+        if (ready == 0 && watch != nullptr)
+            watch->goes_on();
         if (ready < 0 && !passing(errno))
             return fail(failure, errno) == 0;
     }
