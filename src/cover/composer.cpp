@@ -2,16 +2,16 @@
 
 #include <algorithm>
 
+#include "common/show_message.h"
 #include "cover/page_painter.h"
 #include "cover/state.h"
-#include "imaging/message_text.h"
 
 namespace zerdix::cover {
 
 namespace {
 
+using common::show_message;
 using imaging::LeadBitmap;
-using imaging::show_message;
 
 // Numbers of messages.
 constexpr std::int32_t no_user = 1204;

@@ -9,15 +9,16 @@
 
 #include <zerdix/timetext.h>
 
+#include "common/show_message.h"
+#include "common/string_table.h"
 #include "cover/template_text.h"
 #include "imaging/barcode.h"
-#include "imaging/message_text.h"
 
 namespace zerdix::cover {
 
 namespace {
 
-using imaging::show_message;
+using common::show_message;
 
 // Numbers of messages and texts.
 constexpr std::int32_t not_copied = 1200;
@@ -158,7 +159,7 @@ page_painter::outcome page_painter::draw_barcode(const cover_fields& fields) {
         return outcome::next_line; // none, or not one that has a code
     const std::string user{content_->user->userid.view()};
     const std::unique_ptr<imaging::LeadBitmap, released> label{
-        imaging::CreateBarcodeLabel(block, user.c_str(), imaging::message_text(use_this_barcode))};
+        imaging::CreateBarcodeLabel(block, user.c_str(), common::string_text(use_this_barcode))};
     if (label != nullptr)
         draw_picture(fields, *label);
     return outcome::next_line;

@@ -1,9 +1,9 @@
 #include <cstdlib>
 #include <memory>
 
+#include "common/show_message.h"
 #include "imaging/barcode.h"
 #include "imaging/drawing.h"
-#include "imaging/message_text.h"
 #include "imaging/owned_bitmap.h"
 
 namespace zerdix::imaging {
@@ -67,7 +67,7 @@ LeadBitmap* CreateBarcodeLabel(unsigned char* block, const char* bottomText, con
     const message failed = make_label(block, *label, bottomText, topText);
     if (failed == 0)
         return label.release();
-    show_message(failed);
+    common::show_message(failed);
     return nullptr;
 }
 

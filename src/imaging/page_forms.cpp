@@ -5,7 +5,7 @@
 #include <memory>
 #include <new>
 
-#include "imaging/message_text.h"
+#include "common/show_message.h"
 #include "imaging/mirror.h"
 #include "imaging/page_codec.h"
 #include "platform/quit.h"
@@ -91,18 +91,18 @@ int CreateEmptyBitmap(LeadBitmap* bitmap, std::int32_t width, std::int32_t heigh
         return 0;
     *bitmap = {};
     if (L_InitBitmap(bitmap, width, height, 1) != 1) {
-        show_message(1256);
+        common::show_message(1256);
         return 0;
     }
     if (L_AllocateBitmap(bitmap, 1) != 1) {
-        show_message(1246);
+        common::show_message(1246);
         return 0;
     }
     bitmap->palette = CreateWhiteFirstPalette();
     if (bitmap->palette != nullptr)
         bitmap->flags |= bitmap_has_palette;
     if (L_FillBitmap(bitmap, white) != 1)
-        show_message(506);
+        common::show_message(506);
     return 1;
 }
 

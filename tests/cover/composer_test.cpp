@@ -2,10 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#include "common/string_table.h"
 #include "cover/composer.h"
 #include "cover/state.h"
 #include "cover/template_document.h"
-#include "imaging/message_text.h"
 #include "imaging/pictures.h"
 #include "platform/quit.h"
 #include "platform/scratch.h"
@@ -13,7 +13,7 @@
 namespace zerdix::testing {
 namespace {
 
-using imaging::message_text;
+using common::string_text;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::Pair;
@@ -47,7 +47,7 @@ class Composer : public ::testing::Test {
         return cover::InsertCoverPage(&session, &journal, &bitmap, &record, document);
     }
 
-    auto told(int number) { return ElementsAre(Pair(message_text(number), message_text(525))); }
+    auto told(int number) { return ElementsAre(Pair(string_text(number), string_text(525))); }
 
     // The document's only page, when no cover page came or stayed in front of it.
     bool is_as_it_was() {

@@ -5,10 +5,10 @@
 #include <gmock/gmock.h>
 #include <zerdix/timetext.h>
 
+#include "common/string_table.h"
 #include "cover/page_painter.h"
 #include "cover/template_document.h"
 #include "imaging/barcode.h"
-#include "imaging/message_text.h"
 #include "imaging/pictures.h"
 #include "platform/scratch.h"
 
@@ -180,8 +180,7 @@ TEST_F(PagePainter, TheReceiverComesFromThePhoneBookOrAsTyped) {
         EXPECT_TRUE(drawn("setfaxnr=10;20;\n" + keyword + "=10;120;\nsetfaxnr=10;120;\n") ==
                     expected(text_at(10, 20, "4711")))
             << "the walk ends";
-        EXPECT_THAT(boxes.shown,
-                    ElementsAre(Pair(imaging::message_text(1459), "Benachrichtigung")));
+        EXPECT_THAT(boxes.shown, ElementsAre(Pair(common::string_text(1459), "Benachrichtigung")));
     }
 }
 
@@ -213,7 +212,7 @@ TEST_F(PagePainter, TheSignatureReplacesWhatItCovers) {
         shown.signature_bytes = bytes;
         boxes.shown.clear();
         EXPECT_TRUE(drawn(lines) == expected(text));
-        EXPECT_THAT(boxes.shown, ElementsAre(Pair(imaging::message_text(1210), ::testing::_)));
+        EXPECT_THAT(boxes.shown, ElementsAre(Pair(common::string_text(1210), ::testing::_)));
     }
 }
 
@@ -251,7 +250,7 @@ TEST_F(PagePainter, WithoutFontOrPixelsThereIsNoPage) {
     EXPECT_FALSE(page_painter::open(bitmap));
     EXPECT_FALSE(
         painter->draw("#DRUCK#\nsetfontinfo=Arial;12;\nsetfaxbarcode=1;1;\n", shown, signature));
-    const auto text = [](int number) { return Pair(imaging::message_text(number), ::testing::_); };
+    const auto text = [](int number) { return Pair(common::string_text(number), ::testing::_); };
     EXPECT_THAT(boxes.shown, ElementsAre(text(1253), text(1213), text(1213)));
 }
 
