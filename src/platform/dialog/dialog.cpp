@@ -24,7 +24,8 @@ dialog_resources* replace_dialog_resources(dialog_resources* given) {
     return std::exchange(resources, given);
 }
 
-dialog::dialog(std::int32_t template_id) : template_id_(template_id) {}
+dialog::dialog(std::int32_t template_id, window_handle owner)
+    : template_id_(template_id), owner_(owner) {}
 
 dialog::~dialog() {
     DestroyWindow();
@@ -46,7 +47,11 @@ void dialog::make_controls() {
     }
 }
 
-bool dialog::make_window(window_handle owner) {
+bool dialog::has_template() const {
+    return resources != nullptr && resources->find(template_id_) != nullptr;
+}
+
+bool dialog::make_window() {
     if (window_ != nullptr || resources == nullptr)
         return false;
     form_ = resources->find(template_id_);
@@ -54,15 +59,15 @@ bool dialog::make_window(window_handle owner) {
         return false;
     result_.reset();
     make_controls();
-    window_ = current_presenter().create(*this, owner);
+    window_ = current_presenter().create(*this, owner_);
     if (window_ == nullptr)
         return false;
     OnInitDialog();
     return true;
 }
 
-std::int32_t dialog::DoModal(window_handle owner) {
-    if (!ensure_presenter() || !make_window(owner))
+std::int32_t dialog::DoModal() {
+    if (!ensure_presenter() || !make_window())
         return -1;
     const loop_end end =
         has_ended() ? loop_end::dialog_ended : current_presenter().run_modal(*this);
@@ -70,8 +75,8 @@ std::int32_t dialog::DoModal(window_handle owner) {
     return end == loop_end::dialog_ended ? result() : -1;
 }
 
-bool dialog::Create(window_handle owner) {
-    if (!ensure_presenter() || !make_window(owner))
+bool dialog::Create() {
+    if (!ensure_presenter() || !make_window())
         return false;
     current_presenter().show(window_, true);
     return true;
@@ -172,9 +177,11 @@ void dialog::user_scrolls(std::int32_t id) {
         run(id, control_event::scrolled);
 }
 
-void dialog::user_presses_key(std::int32_t id, std::int32_t) {
-    if (usable(id) != nullptr)
-        run(id, control_event::key);
+void dialog::user_presses_key(std::int32_t id, std::int32_t key) {
+    if (usable(id) == nullptr)
+        return;
+    current_presenter().post_command(window_, list_key + key);
+    run(id, control_event::key);
 }
 
 void dialog::user_closes() {

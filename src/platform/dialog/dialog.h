@@ -33,16 +33,17 @@ dialog_resources* replace_dialog_resources(dialog_resources* resources);
 
 class dialog : public dialog_view {
   public:
-    explicit dialog(std::int32_t template_id);
+    // `owner` may be null or a foreign window.
+    explicit dialog(std::int32_t template_id, window_handle owner = nullptr);
     virtual ~dialog();
     dialog(const dialog&) = delete;
     dialog& operator=(const dialog&) = delete;
 
-    // Shows the dialog over `owner` until it ends; its result, or -1 when it can't be shown or the
-    // program ends meanwhile.
-    virtual std::int32_t DoModal(window_handle owner);
+    // Shows the dialog over its owner until it ends; its result, or -1 when it can't be shown or
+    // the program ends meanwhile.
+    virtual std::int32_t DoModal();
     // Opens the dialog beside the program's other windows. False when that can't be.
-    bool Create(window_handle owner);
+    bool Create();
     void DestroyWindow();
 
     void EndDialog(std::int32_t result);
@@ -90,8 +91,9 @@ class dialog : public dialog_view {
     tree_list* list(std::int32_t id);
 
     // The steps of DoModal, for a dialog that has its own way of opening. `make_window` runs
-    // OnInitDialog.
-    bool make_window(window_handle owner);
+    // OnInitDialog. Each is false when it can't be.
+    bool has_template() const;
+    bool make_window();
     std::int32_t result() const { return result_.value_or(-1); }
     std::int32_t template_id() const { return template_id_; }
 
@@ -103,6 +105,7 @@ class dialog : public dialog_view {
     void make_controls();
 
     std::int32_t template_id_;
+    window_handle owner_;
     std::optional<std::int32_t> result_;
     std::map<std::pair<std::int32_t, control_event>, std::function<void()>> handlers_;
     std::map<std::int32_t, std::function<void()>> commands_;
