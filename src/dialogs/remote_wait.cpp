@@ -1,0 +1,26 @@
+#include "dialogs/remote_wait.h"
+
+#include "platform/dialog/presenter.h"
+
+namespace zerdix::dialogs {
+
+namespace {
+
+class told_to_presenter final : public wire::call_watch {
+  public:
+    void begins() override { platform::current_presenter().remote_call_begins(); }
+    void goes_on() override { platform::current_presenter().remote_call_goes_on(); }
+    void ended() override { platform::current_presenter().remote_call_ended(); }
+};
+
+constinit told_to_presenter watch;
+
+} // namespace
+
+remote_wait::remote_wait() : before_(wire::replace_call_watch(&watch)) {}
+
+remote_wait::~remote_wait() {
+    wire::replace_call_watch(before_);
+}
+
+} // namespace zerdix::dialogs

@@ -1,0 +1,22 @@
+// While one lives, whoever shows the dialogs is told of each remote call, and of how long it lasts.
+#ifndef ZERDIX_DIALOGS_REMOTE_WAIT_H
+#define ZERDIX_DIALOGS_REMOTE_WAIT_H
+
+#include "rpc/wire/call_watch.h"
+
+namespace zerdix::dialogs {
+
+class remote_wait {
+  public:
+    remote_wait();
+    ~remote_wait();
+    remote_wait(const remote_wait&) = delete;
+    remote_wait& operator=(const remote_wait&) = delete;
+
+  private:
+    wire::call_watch* before_;
+};
+
+} // namespace zerdix::dialogs
+
+#endif
