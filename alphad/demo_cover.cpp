@@ -54,7 +54,7 @@ void draw_logo(demo_paper& paper, std::int32_t left, std::int32_t top) {
 void draw_sender(demo_paper& paper, std::int32_t left, std::int32_t top) {
     draw_logo(paper, left, top);
     paper.text(left + 170, top, 68, weight::bold, "Beispiel & Sohn");
-    paper.text(left + 174, top + 84, 40, weight::regular, "Papier und Druck");
+    paper.text(left + 174, top + 84, 40, weight::regular, "Öfen und Krüge");
 }
 
 std::string cover_form() {
@@ -82,7 +82,7 @@ std::string letterhead() {
     demo_paper paper(width, height);
     draw_sender(paper, 910, 60);
     paper.box(margin, 2160, width - 2 * margin, 3);
-    for (const auto& [left, text] : {std::pair{margin, "Beispiel & Sohn, Papier und Druck"},
+    for (const auto& [left, text] : {std::pair{margin, "Beispiel & Sohn, Öfen und Krüge"},
                                      {820, "Musterweg 7, 12345 Musterstadt"},
                                      {1312, "Telefax 030 23125 900"}})
         paper.text(left, 2180, 28, weight::regular, text);

@@ -42,10 +42,11 @@ void rule(cairo_t* cr, double y, double width) {
     cairo_stroke(cr);
 }
 
+// Above that of the letterhead.
 void foot(cairo_t* cr, const char* line) {
     font(cr, "Liberation Sans", 8);
-    rule(cr, page_height - 62, 0.5);
-    text(cr, margin, page_height - 48, line);
+    rule(cr, page_height - 82, 0.5);
+    text(cr, margin, page_height - 68, line);
 }
 
 constexpr std::array letter = {
@@ -67,12 +68,13 @@ constexpr std::array letter = {
 
 void draw_letter(cairo_t* cr) {
     font(cr, "Liberation Serif", 22, true);
-    text(cr, margin, 96, "Töpferei Müller & Söhne");
+    text(cr, margin, 96, "Angebot für Öfen und Krüge");
     font(cr, "Liberation Sans", 8);
-    text(cr, margin, 112, "Am Brunnen 7 · 12345 Musterstadt · Fax +49 30 23125 100");
+    text(cr, margin, 112,
+         "Beispiel & Sohn · Musterweg 7 · 12345 Musterstadt · Telefax 030 23125 900");
     rule(cr, 120, 1);
     font(cr, "Liberation Serif", 11.5);
-    text(cr, margin, 170, "Haushaltswaren Beispiel KG");
+    text(cr, margin, 170, "Haushaltswaren Krämer KG");
     text(cr, margin, 186, "Lange Straße 21");
     text(cr, margin, 202, "54321 Probehausen");
     font(cr, "Liberation Serif", 12.5, true);
@@ -90,7 +92,7 @@ void draw_letter(cairo_t* cr) {
     cairo_curve_to(cr, margin + 56, y - 6, margin + 52, y + 52, margin + 76, y + 22);
     cairo_curve_to(cr, margin + 90, y + 8, margin + 96, y + 40, margin + 140, y + 18);
     cairo_stroke(cr);
-    text(cr, margin, y + 66, "Jörg Müller");
+    text(cr, margin, y + 66, "Clara Beispiel");
     font(cr, "Liberation Sans", 6);
     text(cr, margin, y + 110,
          "Kleingedrucktes (6 Punkt): Es gelten unsere Geschäftsbedingungen. "
