@@ -82,7 +82,8 @@ ZX_API int32_t SendFaxDoc(void);
 ZX_API int32_t SendTelex(const char* text, int32_t size);
 
 /* Gives the job up: takes its document off the server and ends the job. 0, or 8 when the document
- * couldn't be deleted; then the job stays open and the call can be repeated. */
+ * couldn't be deleted or while the job is being sent: the windows of SendFaxDoc run a message loop.
+ * The job then stays open and the call can be repeated. */
 ZX_API int32_t DeleteFaxDoc(void);
 
 /* The state of the job, for dialogs and drivers that look at it. Owned by the library; valid from

@@ -53,6 +53,10 @@ job_state& job() {
     return state;
 }
 
+bool is_sending() {
+    return job().fSendActive != 0 || job().fDialogActive != 0;
+}
+
 bool open_session(bool record_user) {
     pzerdix = new ZERDIX;
     job().pjournal = new JOURNAL;

@@ -44,6 +44,7 @@ struct job_state {
     imaging::LeadBitmap bmpBackground{}; // its picture, once a page was laid over it
     void* hParentWnd = nullptr;          // handed to the send dialog, never looked at
     std::int32_t fSendActive = 0;        // 1 while SendFaxDoc runs
+    std::int32_t fDialogActive = 0;      // 1 while the send dialog runs
     std::int32_t fLogCompleted = 1;      // the fan-out still has to write its completion line
     std::int32_t receiver_room = 0;      // slots of ppReceiver
 
@@ -52,6 +53,10 @@ struct job_state {
 };
 
 job_state& job();
+
+// Whether the job is in the hands of SendFaxDoc or of the send dialog. Its windows run a message
+// loop, so that a driver could call meanwhile; then nothing may end the job.
+bool is_sending();
 
 // Makes the session's objects and connects to the server of the settings, where the session has
 // none yet. False when no connection could be made; the objects stay. With `record_user` a user

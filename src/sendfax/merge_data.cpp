@@ -13,6 +13,7 @@
 #include "sendfax/merge_text.h"
 #include "sendfax/receiver_group.h"
 #include "sendfax/receivers.h"
+#include "sendfax/send_priority.h"
 #include "sendfax/trace_lines.h"
 
 using namespace zerdix;
@@ -21,7 +22,6 @@ using namespace zerdix::sendfax;
 namespace {
 
 constexpr std::int16_t value_size = 31;
-constexpr std::int32_t highest_priority = 32767;
 
 // One for the process; it takes the client handle anew for each job.
 TELEBOOK& telebook() {
@@ -44,12 +44,11 @@ void set_paper(const char* value) {
         job().sPaperSource = static_cast<std::int16_t>(source);
 }
 
-// 0 to 100 becomes 0 to 32767, rounded to the nearest.
 void set_priority(const char* value) {
     const int priority = number_of(value);
     trace_lines.info("SetFaxMergeData: Priority - <%d>", priority);
     if (priority >= 0 && priority <= 100)
-        pa_s_rec->priority = static_cast<std::int16_t>((priority * highest_priority + 50) / 100);
+        pa_s_rec->priority = send_priority(priority);
 }
 
 void set_resolution(const char* value) {

@@ -143,6 +143,10 @@ extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::
 
 extern "C" std::int32_t DeleteFaxDoc() {
     trace_lines.entry("<-- DeleteFaxDoc() -  Faxid: %ld", job().lFaxid);
+    if (is_sending()) {
+        trace_lines.exit("--> DeleteFaxDoc(): job is being sent");
+        return failure;
+    }
     const bool has_document = job().lFaxid != NO_FAXID && job().pjournal != nullptr;
     if (has_document && job().pjournal->delDoc(TOPF_P, job().lFaxid) != success) {
         trace_lines.error("-> DeleteFaxDoc(): Problems with deleting document");

@@ -38,7 +38,9 @@ std::int32_t run_send_dialog() {
 
 std::int32_t CallSendDialog(void* parent) {
     trace_lines.entry("<-- CallSendDialog()");
+    job().fDialogActive = 1;
     const std::int32_t ended = installed != nullptr ? installed(parent) : 0;
+    job().fDialogActive = 0;
     trace_lines.exit("--> CallSendDialog: RC from CDialogSendSelect: %ld ", ended);
     const std::int32_t rc = job_result(ended);
     trace_lines.exit("--> CallSendDialog(): Rc = %ld", rc);

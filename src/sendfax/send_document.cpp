@@ -131,7 +131,7 @@ extern "C" std::int32_t SendFaxDoc() {
         trace_lines.exit("--> SendFaxDoc(): no initialisation");
         return success;
     }
-    if (job().fSendActive != 0) {
+    if (is_sending()) {
         trace_lines.exit("--> SendFaxDoc(): function already active");
         return success;
     }

@@ -3,11 +3,10 @@
 #include <new>
 #include <string>
 
-#include <zerdix/timetext.h>
-
 #include "sendfax/job.h"
 #include "sendfax/receivers.h"
 #include "sendfax/send_dialog.h"
+#include "sendfax/telex_record.h"
 #include "sendfax/trace_lines.h"
 
 using namespace zerdix;
@@ -16,8 +15,6 @@ using namespace zerdix::sendfax;
 namespace {
 
 constexpr std::int16_t telex_page = 6; // the picture type
-constexpr const char* telex_printer = ".zerdixpr";
-constexpr std::size_t control_record_room = 300;
 
 std::int32_t ask_user() {
     const std::int32_t rc = run_send_dialog();
@@ -56,28 +53,6 @@ bool make_print_document() {
     return true;
 }
 
-// Date and clock with a blank between them; an empty date and "0" when no time is set.
-std::string send_time() {
-    if (pa_s_rec->sendtime == 0)
-        return " 0";
-    const char *date = "", *clock = "";
-    printTime(pa_s_rec->sendtime, ZERDIX::clsGetLanguage(), nullptr, &date, &clock);
-    return std::string{date} + ' ' + clock;
-}
-
-// The line ahead of the text that tells the printer what to do with it.
-std::string control_record(const std::string& time) {
-    const a_s_rec& record = *pa_s_rec;
-    std::string line = "#TELEX##USER ";
-    line += userid[0] != '\0' ? userid : ZERDIX::clsGetUserId();
-    line.append("##ALPHAHOST ").append(ZERDIX::clsGetAlphaServer());
-    line.append("##TITLE ").append(record.comment.view());
-    line.append("##PHONE ").append(record.phone.view());
-    line.append("##SENDTIME ").append(time);
-    line.append("##RETRIES ").append(std::to_string(record.maxretries)).append("#\n");
-    return line;
-}
-
 bool print_page(std::string& content) {
     const page_dat page{static_cast<std::uint32_t>(content.size()),
                         reinterpret_cast<unsigned char*>(content.data())};
@@ -101,7 +76,8 @@ bool print_for(const char* receiver, std::string_view text, const std::string& t
     trace_lines.info("SendTelex(): Receiver: <%s>", receiver);
     if (userid[0] == '\0')
         pa_s_rec->phone.assign(receiver);
-    const std::string control = control_record(time);
+    const char* user = userid[0] != '\0' ? userid : ZERDIX::clsGetUserId();
+    const std::string control = control_record(*pa_s_rec, user, time);
     trace_lines.info("SendTelex(): Controlrecord: %s", control.c_str());
     content.assign(control).append(text); // a copy: taking the string over would drop the buffer
     return print_page(content);
@@ -111,7 +87,7 @@ bool print_for(const char* receiver, std::string_view text, const std::string& t
 bool print_for_all(std::string_view text) {
     std::string content;
     content.reserve(text.size() + control_record_room);
-    const std::string time = send_time();
+    const std::string time = telex_send_time(pa_s_rec->sendtime);
     trace_lines.info("SendTelex(): lPDCountReceiver: %ld", lPDCountReceiver);
     for (std::int32_t i = 0; i < lPDCountReceiver; ++i) {
         if (ppReceiver[i] == nullptr || ppReceiver[i][0] == '\0')
@@ -136,6 +112,10 @@ bool print_telex(std::string_view text) {
 std::int32_t send_telex(std::string_view text) {
     if (pzerdix == nullptr) {
         trace_lines.error("SendTelex(): no initialisation");
+        return failure;
+    }
+    if (is_sending()) {
+        trace_lines.error("SendTelex(): function already active");
         return failure;
     }
     if (ppReceiver == nullptr) {
