@@ -10,7 +10,7 @@
 #include "cover/stored_form.h"
 #include "documents/new_document.h"
 #include "png_file.h"
-#include "print/merge_text.h"
+#include "print/job_options.h"
 #include "shell/user_command.h"
 #include "shell/value_text.h"
 
@@ -32,7 +32,7 @@ struct preview_line {
 void check(preview_line& line) {
     if (!line.to.empty())
         line.receiver.phone = phone_value(line.to);
-    line.receiver.title = title_of(line.title).text;
+    line.receiver.title = given_title(line.title);
     if (line.form.empty())
         return;
     line.local = cover_template{store_page(read_form(line.form)), {}};

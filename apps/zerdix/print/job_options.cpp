@@ -48,15 +48,17 @@ void check_receivers(const print_options& options) {
     merge_text(options, "");
 }
 
-std::string job_title(const print_options& options, const std::string& otherwise) {
-    const title_text title = title_of(options.title.value_or(otherwise));
-    if (!options.title)
-        return title.text;
+std::string given_title(const std::string& utf8) {
+    const title_text title = title_of(utf8);
     if (title.cut)
         note("the title is cut to 30 characters");
     if (title.has_strangers)
         note("characters of the title that aren't in Windows-1252 become \"?\"");
     return title.text;
+}
+
+std::string job_title(const print_options& options, const std::string& otherwise) {
+    return options.title ? given_title(*options.title) : title_of(otherwise).text;
 }
 
 void set_up(print_job& job, const print_options& options, const std::string& settings) {

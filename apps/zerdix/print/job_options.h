@@ -27,8 +27,10 @@ void add_job_options(CLI::App& command, const job_places& places, const std::str
 // What can be told wrong of the receivers without the server. Throws failure.
 void check_receivers(const print_options& options);
 
-// The title that was given, or the other one, both UTF-8; the result is Windows-1252. Notes tell
-// what is lost of one that was given.
+// A title from UTF-8 to Windows-1252. Notes tell what is lost of it.
+std::string given_title(const std::string& utf8);
+
+// The title that was given, or the other one, of which nothing is told.
 std::string job_title(const print_options& options, const std::string& otherwise);
 
 // Settings, time and receivers of an open job. `settings` is the merge text without the time and
