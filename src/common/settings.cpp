@@ -23,6 +23,17 @@ constexpr key trace = {"Trace", "0", 3};
 constexpr key trace_file = {"Tracefile", "", 260};
 constexpr key error_file = {"Errorfile", "", 260};
 constexpr key log_dir = {"LogDir", "", 260};
+constexpr key language = {"Language32", "", 256};
+constexpr key dialog_size = {"DialogSize", "1", 3};
+
+struct font_keys {
+    key height, face, weight;
+};
+
+constexpr font_keys list_font = {
+    {"Height", "-13", 9}, {"Facename", "Courier", 80}, {"Weight", "400", 9}};
+constexpr font_keys text_font = {
+    {"THeight", "-13", 9}, {"TFacename", "Courier", 80}, {"TWeight", "400", 9}};
 
 constexpr const char* section = "Zerdix";
 
@@ -36,6 +47,14 @@ std::string read_text(const key& k) {
     return platform::utf8_to_cp1252(value).substr(0, k.width - 1);
 }
 
+std::int32_t read_number(const key& k) {
+    return static_cast<std::int32_t>(std::strtol(read_bytes(k).c_str(), nullptr, 10));
+}
+
+font_setting read_font(const font_keys& keys) {
+    return {read_number(keys.height), read_text(keys.face), read_number(keys.weight)};
+}
+
 } // namespace
 
 std::string setting_user() {
@@ -47,8 +66,7 @@ std::string setting_host() {
 }
 
 std::int32_t setting_max_page_block_len() {
-    return static_cast<std::int32_t>(
-        std::strtol(read_bytes(max_page_block_len).c_str(), nullptr, 10));
+    return read_number(max_page_block_len);
 }
 
 std::string setting_trace() {
@@ -65,6 +83,22 @@ std::string setting_error_file() {
 
 std::string setting_log_dir() {
     return read_bytes(log_dir);
+}
+
+std::string setting_language() {
+    return read_text(language);
+}
+
+std::string setting_dialog_size() {
+    return read_bytes(dialog_size);
+}
+
+font_setting setting_list_font() {
+    return read_font(list_font);
+}
+
+font_setting setting_text_font() {
+    return read_font(text_font);
 }
 
 } // namespace zerdix::common

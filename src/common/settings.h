@@ -24,6 +24,21 @@ std::string setting_trace_file();
 std::string setting_error_file();
 std::string setting_log_dir();
 
+// Language, help file and resource library with commas between them; Windows-1252.
+std::string setting_language();
+
+// The first two characters of the form's size.
+std::string setting_dialog_size();
+
+// Numbers are 0 where none stands; the face is Windows-1252, of at most 79 characters.
+struct font_setting {
+    std::int32_t height;
+    std::string face;
+    std::int32_t weight;
+};
+font_setting setting_list_font();
+font_setting setting_text_font();
+
 } // namespace zerdix::common
 
 #endif

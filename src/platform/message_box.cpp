@@ -2,11 +2,22 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 
 #include "platform/encoding.h"
 
 namespace zerdix::platform {
 namespace {
+
+constinit message_log log = nullptr;
+
+void tell_log(const char* line) {
+    const message_log teller = std::exchange(log, nullptr);
+    if (teller == nullptr)
+        return;
+    teller(line);
+    log = teller;
+}
 
 class standard_error final : public message_box_port {
   public:
@@ -19,6 +30,7 @@ class standard_error final : public message_box_port {
                 c = ' ';
         }
         std::fprintf(stderr, "%s\n", cp1252_to_utf8(line).c_str());
+        tell_log(line.c_str());
     }
 };
 
@@ -30,6 +42,10 @@ constinit message_box_port* current = &default_port;
 
 message_box_port& message_box() {
     return *current;
+}
+
+void set_message_log(message_log new_log) {
+    log = new_log;
 }
 
 message_box_port* replace_message_box(message_box_port* port) {

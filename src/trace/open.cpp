@@ -17,7 +17,8 @@
 #include "trace/state.h"
 #include "trace/traced.h"
 
-T_TRACE TTrace;
+// Up before every other object of the library that is made at load and may have something to say.
+[[gnu::init_priority(1000)]] T_TRACE TTrace;
 
 namespace zerdix::trace {
 
@@ -100,12 +101,19 @@ void write_start_line() {
     trace_file().write(the_trace_file.handle, {line.data(), static_cast<std::size_t>(length)});
 }
 
+void log_message(const char* line) {
+    constexpr trace::tracer trace_lines{"message_box"};
+    trace_lines.error("%s", line);
+}
+
 } // namespace
 
 T_TRACE::T_TRACE()
     : _traceOn(1), _nameSet(0), _scopeNames(nullptr), _scopeExcluded(nullptr),
       _scopeLevels(nullptr), _textBuffer(nullptr), _errorFileName(nullptr), _errorFile(nullptr),
       _wrapWidth(trace::default_width) {
+    if (this == trace::process_tracer)
+        platform::set_message_log(log_message);
     if (common::setting_trace().starts_with('0')) {
         _traceOn = 0;
         return;
@@ -118,6 +126,8 @@ T_TRACE::T_TRACE()
 }
 
 T_TRACE::~T_TRACE() {
+    if (this == trace::process_tracer)
+        platform::set_message_log(nullptr);
     delete[] _textBuffer;
     _textBuffer = nullptr;
     if (the_trace_file.handle != 0 && the_trace_file.handle != platform::trace_file_port::invalid)

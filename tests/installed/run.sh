@@ -28,7 +28,8 @@ cp "$source/tests/installed/desktop.cmake" "$folder/desktop/CMakeLists.txt"
 cmake -G Ninja -S "$folder/desktop" -B "$folder/desktop/build" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
 cmake --build "$folder/desktop/build" >/dev/null
 
-printf '[Zerdix]\nHost=127.0.0.1\nLogDir=%s\n' "$folder" >"$ZERDIX_INI"
+printf '%s\n' '[Zerdix]' 'Language32=Francais,zerdix.hlp,francais.lng' Host=127.0.0.1 \
+    "LogDir=$folder" >"$ZERDIX_INI"
 alphad=$(find "$prefix" -name alphad -type f)
 "$alphad" --data "$folder/data" --spool "$folder/spool" >"$folder/ready" &
 server=$!

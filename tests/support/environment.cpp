@@ -21,8 +21,8 @@ std::int32_t next_offset() {
 
 std::filesystem::path write_settings(const std::filesystem::path& folder) {
     const std::filesystem::path path = folder / "zerdix.ini";
-    std::ofstream{path} << "[Zerdix]\nHost=127.0.0.1\nUser=zerdix\nLogDir=" << folder.string()
-                        << "\n";
+    std::ofstream{path} << "[Zerdix]\nLanguage32=Deutsch,zerdix.hlp,deutsch.lng\n"
+                        << "Host=127.0.0.1\nUser=zerdix\nLogDir=" << folder.string() << "\n";
     return path;
 }
 

@@ -47,7 +47,7 @@ class environment_value {
 };
 
 // What a client of a test server finds in its environment: ZERDIXRPCOFFSET, and ZERDIX_INI with a
-// settings file (Host=127.0.0.1, User=zerdix, LogDir=the folder).
+// settings file (German, Host=127.0.0.1, User=zerdix, LogDir=the folder).
 class client_environment {
   public:
     explicit client_environment(const std::filesystem::path& folder);
