@@ -33,6 +33,7 @@ std::vector<fs::path> folders() {
     if (const std::string settings = profile_path(); !settings.empty())
         list.push_back(fs::path(settings).parent_path());
     list.push_back(folder_of_this_library() / "../share/zerdix");
+    list.push_back(folder_of_this_library() / ZERDIX_WAY_TO_RESOURCES);
     list.emplace_back(ZERDIX_RESOURCE_FOLDER);
     return list;
 }
