@@ -24,6 +24,7 @@ constexpr std::size_t most_picture_bytes = 16u << 20;
 
 // The picture types that this server knows something of.
 constexpr std::int16_t fax_picture = 0; // a compressed page block, what goes over a fax line
+constexpr std::int16_t text_page = 4;   // a text, which becomes a telex on the telex printer
 constexpr std::int16_t telex_page = 6;  // a telex text behind its control record
 
 struct picture_place {

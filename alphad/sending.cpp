@@ -55,10 +55,16 @@ sending::pictures(std::int32_t document, std::int16_t first, std::int16_t last, 
     return found;
 }
 
+// A telex is kept as such, or as the text that it was made of.
+std::optional<std::string> sending::telex_text(std::int32_t document) const {
+    auto text = store_.pages.picture({document, 1, telex_page});
+    return text ? text : store_.pages.picture({document, 1, text_page});
+}
+
 std::optional<sending::message> sending::message_of(std::int32_t document,
                                                     const a_s_rec& record) const {
     if (record.nettype == NETTYPE_TELEX) {
-        auto text = store_.pages.picture({document, 1, telex_page});
+        auto text = telex_text(document);
         return text ? std::optional{message{{}, std::move(*text)}} : std::nullopt;
     }
     auto pages = pictures(document, 1, record.pages, record.resolution == resolution_normal);
@@ -158,7 +164,7 @@ bool sending::restart(std::int32_t id) {
 }
 
 bool sending::print_telex(const document& printed) {
-    auto text = store_.pages.picture({printed.id, 1, telex_page});
+    auto text = telex_text(printed.id);
     const auto order = text ? read_telex_order(*text) : std::nullopt;
     if (!order || !store_.users.knows(order->userid.view()))
         return false;
