@@ -208,6 +208,9 @@ TEST_F(PagePreparers, ALandscapePageWithoutLetterheadIsTurned) {
     const picture square{1000, 1000, 2};
     ASSERT_EQ(put(square, 0), 0);
     EXPECT_EQ(stored(2), square);
+    const calls made = server.calls();
+    EXPECT_EQ(std::count(made.begin(), made.end(), 30), 2)
+        << "a paper that isn't there is asked for";
     EXPECT_THAT(prepared(), IsSupersetOf({"Info1: RotateBitmap: Width: 1000 Height 1000",
                                           "Exit: --> RotateBitmap():"}));
     const picture upright{96, 97, 3};
