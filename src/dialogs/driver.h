@@ -25,7 +25,7 @@ class CDialogDriver : public platform::dialog {
     platform::window_handle hParent; // as it was when the dialog was built
 
   private:
-    platform::loop_end run_over_parent();
+    platform::loop_end run_over_parent(bool& was_active);
 };
 
 } // namespace zerdix::dialogs

@@ -35,6 +35,10 @@ class CSftTree {
                        std::intptr_t lParam = 0);
     std::intptr_t sendText(platform::tree_message message, std::intptr_t wParam,
                            std::string_view text);
+    // Of the control's window: the room for columns in pixels, and whether several rows can be
+    // selected.
+    std::int32_t clientWidth() const;
+    bool takesSeveral() const;
 
   private:
     platform::tree_list* control_ = nullptr;
@@ -69,8 +73,10 @@ class CSftList : public CSftTree {
 
   private:
     std::span<platform::column_record> columns();
+    void useListFont();
 
     std::string columnKey;
+    std::int32_t columnCount = 0;
 };
 
 } // namespace zerdix::dialogs

@@ -35,9 +35,8 @@ class CDialogTeleEntry final : public CDialogDriver {
     void OnCancel() override;
     void OnOk();
     bool acceptsNewId();
-    bool refuseId();
-    bool refuse(std::int32_t stringId);
-    void show_record();
+    void refuse(std::int32_t stringId);
+    void showRecord();
     void readRecord();
 
     o_tebul* pRecord;

@@ -15,9 +15,9 @@ namespace zerdix::dialogs {
 // DoModal: 2451 with the two buffers filled, else 2452.
 class CDialogUserSelect final : public CDialogDriver {
   public:
-    // `userid` has room for 11 bytes, `alphaid` for 36. The users are those of the print job's
+    // `user` has room for 11 bytes, `server` for 36. The users are those of the print job's
     // session; none when they can't be had.
-    CDialogUserSelect(platform::window_handle& parent, char* userid, char* alphaid);
+    CDialogUserSelect(platform::window_handle& parent, char* user, char* server);
     // Keeps the remembered user in the settings.
     ~CDialogUserSelect() override;
 
