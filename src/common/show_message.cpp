@@ -6,7 +6,8 @@
 namespace zerdix::common {
 namespace {
 
-constinit const char* name = "zerDIX";
+constexpr const char* usual_name = "zerDIX";
+constinit const char* name = usual_name;
 
 } // namespace
 
@@ -27,7 +28,7 @@ const char* application_name() {
 }
 
 void set_application_name(const char* new_name) {
-    name = new_name;
+    name = new_name != nullptr ? new_name : usual_name;
 }
 
 } // namespace zerdix::common

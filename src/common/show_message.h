@@ -15,7 +15,7 @@ void show_plain_message(std::int32_t number);
 void show_plain_message(std::string_view text);
 
 const char* application_name();
-// A literal, or another text that stays.
+// A literal, or another text that stays; null for the usual one.
 void set_application_name(const char* name);
 
 } // namespace zerdix::common

@@ -67,6 +67,7 @@ CZerdixApp::CZerdixApp() {
 }
 
 CZerdixApp::~CZerdixApp() {
+    common::set_application_name(nullptr);
     common::set_resource_source(0);
     platform::FreeLibrary(hResourceLib);
     hResourceLib = 0;
