@@ -155,6 +155,7 @@ TEST_F(PagePainter, TheReceiverComesFromThePhoneBookOrAsTyped) {
         {"4711", known, "Adler KG", "030 4711", 1},
         {"4711", o_tebul{}, "", "4711", 1},
         {"Kundendienst", o_tebul{}, "", "", 1},
+        {"+49 4711", o_tebul{}, "", "", 1},
         {"sales:4711", o_tebul{}, "", "", 1},
         {" 4711", known, "", "", 0},
         {"", known, "", "", 0},

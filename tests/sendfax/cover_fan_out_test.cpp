@@ -41,7 +41,8 @@ class CoverJob : public JobTrace {
 
     bool has_cover_page(std::int32_t document) {
         const auto page = server.store().pages.picture({document, 1, 0});
-        return page && (*codec::expand({page->begin(), page->end()})).size() == 8 + 50 * 500;
+        const auto rows = page ? *codec::expand({page->begin(), page->end()}) : codec::bytes{};
+        return rows.size() == 8 + 50 * 500 && rows.back() == 0; // white
     }
 
     // How often the document's log holds the event.
@@ -85,6 +86,7 @@ TEST_F(CoverJob, EachReceiverGetsADocumentAndTheLastOneTheJobsOwn) {
                              .c_str()),
                   1);
     }
+    EXPECT_EQ(pa_s_rec->pages, 3);
     EXPECT_NE(jobs[0].desk, jobs[1].desk);
     EXPECT_THAT(on_desk(), IsEmpty());
     EXPECT_EQ(fCoverpage, 0);
@@ -168,6 +170,10 @@ TEST_F(CoverJob, ACoverPageThatFailedIsTracedAndItsDocumentLogged) {
     server.refuse(6);
     EXPECT_EQ(SendFaxDoc(), 8) << "nor can its document be deleted";
     EXPECT_THAT(error_log(), HasSubstr("SendFaxDoc(): Problems with deleting document"));
+    open("#PHONE 111##PHONE 222#");
+    server.fail(3);
+    EXPECT_EQ(SendFaxDoc(), 8) << "nor can one be made";
+    EXPECT_THAT(error_log(), HasSubstr("SendFaxDoc(): (makedoc) Problems with RPC connection"));
 }
 
 TEST_F(CoverJob, ACoverPageThatCantBeCompressedEndsTheJob) {
@@ -177,7 +183,7 @@ TEST_F(CoverJob, ACoverPageThatCantBeCompressedEndsTheJob) {
     EXPECT_EQ(server.calls(), copied + first_cover);
     EXPECT_EQ(*(traced().end() - 2), "Error: SendFaxDoc(): Error ConvertLeadToCompressedFax()");
     EXPECT_THAT(server.jobs(), IsEmpty());
-    EXPECT_THAT(on_desk(), SizeIs(2)) << "the job's document and the copy";
+    EXPECT_EQ(on_desk(), (std::vector{own, pa_s_rec->faxid})) << "the copy stays, too";
     EXPECT_EQ(pzerdix, nullptr);
 }
 
