@@ -139,7 +139,8 @@ constexpr dialog_template send_dialog(std::int32_t id, int list_rows, int text_p
             .entry_edit = 2327,
             .entry_button = 2333,
             .list_rows = list_rows,
-            .text_percent = text_percent};
+            .text_percent = text_percent,
+            .list_characters = 8400 / text_percent};
 }
 
 constexpr auto all = std::to_array<dialog_template>({

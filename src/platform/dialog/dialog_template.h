@@ -62,6 +62,8 @@ struct dialog_template {
     // Rows that a list shows at least, and the size of the text against the desktop's own.
     int list_rows = 10;
     int text_percent = 100;
+    // Least width of a list, in characters of average width.
+    int list_characters = 56;
 };
 
 } // namespace zerdix::platform

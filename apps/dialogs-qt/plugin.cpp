@@ -1,0 +1,17 @@
+// The library's one entry.
+#include "platform/dialog/presenter_plugin.h"
+#include "start/application.h"
+#include "start/qt_presenter.h"
+
+extern "C" [[gnu::visibility("default")]] zerdix::platform::presenter*
+zerdix_presenter(std::int32_t interface) {
+    using namespace zerdix::dialogs_qt;
+    if (interface != zerdix::platform::presenter_interface)
+        return nullptr;
+    const application whose = find_application();
+    if (whose == application::none)
+        return nullptr;
+    // Never destroyed: windows may outlive whoever asked first.
+    static qt_presenter* const shown = new qt_presenter(whose);
+    return shown;
+}
