@@ -197,12 +197,14 @@ TEST_F(EntryAndUser, TheFirstUserIsSelectedUntilOneIsRemembered) {
 TEST_F(EntryAndUser, NothingSelectedKeepsTheUserSelectionOpen) {
     EXPECT_EQ(choose_user({[&](dialog_view& shown) {
                                shown.user_selects_row(2453, -1);
+                               shown.user_presses_key(2453, 40);
                                shown.user_clicks(2451);
                                EXPECT_THAT(user.messages, ElementsAre(told(nothing_chosen)));
                            },
                            [](dialog_view& shown) { shown.user_clicks(2452); }}),
               2452);
     EXPECT_STREQ(name, "");
+    EXPECT_THAT(user.log, ::testing::Contains("1169 posted to 2450"));
     expect_kept("zerdix", "127.0.0.1"); // the session's own
 }
 
