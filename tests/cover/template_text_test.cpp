@@ -64,6 +64,11 @@ TEST(CoverLine, ANullFieldEndsTheWalk) {
     char third[8] = "";
     EXPECT_EQ(ParseCoverLine(line, first, 7, nullptr, 0, third, 7), 1);
     EXPECT_THAT((texts{first, third, line + 4}), ElementsAre("1", "", "2;3;"));
+
+    char kept[8] = "kept";
+    char only_one[] = "a=4;";
+    EXPECT_EQ(ParseCoverLine(only_one, first, 7, kept, 7, nullptr, 0), 1);
+    EXPECT_THAT((texts{first, kept}), ElementsAre("4", "kept"));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // Letterhead and rotation: what the server gets, which calls are made, which lines are traced, and
 // the work buffer as it was.
 
-#include "imaging/codec_calls.h"
+#include "cover/template_document.h"
 #include "imaging/mirror.h"
 #include "sendfax/failing_malloc.h"
 #include "sendfax/job_trace.h"
@@ -227,7 +227,11 @@ TEST_F(PagePreparers, ALandscapePageWithoutLetterheadIsTurned) {
 TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
     const std::string good = stored_page({16, 24, 1});
     const auto number = [](std::int32_t id) { return "<" + std::to_string(id) + ">"; };
-    const std::string loaded = "Info1: MergeBackPaper(): pool document (3 bytes) could be loaded";
+    const auto loaded = [](std::size_t size) {
+        return "Info1: MergeBackPaper(): pool document (" + std::to_string(size) +
+               " bytes) could be loaded";
+    };
+    const std::string header = as_text(page_of(0xFFFFFFF8, 0xFFFFFFFF, 0, 0));
     const std::string no_paper =
         "Exit: --> MergeBackPaper(): no pool document is defined for background paper number ";
     const std::int32_t no_pages = install(1, "");
@@ -235,6 +239,7 @@ TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
     server.store().pages.insert(no_picture, 1);
     const std::int32_t damaged = install(3, "abc");
     const std::int32_t whole = install(4, good);
+    const std::int32_t huge = install(5, header);
     const auto paper = [&](int source, std::int32_t id) {
         return "Info1: MergeBackPaper(): " + std::to_string(source) +
                ". background paper: " + number(id);
@@ -263,7 +268,14 @@ TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
          0,
          0,
          8,
-         {paper(3, damaged), loaded, "Info1: MergeBackPaper(): original width: 16 height: 24",
+         {paper(3, damaged), loaded(3), "Info1: MergeBackPaper(): original width: 16 height: 24",
+          "Error: MergeBackPaper(): Error ConvertCompressedFaxToLead()"}},
+        {5,
+         0,
+         0,
+         8,
+         {paper(5, huge), loaded(header.size()),
+          "Info1: MergeBackPaper(): original width: 16 height: 24",
           "Error: MergeBackPaper(): Error ConvertCompressedFaxToLead()"}},
     };
     const bytes before = driver_form({16, 24, 2});
