@@ -1,0 +1,36 @@
+// Whom the user picks, and the receivers that come of it.
+#ifndef ZERDIX_DIALOGS_RECIPIENTS_H
+#define ZERDIX_DIALOGS_RECIPIENTS_H
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <zerdix/telebook.h>
+
+#include "platform/dialog/presenter.h"
+
+namespace zerdix::dialogs {
+
+struct recipient_pick {
+    std::string text;         // as typed, or BOOK:ENTRY, or a group's id
+    int isGroup = 0;          //
+    std::int16_t nettype = 0; // a nettypetype of an entry, 0 for the others
+};
+
+// A receiver string of at most 30 characters, with what is known of the pick that it came from.
+struct final_receiver {
+    std::string text;
+    int isGroup;
+    std::int16_t nettype;
+};
+
+// The receivers of the picks, in order: a group gives all its members, or only those with a telex
+// number. The user is told of a group that can't be read, and the others go on.
+std::vector<final_receiver> expand_picks(const std::vector<recipient_pick>& picks,
+                                         TELEBOOK& telebook, bool telexOnly,
+                                         platform::window_handle window);
+
+} // namespace zerdix::dialogs
+
+#endif

@@ -1,0 +1,12 @@
+// The way from a print job, or from a client's program, to the send dialog.
+#ifndef ZERDIX_DIALOGS_SEND_DIALOG_BRIDGE_H
+#define ZERDIX_DIALOGS_SEND_DIALOG_BRIDGE_H
+
+namespace zerdix::dialogs {
+
+// From here on print jobs without receivers open the send dialog.
+void install_send_select();
+
+} // namespace zerdix::dialogs
+
+#endif

@@ -1,0 +1,360 @@
+// The send dialog for print jobs: what it shows, what it refuses, and what the server holds
+// afterwards.
+
+#include <cstring>
+
+#include "dialogs/send_dialog_fixture.h"
+#include "dialogs/send_select.h"
+#include "imaging/page_forms.h"
+
+namespace zerdix::testing {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::SizeIs;
+using texts = std::vector<std::string>;
+
+void expect_visible(dialog_view& shown, std::initializer_list<std::int32_t> ids, bool expected) {
+    for (const std::int32_t id : ids)
+        EXPECT_EQ(shown.find(id)->visible, expected) << id;
+}
+void expect_enabled(dialog_view& shown, std::initializer_list<std::int32_t> ids, bool expected) {
+    for (const std::int32_t id : ids)
+        EXPECT_EQ(shown.find(id)->enabled, expected) << id;
+}
+void expect_checked(dialog_view& shown, std::vector<std::int32_t> expected) {
+    std::vector<std::int32_t> found;
+    for (const auto& one : shown.controls())
+        if (one.checked)
+            found.push_back(one.id());
+    EXPECT_THAT(found, ::testing::UnorderedElementsAreArray(expected));
+}
+
+TEST_F(SendDialog, OpensForAFaxAndForATelexWithoutFetchingAList) {
+    const auto common_state = [this](dialog_view& shown) {
+        expect_visible(shown, {2310, 2331, 2304, 2305, 2329, 2330, 2320}, false);
+        expect_enabled(shown, {2303, 2322}, false);
+        EXPECT_EQ(text_in(shown, 2317), "Angebot");
+        EXPECT_EQ(text_in(shown, 2319), "9");
+        EXPECT_TRUE(shown.find(2348)->read_only);
+        const std::pair<std::int32_t, std::size_t> limits[] = {{2327, 30}, {2332, 8}, {2311, 8},
+                                                               {2317, 30}, {2319, 1}, {2348, 2000}};
+        for (const auto& [id, limit] : limits)
+            EXPECT_EQ(shown.find(id)->limit, limit) << id;
+        EXPECT_THAT(user.log,
+                    ::testing::IsSupersetOf({"2300 centered", "2300 topmost", "2300 focus 2327"}));
+        EXPECT_THAT(server.calls(), ::testing::AnyOf(IsEmpty(), ElementsAre(74)));
+    };
+    EXPECT_EQ(send_fax({[&](dialog_view& shown) {
+                            common_state(shown);
+                            expect_checked(shown, {2307, 2313, 2325});
+                            expect_visible(shown, {2321, 2325}, true);
+                            expect_visible(shown, {2328}, false);
+                            expect_enabled(shown, {2350}, true);
+                        },
+                        click(2302)}),
+              4);
+    EXPECT_EQ(server.calls().back(), 6) << "a cancelled document is deleted";
+    EXPECT_EQ(send_telex({[&](dialog_view& shown) {
+                              common_state(shown);
+                              expect_checked(shown, {2307, 2313, 2328});
+                              expect_visible(shown, {2325}, false);
+                              expect_enabled(shown, {2350}, false);
+                          },
+                          [](dialog_view& shown) { shown.user_closes(); }}),
+              4);
+    EXPECT_THAT(user.messages, IsEmpty());
+}
+
+// Refused again and again, with everything kept, until at last the input is good.
+TEST_F(SendDialog, OkChecksTheInputInOrderAndReplacesTheRecord) {
+    const auto refused = [this](std::int32_t number) {
+        return [this, number](dialog_view& shown) {
+            EXPECT_THAT(user.messages, ElementsAre(told(number)));
+            user.messages.clear();
+            EXPECT_FALSE(shown.has_ended());
+            EXPECT_EQ(user.open(9599), nullptr) << "the wait dialog";
+        };
+    };
+    const auto ok_is_refused = [&](std::int32_t number) {
+        return steps{click(2301), refused(number)};
+    };
+    open_job_with_pages("#TITLE 123456789 123456789 1234567890#");
+    pa_s_rec->s_aux1 = 77;
+    user.script(form, steps{[](dialog_view& shown) { EXPECT_EQ(text_in(shown, 2317).size(), 30u); },
+                            click(2333), refused(1268)} +
+                          ok_is_refused(1267) +
+                          steps{type(2327, "0301234"), type(2332, "31.12.37")} +
+                          ok_is_refused(1265) + steps{type(2311, "25:00")} + ok_is_refused(1265) +
+                          steps{type(2311, "20:15"), type(2319, "0")} + ok_is_refused(1280) +
+                          steps{type(2319, "")} + ok_is_refused(1280) +
+                          steps{[](dialog_view& shown) {
+                                    EXPECT_EQ(text_in(shown, 2348), "0301234 ") << "picked once";
+                                    EXPECT_EQ(text_in(shown, 2327), "0301234");
+                                },
+                                type(2319, "37"), click(2308), click(2315), click(2350),
+                                click(2301), [](dialog_view&) { ADD_FAILURE() << "accepted"; }});
+    EXPECT_EQ(sendfax::run_send_dialog(), 0);
+    EXPECT_THAT(user.log, Contains("9599 destroyed").Times(6));
+    const a_s_rec& record = *pa_s_rec;
+    EXPECT_EQ(record.comment, "123456789 123456789 123456789") << "29 of its 30 characters";
+    EXPECT_EQ(fCoverpage, 1);
+    EXPECT_TRUE(record.nighttariff);
+    EXPECT_EQ(record.nettype, NETTYPE_FAX);
+    EXPECT_EQ(record.resolution, 1);
+    EXPECT_EQ(record.maxretries, 3);
+    EXPECT_EQ(record.priority, 16384) << "half of 32767, rounded";
+    EXPECT_EQ(record.sendtime, 2145899700) << "20:15 in Berlin";
+    EXPECT_EQ(record.s_aux1, 0);
+    EXPECT_TRUE(record.userid.empty());
+    EXPECT_EQ(lPDCountReceiver, 1);
+    EXPECT_STREQ(ppReceiver[0], "0301234");
+}
+
+TEST_F(SendDialog, ReceiversAreTypedPickedAndOfGroups) {
+    // Entries of "common" for faxes: baecker, buchhalt, druckerei, empfang, ...
+    EXPECT_EQ(
+        send_fax({type(2327, "111"), click(2333), click(2324), double_click(2331, 2), click(2326),
+                  double_click(2304, 1),
+                  [](dialog_view& shown) {
+                      EXPECT_EQ(text_in(shown, 2348), "111 common:druckerei kunden ");
+                      EXPECT_EQ(text_in(shown, 2327), "");
+                  },
+                  click(2347), [](dialog_view& shown) { EXPECT_EQ(text_in(shown, 2348), ""); },
+                  type(2327, "222"), click(2333), double_click(2304, 1), type(2327, "333"),
+                  click(2350), click(2350), click(2301)}),
+        0);
+    EXPECT_THAT(receivers(), ElementsAre("private:kunde2", "private:kunde1", "common:spedition",
+                                         "common:druckerei", "222"))
+        << "the last one first, and what was typed behind the picks doesn't count";
+    EXPECT_THAT(server.desk("zerdix"), IsEmpty());
+
+    // Without a pick the selected row is taken, and a telex job takes the telex members alone.
+    EXPECT_EQ(send_fax({click(2324), select(2331, 1), click(2301)}), 0);
+    EXPECT_EQ(receivers().back(), "common:buchhalt");
+    const step priority_unknown = [this](dialog_view&) { server.fail(30); };
+    EXPECT_EQ(send_telex({click(2326), select(2304, 0), priority_unknown, click(2301)}), 0);
+    EXPECT_THAT(user.messages, ElementsAre(told(1203)));
+    EXPECT_EQ(receivers().back(), "common:hansen");
+    EXPECT_THAT(receivers(), SizeIs(7));
+    EXPECT_EQ(user.left_over(), 0u);
+}
+
+TEST_F(SendDialog, AGroupThatCantBeReadIsToldAndTheOthersGoOn) {
+    const auto trouble = [this](dialog_view&) {
+        server.fail(64);    // the first group
+        server.fail(93);    // the members of the second
+        server.fail(82, 2); // one member of the third
+    };
+    EXPECT_EQ(send_fax({click(2326), double_click(2304, 1), double_click(2304, 1),
+                        double_click(2304, 1), trouble, click(2301)}),
+              0);
+    EXPECT_EQ(user.messages, (texts{told(1458), told(1295)}));
+    EXPECT_THAT(receivers(), ElementsAre("private:kunde2", "private:kunde1", "common:druckerei"));
+}
+
+TEST_F(SendDialog, MoreThanAThousandReceiversGrowTheArray) {
+    server.fill_book("many", 1001);
+    o_tgroup group{};
+    group.groupid.assign("thousand");
+    group.owner.assign("zerdix");
+    ASSERT_TRUE(server.store().phone_books.put_group(group));
+    alphad::transaction filling(server.store().database());
+    for (int i = 0; i < 1000; ++i) {
+        char name[16];
+        std::snprintf(name, sizeof name, "e%06d", i);
+        server.store().phone_books.put_member(
+            {test::id("thousand"), test::id("many"), test::id(name)});
+    }
+    filling.commit();
+    for (const std::int32_t count : {1000, 1001}) {
+        open_job_with_pages("");
+        steps done{click(2326), double_click(2304, 2)};
+        if (count == 1001)
+            done.push_back(type(2327, "4711")), done.push_back(click(2333));
+        user.script(form, done + steps{click(2301)});
+        ASSERT_EQ(sendfax::run_send_dialog(), 0);
+        EXPECT_EQ(lPDCountReceiver, count);
+        EXPECT_EQ(sendfax::job().receiver_room, count);
+        EXPECT_STREQ(ppReceiver[999], "many:e000999");
+        EXPECT_STREQ(ppReceiver[count - 1], count == 1000 ? "many:e000999" : "4711");
+        ASSERT_EQ(DeleteFaxDoc(), 0);
+    }
+}
+
+TEST_F(SendDialog, ADocumentIsLaidOnADesk) {
+    const auto desk_size = [this](const char* whose) { return server.desk(whose).size(); };
+    const std::size_t meiers = desk_size("meier");
+    user.script(2450, {click(2452)});
+    EXPECT_EQ(send_fax({click(2321),
+                        [](dialog_view&) {
+                            EXPECT_EQ(lPDCountReceiver, 1);
+                            EXPECT_STREQ(ppReceiver[0], " ");
+                        },
+                        type(2327, "5"), click(2333), click(2301)}),
+              0);
+    EXPECT_THAT(receivers(), ElementsAre("5")) << "OK replaces the blank receiver";
+    for (const std::int32_t row : {0, 1}) {
+        user.script(2450, {select(2453, row), click(2451)});
+        EXPECT_EQ(send_fax({type(2317, "Umlauf"), click(2321)}), 0);
+    }
+    EXPECT_EQ(desk_size("zerdix"), 1u) << "its own stays where it is";
+    EXPECT_EQ(desk_size("meier"), meiers + 1);
+    EXPECT_TRUE(server.desk("meier").back().bif);
+    EXPECT_THAT(receivers(), SizeIs(1));
+    EXPECT_EQ(userid[0], '\0');
+}
+
+// Rows of "many" as they come block by block: a server that repeats the key, and one on which the
+// last entry has gone when the next block is asked for.
+TEST_F(SendDialog, TheListGrowsBlockByBlock) {
+    server.set_config("PHONEBOOKB", "4");
+    server.fill_book("many", 12);
+    platform::write_profile_string("Zerdix", "TBookId", "many");
+    const auto rows = [](std::size_t expected) {
+        return
+            [expected](dialog_view& shown) { EXPECT_THAT(column(shown, 2331), SizeIs(expected)); };
+    };
+    const auto remove = [this](const char* name) {
+        return [this, name](dialog_view&) {
+            server.store().phone_books.remove_entry(test::id("many"), test::id(name));
+        };
+    };
+    const auto fetched = [this](std::size_t times) {
+        return [this, times](dialog_view&) {
+            EXPECT_THAT(server.calls(), Contains(83).Times(times));
+            server.clear_calls();
+        };
+    };
+    const auto scroll = [this](std::int32_t first) {
+        return [this, first](dialog_view& shown) { user.scroll(shown, 2331, first); };
+    };
+    send_fax({click(2324), rows(4), select(2331, 2), rows(4), select(2331, 3), rows(7),
+              [this](dialog_view& shown) { user.list(shown, 2331).rows = 2; }, scroll(1), rows(7),
+              remove("e000006"), scroll(5), rows(11), fetched(3), select(2331, 10), rows(12),
+              fetched(1), select(2331, 11), rows(12), fetched(1), select(2331, 11), scroll(10),
+              fetched(0), click(2324), rows(12),
+              [](dialog_view& shown) {
+                  auto ids = column(shown, 2331);
+                  for (int i = 0; i < 12; ++i)
+                      EXPECT_EQ(ids[static_cast<std::size_t>(i)].substr(5),
+                                std::to_string(100 + i).substr(1));
+                  EXPECT_EQ(column(shown, 2331, 4)[0], told(1357));
+              },
+              // The same rows anew; a block that fails ends them until the next change.
+              [this](dialog_view&) { server.fail(83, 2); },
+              [](dialog_view& shown) { shown.user_picks_item(2310, 0); }, rows(4),
+              [](dialog_view& shown) { shown.user_picks_item(2310, 0); }, fetched(1),
+              select(2331, 3), expect_messages({told(1312)}), rows(4), fetched(1), select(2331, 2),
+              select(2331, 3), fetched(0), click(2302)});
+    EXPECT_THAT(user.log, Contains("wait cursor"));
+    EXPECT_EQ(kept("TBookId"), "common") << "whichever way the dialog ends";
+}
+
+TEST_F(SendDialog, TheSearchLoadsTheRestAndGoesRound) {
+    server.set_config("PHONEBOOKB", "10");
+    server.fill_book("many", 31);
+    platform::write_profile_string("Zerdix", "TBookId", "many");
+    const auto hit = [this](std::int32_t row) {
+        return [this, row](dialog_view& find) {
+            auto& list = *user.open(form)->find(2331)->list;
+            EXPECT_EQ(list.row_count(), 31);
+            EXPECT_EQ(list.selected_row(), row);
+            EXPECT_TRUE(user.is_enabled(find.window()));
+        };
+    };
+    user.script(
+        1400, {type(1403, "e0000?0 e"), click(1401), hit(0), click(1401), hit(10), click(1401),
+               hit(20), click(1401), hit(30), click(1401), hit(0), type(1403, "Telex"), click(1401),
+               [this](dialog_view&) {
+                   EXPECT_THAT(user.messages, ElementsAre(told(1465)));
+                   EXPECT_FALSE(user.is_enabled(user.open(form)->window()));
+                   user.messages.clear();
+               },
+               type(1403, "\\("), click(1401), expect_messages({told(40003)}), click(1402)});
+    user.script(1400, {type(1403, "kunden"), click(1401),
+                       [this](dialog_view&) {
+                           EXPECT_EQ(user.open(form)->find(2304)->list->selected_row(), 1);
+                       },
+                       click(1402)});
+    EXPECT_EQ(
+        send_fax({click(2324), click(2322),
+                  [this](dialog_view& shown) { EXPECT_TRUE(user.is_enabled(shown.window())); },
+                  click(2326), click(2322), click(2302)}),
+        4);
+    EXPECT_EQ(user.left_over(), 0u);
+}
+
+TEST_F(SendDialog, SidesBooksAndNewEntries) {
+    server.fail(79);
+    server.fail(104);
+    user.script(1900, {type(1908, "neu+1"), type(1915, "4711"), click(1901)});
+    EXPECT_EQ(
+        send_fax({click(2324), expect_messages({told(1293)}), click(2326),
+                  expect_messages({told(1296)}), click(2326), expect_messages({}), click(2324),
+                  [this](dialog_view& shown) {
+                      expect_visible(shown, {2310, 2331, 2329, 2305}, true);
+                      expect_visible(shown, {2304, 2330}, false);
+                      expect_enabled(shown, {2303, 2322}, true);
+                      EXPECT_EQ(shown.find(2310)->items.size(), 3u);
+                      EXPECT_EQ(shown.find(2310)->selected_item, 0) << "common";
+                      server.clear_calls();
+                  },
+                  click(2303),
+                  [this](dialog_view& shown) {
+                      EXPECT_EQ(shown.find(2331)->list->rows.back(),
+                                (texts{"neu+1", "", "", "4711", "Extern", "Fax"}));
+                      EXPECT_EQ(text_in(shown, 2348), "");
+                      user.list(shown, 2331).drag(1, 222);
+                  },
+                  click(2326),
+                  [](dialog_view& shown) {
+                      expect_visible(shown, {2304, 2330}, true);
+                      expect_visible(shown, {2310, 2331, 2329, 2305}, false);
+                      expect_enabled(shown, {2303}, false);
+                      shown.user_closes();
+                  }}),
+        4);
+    EXPECT_EQ(kept("SendTeleSel1"), "222");
+    EXPECT_EQ(kept("SendTeleSel0"), kept("SendTeleSel5"));
+    EXPECT_EQ(kept("SendTGroupSel3"), "150");
+    EXPECT_EQ(kept("TBookId"), "common");
+}
+
+// A foreign message loop may let the driver call while the dialog runs.
+TEST_F(SendDialog, NothingEndsAJobWhileItsDialogRuns) {
+    const auto call_all = [](dialog_view&) {
+        EXPECT_EQ(DeleteFaxDoc(), 8);
+        EXPECT_EQ(SendFaxDoc(), 0);
+        EXPECT_EQ(SendTelex("x", 1), 8);
+        EXPECT_EQ(TransmissionDlg(nullptr, "", 1), 4);
+        EXPECT_EQ(merge("#PHONE 999##PHONE 998#"), 0);
+    };
+    EXPECT_EQ(send_fax({call_all, type(2327, "5"), click(2301)}), 0);
+    EXPECT_THAT(receivers(), ElementsAre("5")) << "the user's choice counts";
+    EXPECT_EQ(send_telex({call_all, click(2302)}), 4);
+    EXPECT_EQ(pzerdix, nullptr);
+}
+
+TEST_F(SendDialog, ADialogThatCantRunIsAFailure) {
+    user.cannot_create = {form};
+    EXPECT_EQ(send_fax({}), 8);
+    EXPECT_THAT(server.desk("zerdix"), SizeIs(1));
+    user.cannot_create.clear();
+    user.quitting = true;
+    EXPECT_EQ(send_fax({}), 8);
+    user.quitting = false;
+
+    platform::window_handle none = nullptr;
+    a_s_rec record{};
+    std::int32_t cover = 0;
+    dialogs::CDialogSendSelect without_receivers(none, &record, nullptr, &cover);
+    EXPECT_THAT(user.messages, Contains("Invalid Pointer"));
+    EXPECT_EQ(without_receivers.DoModal(), -1);
+}
+
+} // namespace
+} // namespace zerdix::testing
