@@ -140,7 +140,7 @@ constexpr dialog_template send_dialog(std::int32_t id, int list_rows, int text_p
             .entry_button = 2333,
             .list_rows = list_rows,
             .text_percent = text_percent,
-            .list_characters = 8400 / text_percent};
+            .list_characters = 9600 / text_percent};
 }
 
 constexpr auto all = std::to_array<dialog_template>({

@@ -27,7 +27,8 @@ class kept_locale {
 
 bool make_application() {
     static std::string platform;
-    platform = usable_platform();
+    const way_to_screen way = find_screen();
+    platform = way.platform;
     if (platform.empty())
         return false;
     static std::array<char, 7> name{"zerdix"};

@@ -46,12 +46,11 @@ bool can_be_loaded(const QString& plugin) {
     return false;
 }
 
-bool x_server_answers() {
+std::shared_ptr<void> connect_to_x() {
     if (setting("DISPLAY").isEmpty())
-        return false;
-    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> link(
-        xcb_connect(nullptr, nullptr), &xcb_disconnect);
-    return xcb_connection_has_error(link.get()) == 0;
+        return nullptr;
+    std::shared_ptr<xcb_connection_t> link(xcb_connect(nullptr, nullptr), &xcb_disconnect);
+    return xcb_connection_has_error(link.get()) == 0 ? link : nullptr;
 }
 
 bool accepts_connections(const QByteArray& path) {
@@ -77,23 +76,28 @@ bool compositor_answers() {
     return accepts_connections(QFile::encodeName(path));
 }
 
-bool is_usable(const QString& platform) {
-    if (platform == "xcb")
-        return can_be_loaded(platform) && x_server_answers();
-    if (platform.startsWith("wayland"))
-        return can_be_loaded("wayland-generic") && compositor_answers();
-    return can_be_loaded(platform);
+way_to_screen try_way(const QString& way) {
+    const QString platform = way.section(':', 0, 0);
+    const bool wayland = platform.startsWith("wayland");
+    if (!can_be_loaded(wayland ? "wayland-generic" : platform) ||
+        (wayland && !compositor_answers()))
+        return {};
+    if (platform != "xcb")
+        return {way.toStdString(), nullptr};
+    auto link = connect_to_x();
+    return {link != nullptr ? way.toStdString() : "", link};
 }
 
 } // namespace
 
-std::string usable_platform() {
+way_to_screen find_screen() {
     // X first: under it a dialog can stand in front of a window of another toolkit.
-    if (setting("QT_QPA_PLATFORM").isEmpty())
-        return is_usable("xcb") ? "xcb" : is_usable("wayland") ? "wayland" : "";
-    for (const QString& one : setting("QT_QPA_PLATFORM").split(';', Qt::SkipEmptyParts))
-        if (is_usable(one.section(':', 0, 0)))
-            return one.toStdString();
+    QString ways = setting("QT_QPA_PLATFORM");
+    if (ways.isEmpty())
+        ways = "xcb;wayland";
+    for (const QString& one : ways.split(';', Qt::SkipEmptyParts))
+        if (auto found = try_way(one); !found.platform.empty())
+            return found;
     return {};
 }
 

@@ -149,7 +149,6 @@ void dialog_window::run() {
     });
     QTimer::singleShot(0, &loop, [this] { present(); });
     loop.exec();
-    hide();
 }
 
 } // namespace zerdix::dialogs_qt

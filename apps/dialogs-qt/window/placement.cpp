@@ -31,6 +31,15 @@ QSize least_size(const QWidget& window) {
     return {30 * metrics.averageCharWidth(), 4 * metrics.lineSpacing()};
 }
 
+// From the innermost to the outermost; the toolkit doesn't do it for a window that isn't visible.
+void settle_layouts(QWidget& window) {
+    const auto inner = window.findChildren<QWidget*>();
+    for (auto one = inner.rbegin(); one != inner.rend(); ++one)
+        if ((*one)->layout() != nullptr)
+            (*one)->layout()->activate();
+    window.layout()->activate();
+}
+
 bool takes_focus(const QWidget* widget) {
     return widget->isEnabled() && !widget->isHidden() && (widget->focusPolicy() & Qt::TabFocus);
 }
@@ -52,7 +61,7 @@ void dialog_window::fit_later() {
 
 // It grows for what it has to show and doesn't shrink again, so that nothing jumps about.
 void dialog_window::fit() {
-    layout()->activate();
+    settle_layouts(*this);
     QSize size = sizeHint().expandedTo(least_size(*this)).expandedTo({planned_width_, 0});
     if (isVisible())
         size = size.expandedTo(this->size());
