@@ -199,6 +199,7 @@ TEST_F(Modal, TheFindDialogHandsItsTextOverAndWaitsForTheSearch) {
                            // A search without a hit leaves it so.
                            user.enable(parent.window(), false);
                            find.user_closes();
+                           EXPECT_TRUE(user.is_enabled(parent.window()));
                        }});
     user.script(1400, {type("*"), press, [](dialog_view& find) { find.user_closes(); }});
     user.script(9650, {[](dialog_view& shown) { shown.user_clicks(1); }});
