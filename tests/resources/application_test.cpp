@@ -25,7 +25,9 @@ constexpr const char* no_library = "Kann Resource-DLL nicht laden!";
 
 class Application : public testing::Test {
   protected:
-    void set(const std::string& lines) { folder.write("zerdix.ini", "[Zerdix]\n" + lines + "\n"); }
+    void set(const std::string& lines) {
+        folder.write("zerdix.ini", "[Zerdix]\nLogDir=" + folder.path("") + "\n" + lines + "\n");
+    }
 
     tests::scratch_folder folder;
     tests::environment_variable ini{"ZERDIX_INI", folder.path("zerdix.ini")};

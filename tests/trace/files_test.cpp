@@ -191,3 +191,28 @@ TEST_F(Files, WithoutATextBufferTracingIsOffAndErrorsComeLater) {
                 ElementsAre("", StartsWith("Zeit:"), "", line("Error: ", "kept")));
     EXPECT_FALSE(folder.exists("FAXTRACE.LOG"));
 }
+
+namespace {
+
+// What a box in front of nobody writes to standard error.
+std::string told(const char* text) {
+    platform::message_box_port* recorded = platform::replace_message_box(nullptr);
+    testing::internal::CaptureStderr();
+    platform::message_box().show(text, "C\xe4sar");
+    platform::replace_message_box(recorded);
+    return testing::internal::GetCapturedStderr();
+}
+
+} // namespace
+
+TEST_F(Files, ABoxThatNobodySeesIsInTheErrorLog) {
+    configure("");
+    EXPECT_EQ(told("a\n%s"), "C\xc3\xa4sar: a %s\n");
+    EXPECT_THAT(folder.read("FAXERROR.LOG"),
+                testing::HasSubstr("Error:  message_box: : C\xe4sar: a %s "));
+}
+
+TEST_F(Files, ALogThatCantTakeTheBoxIsToldOnce) {
+    configure("Errorfile=" + folder.path("none/log"));
+    EXPECT_EQ(told("a"), "C\xc3\xa4sar: a\nTracer: Error opening error log\n");
+}
