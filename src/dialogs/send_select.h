@@ -85,7 +85,7 @@ class CDialogSendSelect final : public CDialogDriver {
     void OnFindInRecipients();
     void OnFindInGroups();
     int searchList(CSftList& list, std::int32_t& lastHit);
-    int tellNotFound();
+    int tellNotFound(std::int32_t message);
 
     // Picks (send_select_picks.cpp).
     void addPick(recipient_pick pick);

@@ -138,12 +138,13 @@ int CDialogSendSelect::searchList(CSftList& list, std::int32_t& lastHit) {
         }
         row = row + 1 < count ? row + 1 : 0;
     }
-    return tellNotFound();
+    // One that took too long hasn't looked at all rows.
+    return tellNotFound(pattern.is_valid() ? send::not_found : text_bad_search);
 }
 
 // The dialog stays disabled until the find dialog ends; without one nobody would enable it again.
-int CDialogSendSelect::tellNotFound() {
-    const std::string told = string_text(send::not_found);
+int CDialogSendSelect::tellNotFound(std::int32_t message) {
+    const std::string told = string_text(message);
     CDialogNotify(window_, &told).DoModal();
     if (pFindDialog != nullptr) {
         platform::current_presenter().enable(window_, false);
