@@ -11,6 +11,7 @@
 #include "dialogs/application.h"
 #include "platform/dialog/tree_list.h"
 #include "platform/scratch.h"
+#include "support/scripted_presenter.h"
 
 using namespace zerdix;
 using dialogs::chosen_templates;
@@ -140,4 +141,23 @@ TEST_F(Application, SaysThatTheTextFontCanNotBeMadeAndNothingOfTheListFont) {
     EXPECT_TRUE(application.OnCommand(dialogs::choose_text_font));
     EXPECT_THAT(boxes.shown, ElementsAre(Pair("Error CreateFontIndirect()", "zerDIX")));
     EXPECT_FALSE(application.OnCommand(30021));
+}
+
+TEST_F(Application, TakesTheFontThatTheUserChoosesUntilTheProgramEnds) {
+    set("Language32=Deutsch,zerdix.hlp,deutsch.lng\nHeight=-20");
+    const std::string before = folder.read("zerdix.ini");
+    CZerdixApp application;
+    test::scripted_presenter user;
+    const platform::font_description* font = application.listFont();
+    application.OnCommand(dialogs::choose_list_font); // cancelled
+    EXPECT_EQ(font->height, -20);
+    user.fonts = {{.height = 9, .weight = 700, .face = "Arial"}, {}};
+    application.OnCommand(dialogs::choose_list_font);
+    application.OnCommand(dialogs::choose_text_font);
+    EXPECT_THAT(user.fonts, IsEmpty());
+    EXPECT_EQ(application.listFont(), font);
+    EXPECT_EQ(font->height, 9);
+    EXPECT_EQ(font->face, "Arial");
+    EXPECT_THAT(user.messages, IsEmpty());
+    EXPECT_EQ(folder.read("zerdix.ini"), before);
 }
