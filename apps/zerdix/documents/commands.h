@@ -17,6 +17,7 @@ void add_copy_commands(CLI::App& parent);  // copy, forward, combine
 void add_delete_command(CLI::App& parent);
 void add_device_commands(CLI::App& parent); // print, scan
 void add_cancel_command(CLI::App& parent);
+void add_send_command(CLI::App& parent);
 void add_job_commands(CLI::App& parent); // restart, change
 
 } // namespace zerdix::app

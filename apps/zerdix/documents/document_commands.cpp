@@ -23,6 +23,7 @@ void add_document_commands(CLI::App& app) {
     add_job_commands(*group);
     group->footer("A document is named by its number, or by in:17, out:17 or desk:17.\n"
                   "Example: zerdix doc list incoming --new");
+    add_send_command(app);
     add_status_command(app);
     add_cancel_command(app);
 }
