@@ -3,6 +3,7 @@
 #include "alphad/demo_data.h"
 #include "alphad/page_block.h"
 #include "cli/desk_test.h"
+#include "cli/tiny_pdf.h"
 #include "failure.h"
 #include "people/png_picture.h"
 #include "png_file.h"
@@ -21,7 +22,7 @@ class Cover : public desk_test {
         const std::string file = path("preview.png");
         EXPECT_EQ(answer("cover preview " + words + " -o " + file)["file"], file);
         bool had_shades = false;
-        return app::read_png(file, 1728, 2286, had_shades);
+        return app::read_png(file, 1728, 2300, had_shades);
     }
 
     // A PNG of one black square.
@@ -50,6 +51,8 @@ TEST_F(Cover, LooksAsItWillWhenItIsSent) {
     for (const std::size_t line : {398U, 518U, 638U, 758U, 878U, 998U})
         EXPECT_TRUE(has_ink(expected, line, 60)) << line;
     EXPECT_FALSE(has_ink(preview("-T Anfrage"), 398, 60)) << "nobody";
+    EXPECT_THAT(zerdix("cover preview -o - -T", {std::string(31, 'x')}).errors,
+                HasSubstr("cut to 30"));
     expect_failure("cover preview -o x.png --to common:nix", exit_no_receiver, "no entry nix");
 
     const outcome sent =
@@ -78,6 +81,18 @@ TEST_F(Cover, IsReplacedByItsOwnerAndOfferedByOthers) {
     EXPECT_TRUE(has_ink(page, 100, 40)) << "a line without an end is one all the same";
     EXPECT_FALSE(has_ink(page, 398, 60));
 
+    // A form from a PDF: 204 by 196 pixels to the inch, in the middle of the page.
+    const tiny_page corner{595.28, 841.89, "0 g 0 741.89 100 100 re f"};
+    const std::string pdf = write("form.PDF", tiny_pdf({corner, {595.28, 841.89, ""}}));
+    EXPECT_THAT(zerdix("cover install", {pdf, commands}).errors, HasSubstr("has 2 pages; the fi"));
+    const page_picture from_pdf = preview("");
+    EXPECT_EQ(from_pdf.rows, 2292U);
+    for (const std::size_t at : {3U, 36U, 270U * 216U + 36U})
+        EXPECT_EQ(from_pdf.bits[at], 0xFF) << at;
+    for (const std::size_t at : {1U, 39U, 274U * 216U + 3U})
+        EXPECT_EQ(from_pdf.bits[at], 0) << at;
+    EXPECT_TRUE(has_ink(from_pdf, 100, 40));
+
     const std::string meier = " -U meier --password-file " + write("meier", "meier\n");
     const auto offered = answer("cover install " + files + meier);
     EXPECT_EQ(offered["in_use"], false);
@@ -94,6 +109,36 @@ TEST_F(Cover, IsReplacedByItsOwnerAndOfferedByOthers) {
     expect_failure("cover preview -o x.png", exit_no_input, "names no cover template");
     expect_failure("print --cover --to 1", exit_no_input, "names no cover template", {SAMPLE_PDF});
     EXPECT_TRUE(server_.jobs().empty());
+}
+
+TEST_F(Cover, ThatCantBeMadeIsToldAndLeavesNothingBehind) {
+    const std::size_t desk = server_.desk("zerdix").size();
+    struct {
+        int procedure, nth;
+        std::size_t jobs;
+        const char* told;
+    } const faults[] = {
+        {38, 1, 0, "sending to 2 failed: there is no cover page for it; 0 of 2 send jobs"},
+        {38, 2, 1, "sending to 1 failed: there is no cover page for it; 1 of 2 send jobs"},
+        {25, 1, 0, "sending to 2 failed: the server refused it; 0 of 2 send jobs"},
+        {25, 2, 1, "sending to 1 failed: the server refused it; 1 of 2 send jobs"},
+        {6, 1, 1, "deleting the document after sending failed: the server refused it; 1 of 2"},
+        {6, 2, 2, "deleting the document after sending failed: the server refused it; 2 of 2"},
+    };
+    for (const auto& fault : faults) {
+        const std::size_t jobs = server_.jobs().size();
+        server_.refuse(fault.procedure, fault.nth);
+        expect_failure("print --cover --to 1 --to 2", exit_refused, fault.told, {SAMPLE_PDF});
+        EXPECT_EQ(server_.jobs().size() - jobs, fault.jobs) << fault.told;
+        EXPECT_EQ(server_.desk("zerdix").size(), desk) << fault.told;
+    }
+    const std::size_t jobs = server_.jobs().size();
+    server_.store().pages.put_block({std::stoi(template_id()), 1, 0}, 0, "damaged");
+    expect_failure("print --cover --to 1", exit_bad_data, "form of the cover template is damaged",
+                   {SAMPLE_PDF});
+    expect_failure("cover preview -o x.png", exit_bad_data, "form of the cover template is");
+    EXPECT_EQ(server_.jobs().size(), jobs);
+    EXPECT_EQ(server_.desk("zerdix").size(), desk);
 }
 
 TEST_F(Cover, LetterheadIsNamedForItsPaper) {

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <ctime>
 #include <memory>
+#include <optional>
 
 #include <CLI/CLI.hpp>
 
@@ -11,6 +12,7 @@
 #include <zerdix/zerdix.h>
 
 #include "commands.h"
+#include "cover/kept_picture.h"
 #include "failure.h"
 #include "interrupt.h"
 #include "print/job_options.h"
@@ -59,7 +61,15 @@ void ask_for_cover_pages() {
     if (form != nullptr && form->size == 0)
         throw failure(exit_no_input, "the cover template, document " + std::to_string(id) +
                                          ", has no form that you may read");
+    if (form != nullptr && cover::kept_picture{}.expand(*form) != 0)
+        throw failure(exit_bad_data, "the form of the cover template is damaged");
     fCoverpage = 1;
+}
+
+void note_what_the_dialog_asks_again(const print_options& options) {
+    if (options.at || options.retries || options.priority || options.resolution || options.cover)
+        note("the send dialog asks for time, retries, resolution and cover page; what it is told "
+             "holds");
 }
 
 // What can be told wrong without the server is told before anything is asked of it.
@@ -71,15 +81,19 @@ void print(const print_options& options) {
     watch_for_interrupts();
     print_job job(title);
     set_up(job, options, settings);
-    if (options.cover)
+    job.require_receivers_or_dialog();
+    const bool asks = job.receivers() == 0;
+    if (asks)
+        note_what_the_dialog_asks_again(options);
+    else if (options.cover)
         ask_for_cover_pages();
     progress shown(stdout, progress::fitting(options.quiet), pdf.pages());
     store_pages(job, pdf, shown);
-    if (job.receivers() > 0)
-        shown.step(pdf.pages(), "sending to " + counted(job.receivers(), "receiver"));
-    const int jobs = job.send();
+    shown.step(pdf.pages(), asks ? "the send dialog asks for the receivers"
+                                 : "sending to " + counted(job.receivers(), "receiver"));
+    const std::optional<std::int32_t> jobs = job.send();
     shown.done(options.file + ": " + counted(pdf.pages(), "page") + ", " +
-               counted(jobs, "send job") + " made");
+               (jobs ? counted(*jobs, "send job") + " made" : "sent as chosen in the dialog"));
 }
 
 template <class Value>

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
+#include <string_view>
 
 #include <zerdix/journal.h>
 #include <zerdix/sendfax.h>
@@ -20,6 +22,7 @@ namespace {
 
 constexpr std::int32_t success = 0;
 constexpr std::int32_t declined = 4;
+constexpr int no_pages = 0; // those of a copy come with it, and aren't in its log
 
 failure failed_step(const std::string& step, const trouble& why) {
     return {why.code,
@@ -38,8 +41,20 @@ void tell_document_stays(std::int32_t faxid) {
 std::vector<std::string> job_receivers() {
     std::vector<std::string> receivers;
     for (std::int32_t i = 0; i < lPDCountReceiver; ++i)
-        receivers.emplace_back(ppReceiver[i]);
+        receivers.emplace_back(ppReceiver[i] != nullptr ? ppReceiver[i] : "");
     return receivers;
+}
+
+// Those of the dialog, when none were named before it.
+std::vector<std::string> job_receivers_now(const std::vector<std::string>& named) {
+    return named.empty() ? job_receivers() : named;
+}
+
+// None can be told when the dialog asked for them: the job, which knew them, is over.
+std::optional<std::int32_t> number_made(const std::vector<std::string>& named) {
+    if (named.empty())
+        return std::nullopt;
+    return static_cast<std::int32_t>(named.size());
 }
 
 // Receivers go out from the last to the first, and the record still names the one at hand.
@@ -48,11 +63,17 @@ std::size_t sent_before(const std::vector<std::string>& receivers) {
     return static_cast<std::size_t>(at - receivers.rbegin());
 }
 
-// The document's log has a line for its creation, one a page, one for its completion; the next one
-// says that it is deleted, and is written when every receiver has its send job. What the lines say
-// can't be relied on: the server shows them in words of its own.
-int lines_before_deletion(int pages) {
-    return 1 + pages + 1;
+// A document's log has a line for its creation, one for each page that was stored in it, one for
+// its completion; the next one says that it is deleted, and is written when it was sent. What the
+// lines say can't be relied on: the server shows them in words of its own.
+bool was_sent(const leftover& document, int pages_stored) {
+    return document.log_lines > 1 + pages_stored + 1;
+}
+
+// Of a job with cover pages that ended well, which it also does when a cover page couldn't be made.
+// The first receiver comes last and gets the job's own document.
+bool first_receiver_was_served(std::int32_t own_document, int pages) {
+    return pa_s_rec->faxid == own_document && pa_s_rec->pages == pages + 1;
 }
 
 const char* net_word(int net) {
@@ -71,6 +92,23 @@ std::size_t served_by_now(std::size_t all) {
 [[noreturn]] void nobody_named() {
     throw failure(exit_no_dialog, "no receiver is named and no dialog can ask for one; use --to or "
                                   "--group");
+}
+
+bool is_set(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr && *value != '\0';
+}
+
+// What the dialog was asked for it has put into the record, and taken the document's id out.
+bool dialog_accepted(std::int32_t faxid) {
+    return faxid != 0 && pa_s_rec->faxid == 0;
+}
+
+void require_dialog() {
+    const char* windows = std::getenv("ZERDIX_DIALOGS");
+    const bool screen = is_set("DISPLAY") || is_set("WAYLAND_DISPLAY") || is_set("QT_QPA_PLATFORM");
+    if (!screen || (windows != nullptr && std::string_view(windows) == "none"))
+        nobody_named();
 }
 
 std::string count_of_jobs(std::size_t made, std::size_t all) {
@@ -147,48 +185,66 @@ std::int32_t print_job::receivers() const {
     return lPDCountReceiver;
 }
 
-std::int32_t print_job::send() {
+void print_job::require_receivers_or_dialog() const {
+    if (receivers() == 0)
+        require_dialog();
+}
+
+std::optional<std::int32_t> print_job::send() {
     const std::vector<std::string> receivers = job_receivers();
+    const std::int32_t faxid = pa_s_rec->faxid;
+    const bool has_covers = fCoverpage != 0;
     const call_watch watch;
     open_ = false;
     const std::int32_t rc = SendFaxDoc();
     if (rc == declined)
         throw failure(exit_interrupted, "cancelled; nothing was sent");
+    if (rc == success && has_covers && !first_receiver_was_served(faxid, pages_))
+        send_failed(receivers, faxid, {exit_refused, "there is no cover page for it"});
     if (rc == success)
-        return static_cast<std::int32_t>(receivers.size());
-    if (receivers.empty())
-        send_failed(receivers, {exit_no_dialog, ""});
-    send_failed(receivers, watch.explain(host_));
+        return number_made(receivers);
+    if (receivers.empty() && !dialog_accepted(faxid)) {
+        remove_leftover(faxid);
+        nobody_named();
+    }
+    send_failed(receivers, faxid, watch.explain(host_));
 }
 
-void print_job::send_failed(const std::vector<std::string>& receivers, const trouble& why) {
-    const std::int32_t faxid = pa_s_rec->faxid;
+leftover print_job::remove_leftover(std::int32_t faxid) const {
     const leftover left = clear_leftover(faxid, host_);
     if (!left.gone)
         tell_document_stays(faxid);
+    return left;
+}
+
+void print_job::send_failed(const std::vector<std::string>& receivers, std::int32_t faxid,
+                            const trouble& why) {
+    const bool all_sent = was_sent(remove_leftover(faxid), pages_);
+    const std::int32_t copy = pa_s_rec->faxid; // with cover pages, but for the first receiver
+    const bool copy_sent = copy != 0 && copy != faxid && was_sent(remove_leftover(copy), no_pages);
+    const std::string phone = platform::cp1252_to_utf8(std::string(pa_s_rec->phone.view()));
     if (receivers.empty())
-        nobody_named();
-    const bool all_sent = left.log_lines > lines_before_deletion(pages_);
-    const std::size_t made = all_sent ? receivers.size() : sent_before(receivers);
+        throw failed_step("sending to " + (phone.empty() ? "the receivers" : phone),
+                          {why.code, why.cause + "; the dialog's receivers before it have theirs"});
+    const std::size_t made =
+        all_sent ? receivers.size() : sent_before(receivers) + (copy_sent ? 1 : 0);
     const std::string step =
-        all_sent ? "deleting the document after sending"
-                 : "sending to " + platform::cp1252_to_utf8(std::string(pa_s_rec->phone.view()));
+        all_sent || copy_sent ? "deleting the document after sending" : "sending to " + phone;
     throw failed_step(step, {why.code, why.cause + "; " + count_of_jobs(made, receivers.size())});
 }
 
-std::int32_t print_job::send_telex(const std::string& text) {
+std::optional<std::int32_t> print_job::send_telex(const std::string& text) {
     const std::vector<std::string> receivers = job_receivers();
     const call_watch watch;
     const std::int32_t rc = SendTelex(text.data(), static_cast<std::int32_t>(text.size()));
-    if (rc == success) {
-        open_ = false;
-        return static_cast<std::int32_t>(receivers.size());
-    }
-    if (receivers.empty()) { // the library has closed the job
-        open_ = false;
+    open_ = pzerdix != nullptr; // a step behind the dialog leaves the job open
+    if (rc == success)
+        return number_made(receivers);
+    if (rc == declined)
+        throw failure(exit_interrupted, "cancelled; nothing was sent");
+    if (!open_)
         nobody_named();
-    }
-    telex_failed(receivers, watch.explain(host_));
+    telex_failed(job_receivers_now(receivers), watch.explain(host_));
 }
 
 void print_job::telex_failed(const std::vector<std::string>& receivers, const trouble& why) {
@@ -214,8 +270,7 @@ void print_job::give_up() {
     }
     if (DeleteFaxDoc() == success || pa_s_rec->faxid == 0)
         return;
-    if (!clear_leftover(pa_s_rec->faxid, host_).gone)
-        tell_document_stays(pa_s_rec->faxid);
+    remove_leftover(pa_s_rec->faxid);
 }
 
 } // namespace zerdix::app
