@@ -80,10 +80,6 @@ class SendDialog : public PrintJob {
         return found;
     }
 
-    // What the calls behind these steps see of the server.
-    step forget_calls() {
-        return [this](dialog_view&) { server.clear_calls(); };
-    }
     step expect_messages(std::vector<std::string> expected) {
         return [this, expected](dialog_view&) {
             EXPECT_EQ(user.messages, expected);
