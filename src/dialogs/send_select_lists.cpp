@@ -1,6 +1,5 @@
 // The lists of the send dialog: rows that come block by block, and the search in them.
 
-#include "common/string_table.h"
 #include "dialogs/find_text.h"
 #include "dialogs/message.h"
 #include "dialogs/notify.h"
@@ -11,7 +10,6 @@
 namespace zerdix::dialogs {
 
 using enum send::send_control;
-using common::string_text;
 
 namespace {
 
