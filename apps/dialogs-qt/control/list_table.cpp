@@ -18,6 +18,13 @@ constexpr int narrowest_column = 16;
 // A small screen leaves at least these, and two thirds of the width.
 constexpr int fewest_rows = 3;
 
+// The focus alone selects nothing; the first step then is the row that has it.
+bool is_first_step(const QKeyEvent& event) {
+    const int key = event.key();
+    return key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_Home ||
+           key == Qt::Key_PageDown || key == Qt::Key_PageUp;
+}
+
 } // namespace
 
 list_table::list_table(list_model* model, QWidget* parent) : QTableView(parent) {
@@ -97,11 +104,26 @@ void list_table::keyPressEvent(QKeyEvent* event) {
         row_entered(selected_row());
         return;
     }
+    if (is_first_step(*event) && selected_row() < 0 && model()->rowCount() > 0) {
+        selectRow(event->key() == Qt::Key_Home ? 0 : std::max(currentIndex().row(), 0));
+        return;
+    }
     const bool down = event->key() == Qt::Key_PageDown || event->key() == Qt::Key_Down;
     const auto before = currentIndex();
-    QTableView::keyPressEvent(event);
+    if (!select_first_place(event->key()))
+        QTableView::keyPressEvent(event);
     if (down && currentIndex().row() == before.row())
         pushed_beyond_end();
+}
+
+// A list that has got the focus stands on a row without having it selected. The first step that
+// would lead away from there selects it instead.
+bool list_table::select_first_place(int key) {
+    const bool step = key == Qt::Key_Home || key == Qt::Key_Down || key == Qt::Key_Up;
+    if (!step || selected_row() >= 0 || !currentIndex().isValid())
+        return false;
+    selectRow(currentIndex().row());
+    return true;
 }
 
 void list_table::wheelEvent(QWheelEvent* event) {

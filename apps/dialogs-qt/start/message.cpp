@@ -3,6 +3,7 @@
 
 #include <QFontDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 #include "control/fonts.h"
@@ -37,6 +38,12 @@ class open_box {
     QPointer<Box> box_;
 };
 
+// Where no window manager does.
+void give_back_focus(const QPointer<dialog_window>& front) {
+    if (front != nullptr && front->isVisible() && front->isEnabled())
+        front->activateWindow();
+}
+
 QString text_of(dialog_window* window, std::int32_t number) {
     return window != nullptr ? shown(window->view()->string_text(number)) : QString();
 }
@@ -47,7 +54,7 @@ void qt_presenter::show_message(platform::window_handle owner, std::string_view 
                                 std::string_view caption) {
     if (!on_own_thread())
         return;
-    dialog_window* front = own(owner) != nullptr ? own(owner) : in_front();
+    const QPointer<dialog_window> front = own(owner) != nullptr ? own(owner) : in_front();
     QWindow* over = any(owner);
     if (over == nullptr && front != nullptr)
         over = front->handle();
@@ -60,6 +67,7 @@ void qt_presenter::show_message(platform::window_handle owner, std::string_view 
     if (!ok.isEmpty())
         box->button(QMessageBox::Ok)->setText(ok);
     box.is_accepted();
+    give_back_focus(front);
 }
 
 bool qt_presenter::choose_font(platform::window_handle owner, platform::font_description& font,
