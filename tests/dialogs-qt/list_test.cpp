@@ -110,11 +110,13 @@ TEST_F(Lists, SelectsByMouseAndKeysAndTellsNothingOfWhatTheDialogSelects) {
                 QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, second);
                 send(platform::select_row, static_cast<std::uintptr_t>(-1));
                 EXPECT_TRUE(table()->selectionModel()->selectedRows().isEmpty());
+                QTest::keyClick(table(), Qt::Key_Home);
                 finish();
             }});
     dialog.DoModal();
-    EXPECT_THAT(dialog.notes, ElementsAre("selected 2331 1", "selected 2331 2", "selected 2331 2",
-                                          "entered 2331", "selected 2331 1", "entered 2331"));
+    EXPECT_THAT(dialog.notes,
+                ElementsAre("selected 2331 1", "selected 2331 2", "selected 2331 2", "entered 2331",
+                            "selected 2331 1", "entered 2331", "selected 2331 0"));
 }
 
 TEST_F(Lists, KeepsTheWidthThatTheUserDrew) {

@@ -27,7 +27,9 @@ checkable::checkable(window_port& window, platform::control& control, QAbstractB
     QObject::connect(widget, &QAbstractButton::clicked, widget, [this] { clicked(); });
 }
 
+// An accelerator leads to the button, too, as people know it from other programs.
 void checkable::clicked() {
+    widget()->setFocus(Qt::ShortcutFocusReason);
     window_.tell([id = this->id()](auto& dialog) { dialog.user_clicks(id); });
 }
 

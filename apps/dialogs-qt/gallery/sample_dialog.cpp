@@ -1,6 +1,7 @@
 #include "gallery/sample_dialog.h"
 
 #include <string>
+#include <utility>
 
 #include "common/string_table.h"
 #include "dialogs/resources.h"
@@ -29,9 +30,11 @@ bool use_language(const char* file) {
     dialogs::install_dialog_resources();
     if (*file == '\0')
         return true;
+    static platform::library_handle present = 0;
     const auto library = platform::LoadLibraryA(file);
     common::set_resource_source(library);
-    return library >= 32;
+    platform::FreeLibrary(std::exchange(present, library));
+    return library >= platform::first_good_handle;
 }
 
 sample_dialog::sample_dialog(std::int32_t template_id, side chosen)

@@ -15,6 +15,11 @@ constexpr qint64 between_paintings_ms = 80;
 constexpr qint64 time_to_appear_ms = 60;
 constexpr std::int32_t text_server_is_asked = 40000;
 
+// A dialog that asks for nothing is there for the waiting.
+bool says_so_itself(dialog_window& window) {
+    return window.view()->form()->default_button == 0;
+}
+
 } // namespace
 
 void call_notice::call_begins() {
@@ -40,7 +45,8 @@ void call_notice::show_when_due() {
     if (painted_.isValid() && !painted_.hasExpired(between_paintings_ms))
         return;
     dialog_window* window = speaker();
-    if (window != nullptr && (label_ == nullptr || label_->parentWidget() != window))
+    const bool is_new = label_ == nullptr || label_->parentWidget() != window;
+    if (window != nullptr && is_new && !says_so_itself(*window))
         show_on(*window);
     let_painted();
     painted_.start();

@@ -54,6 +54,8 @@ QWindow* dialog_window::handle() {
 
 void dialog_window::set_owner(QWindow* owner) {
     owner_ = owner;
+    if (owner != nullptr && owner->flags().testFlag(Qt::WindowStaysOnTopHint))
+        setWindowFlag(Qt::WindowStaysOnTopHint);
 }
 
 control_widget* dialog_window::find(std::int32_t id) {

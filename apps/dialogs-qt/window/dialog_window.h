@@ -26,7 +26,7 @@ class dialog_window final : public QDialog, private window_port {
     platform::dialog_view* view() { return dialog_; }
     // Made when it is first asked for; the window's flags don't change afterwards.
     QWindow* handle();
-    // Stays in front of it.
+    // Stays in front of it, and of all others where the owner does.
     void set_owner(QWindow* owner);
     void set_centered() { centered_ = true; }
     // In its place, in front, with the focus where it belongs.
