@@ -78,7 +78,7 @@ class CDialogSendSelect final : public CDialogDriver {
     int fillBlocks(int all);
     PTRLIST* fetchBlock();
     void addBlock(PTRLIST& block);
-    bool fillGroups();
+    void fillGroups();
     void OnSelectionMoved();
     void OnScroll();
     void OnFind();

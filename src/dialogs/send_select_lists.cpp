@@ -73,11 +73,11 @@ void CDialogSendSelect::addBlock(PTRLIST& block) {
     lRowCount += static_cast<std::int32_t>(size - first);
 }
 
-bool CDialogSendSelect::fillGroups() {
+void CDialogSendSelect::fillGroups() {
     PTRLIST* groups = telebook.getTGroups();
     if (groups == nullptr) {
         showMessage(window_, send::no_groups);
-        return false;
+        return;
     }
     groupList.removeRows();
     for (std::uint32_t i = 0; i < groups->getSize(); ++i) {
@@ -85,7 +85,6 @@ bool CDialogSendSelect::fillGroups() {
         groupList.addRow(
             {group.groupid.view(), group.comment.view(), group.owner.view(), group.group.view()});
     }
-    return true;
 }
 
 // On the last row that was fetched, the next block follows.

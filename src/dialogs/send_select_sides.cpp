@@ -33,7 +33,8 @@ void CDialogSendSelect::OnRecipientSide() {
 
 void CDialogSendSelect::OnGroupSide() {
     if (fGroupListEmpty != 0) {
-        fGroupListEmpty = fillGroups() ? 0 : 1;
+        fillGroups();
+        fGroupListEmpty = 0;
         enable(find_button);
     }
     if (idRecipientMode != group_side)
