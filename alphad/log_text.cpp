@@ -36,6 +36,8 @@ constexpr sentence sentences[] = {
      "exemple, jamais transmis", "sample document, was never transmitted"},
     {"$as.job_changed", "Auftrag ge\xe4ndert", "envoi modifi\xe9", "job changed"},
     {"$as.job_cancelled", "Auftrag abgebrochen", "envoi annul\xe9", "job cancelled"},
+    {"$as.other_net", "{n} geh\xf6rt zum anderen Netz", "{n} est de l'autre r\xe9seau",
+     "{n} is of the other net"},
     {"$as.printed", "Seiten {p} f\xfcr Drucker {d} abgelegt als {s}",
      "pages {p} d\xe9pos\xe9"
      "es pour l'imprimante {d} : {s}",

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::string_view telex_printer = ".zerdixpr";
 constexpr std::int32_t resolution_normal = 2;
+constexpr std::int16_t error_other_net = 1;
 
 // A reference to a phone book: BOOK:ENTRY.
 struct reference {
@@ -36,10 +37,10 @@ std::optional<sending::receiver> sending::find_receiver(const str10& user,
         return phone.empty() ? std::nullopt : std::optional{receiver{std::string{phone}, {}}};
     const auto book = store_.phone_books.book(asked->book);
     const auto entry = store_.phone_books.entry(asked->book, asked->entry);
-    if (!book || !rights_.may(user, right::use, *book) || !entry ||
-        entry->nettype != wanted.nettype || entry->phone.empty())
+    if (!book || !rights_.may(user, right::use, *book) || !entry || entry->phone.empty())
         return std::nullopt;
-    return receiver{std::string{entry->phone.view()}, std::string{entry->tsi.view()}};
+    return receiver{std::string{entry->phone.view()}, std::string{entry->tsi.view()},
+                    entry->nettype != wanted.nettype};
 }
 
 std::optional<std::vector<page_picture>>
@@ -98,8 +99,21 @@ std::int32_t sending::make_job(const document& from, a_s_rec record, const recei
     job.record.tsi.assign(to.tsi);
     job.record.errorstatus = 0;
     job.record.retries = 0;
-    spool_job(job, std::move(what));
+    if (to.other_net)
+        end_without_line(job);
+    else
+        spool_job(job, std::move(what));
     return id;
+}
+
+// Taken all the same: a client stops at the first receiver that is refused, and a group may hold
+// numbers of both nets.
+void sending::end_without_line(send_job& job) {
+    job.record.errorstatus = error_other_net;
+    job.cancelled = true;
+    store_.jobs.put(job);
+    store_.logs.add(job.record.faxid,
+                    log_line("$as.other_net: $n:=" + std::string{job.record.phone.view()}));
 }
 
 bool sending::spool_again(send_job& job) {
@@ -160,7 +174,7 @@ bool sending::cancel(std::int32_t id) {
 
 bool sending::restart(std::int32_t id) {
     auto job = store_.jobs.find(id);
-    return job && job->cancelled && spool_again(*job);
+    return job && job->cancelled && job->record.errorstatus == 0 && spool_again(*job);
 }
 
 bool sending::print_telex(const document& printed) {

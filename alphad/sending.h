@@ -37,6 +37,7 @@ class sending {
     struct receiver {
         std::string number;
         std::string tsi;
+        bool other_net = false; // a telex number for a fax, or the other way round
     };
     // What goes over the line: pictures, or a telex text.
     struct message {
@@ -52,6 +53,7 @@ class sending {
     std::int32_t make_job(const document& from, a_s_rec record, const receiver& to, message what);
     bool print_telex(const document& printed);
     void lay_on_desk(const document& telex, const telex_order& order);
+    void end_without_line(send_job& job);
     void spool_job(send_job& job, message what);
     bool spool_again(send_job& job);
 
