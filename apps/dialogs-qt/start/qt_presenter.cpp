@@ -56,8 +56,12 @@ void qt_presenter::destroy(platform::window_handle window) {
     dialog_window* gone = own(window);
     if (gone == nullptr)
         return;
+    // Not every screen has somebody who gives the focus to the window behind.
+    const QPointer<QWindow> behind(gone->isActiveWindow() ? gone->owner() : nullptr);
     std::erase(windows_, gone);
     gone->let_go();
+    if (behind != nullptr && !gate_.is_disabled(behind))
+        behind->requestActivate();
 }
 
 platform::loop_end qt_presenter::run_modal(platform::dialog_view& dialog) {

@@ -28,6 +28,7 @@ class dialog_window final : public QDialog, private window_port {
     QWindow* handle();
     // Stays in front of it, and of all others where the owner does.
     void set_owner(QWindow* owner);
+    QWindow* owner() const { return owner_; }
     void set_centered() { centered_ = true; }
     // In its place, in front, with the focus where it belongs.
     void present();
