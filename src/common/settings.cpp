@@ -23,7 +23,7 @@ constexpr key trace = {"Trace", "0", 3};
 constexpr key trace_file = {"Tracefile", "", 260};
 constexpr key error_file = {"Errorfile", "", 260};
 constexpr key log_dir = {"LogDir", "", 260};
-constexpr key language = {"Language32", "", 256};
+constexpr key language = {"Language32", "", 4096};
 constexpr key dialog_size = {"DialogSize", "1", 3};
 
 struct font_keys {

@@ -1,8 +1,13 @@
 #include "platform/message_box.h"
 
+#include <algorithm>
+#include <climits>
 #include <cstdio>
 #include <string>
 #include <utility>
+
+#include <poll.h>
+#include <unistd.h>
 
 #include "platform/encoding.h"
 
@@ -19,6 +24,17 @@ void tell_log(const char* line) {
     log = teller;
 }
 
+// The library may be loaded into any process: a reader who has gone must not end it, and one who
+// doesn't read must not hold it up. A pipe that is ready takes PIPE_BUF bytes at once.
+void write_line(std::string line) {
+    pollfd target = {STDERR_FILENO, POLLOUT, 0};
+    if (::poll(&target, 1, 0) != 1 || target.revents != POLLOUT)
+        return;
+    line.resize(std::min<std::size_t>(line.size(), PIPE_BUF - 1));
+    line += '\n';
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
 class standard_error final : public message_box_port {
   public:
     void show(std::string_view text, std::string_view caption) override {
@@ -29,7 +45,7 @@ class standard_error final : public message_box_port {
             if (c == '\n' || c == '\r')
                 c = ' ';
         }
-        std::fprintf(stderr, "%s\n", cp1252_to_utf8(line).c_str());
+        write_line(cp1252_to_utf8(line));
         tell_log(line.c_str());
     }
 };

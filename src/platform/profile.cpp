@@ -47,9 +47,12 @@ std::vector<fs::path> places() {
     return list;
 }
 
-// Nothing when the file can't be read to its end.
+// Nothing when the file can't be read to its end. A pipe in its place isn't waited for.
 std::optional<std::string> read_file(const fs::path& path) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rbe"),
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (descriptor < 0)
+        return std::nullopt;
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(::fdopen(descriptor, "rb"),
                                                                std::fclose);
     if (file == nullptr)
         return std::nullopt;
@@ -166,7 +169,8 @@ bool write_profile_string(std::string_view section, std::string_view key, std::s
     }
     // Behind a symbolic link the file is replaced, not the link.
     const fs::path path = fs::canonical(existing, error);
-    const auto text = error ? std::nullopt : read_file(path);
+    // Devices and pipes stay what they are.
+    const auto text = fs::is_regular_file(path, error) ? read_file(path) : std::nullopt;
     return text && replace_file(path, with_value(*text, section, key, value));
 }
 

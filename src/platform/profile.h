@@ -27,7 +27,7 @@ std::string profile_string(std::string_view section, std::string_view key,
 // Sets a key and leaves every other byte of the file as it is. The file is replaced in one step,
 // so that a reader finds the old text or the new one, and keeps its permissions. Without a file one
 // is made, with its folder, at the first place of the list above that applies to this user. False
-// when nothing was written, also when a part holds a line break.
+// when nothing was written, also when a part holds a line break or the file is no regular one.
 bool write_profile_string(std::string_view section, std::string_view key, std::string_view value);
 
 } // namespace zerdix::platform

@@ -22,6 +22,9 @@ trace_file_port::opened above_standard_streams(int descriptor) {
     return {moved < 0 ? trace_file_port::invalid : moved, error};
 }
 
+// A pipe in place of a file isn't waited for.
+constexpr int to_append = O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK;
+
 class system_files final : public trace_file_port {
   public:
     bool exists(const char* path) override {
@@ -30,12 +33,11 @@ class system_files final : public trace_file_port {
     }
 
     opened create(const char* path) override {
-        return above_standard_streams(
-            ::open(path, O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0644));
+        return above_standard_streams(::open(path, to_append | O_CREAT | O_TRUNC, 0644));
     }
 
     opened open_at_end(const char* path) override {
-        return above_standard_streams(::open(path, O_WRONLY | O_APPEND | O_CLOEXEC));
+        return above_standard_streams(::open(path, to_append));
     }
 
     void write(int handle, std::string_view bytes) override {

@@ -7,6 +7,8 @@
 #include <new>
 #include <string_view>
 
+#include <fcntl.h>
+
 #include "platform/format.h"
 #include "platform/message_box.h"
 #include "platform/tick.h"
@@ -56,9 +58,18 @@ class physical_line {
     std::size_t length_;
 };
 
+// Null where it can't be opened at once, as a pipe that nobody reads.
+std::FILE* open_error_log(const char* path) {
+    const int descriptor =
+        path == nullptr
+            ? -1
+            : ::open(path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC | O_NONBLOCK, 0666);
+    return descriptor < 0 ? nullptr : ::fdopen(descriptor, "a");
+}
+
 // The log is held open for no longer than one line: other processes write to it too.
 void append_to_error_log(const char* path, std::FILE*& log, const char* line, bool last) {
-    log = path == nullptr ? nullptr : std::fopen(path, "ae");
+    log = open_error_log(path);
     if (log == nullptr) {
         platform::message_box().show("Error opening error log", "Tracer");
         return;

@@ -1,7 +1,9 @@
 #include <arpa/inet.h>
 #include <cerrno>
+#include <climits>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
@@ -48,6 +50,28 @@ TEST(MessageBox, DefaultWritesOneUtf8LineToStandardError) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
 
+// A process that merely loads the library must live on, whoever reads its messages or doesn't.
+TEST(MessageBox, NeitherWaitsForAReaderNorDiesOfOneThatHasGone) {
+    int ends[2];
+    ASSERT_EQ(::pipe2(ends, O_NONBLOCK), 0);
+    const int saved = ::dup(STDERR_FILENO);
+    ::dup2(ends[1], STDERR_FILENO);
+    ::close(ends[1]);
+    std::string full(65536, 'x');
+    while (::write(STDERR_FILENO, full.data(), full.size()) > 0) {
+    }
+    ::fcntl(STDERR_FILENO, F_SETFL, 0);
+    ::alarm(10);
+    platform::message_box().show("nobody reads", "Fax");
+    EXPECT_EQ(::read(ends[0], full.data(), full.size()), 65536);
+    platform::message_box().show(std::string(70000, 'y'), "Fax");
+    EXPECT_EQ(::read(ends[0], full.data(), full.size()), PIPE_BUF);
+    ::close(ends[0]);
+    platform::message_box().show("nobody is there", "Fax");
+    ::dup2(saved, STDERR_FILENO);
+    ::close(saved);
+}
+
 TEST(TraceFile, CreatesAppendsAndTellsWhyNot) {
     const tests::scratch_folder folder;
     const std::string path = folder.path("trace");
@@ -67,6 +91,8 @@ TEST(TraceFile, CreatesAppendsAndTellsWhyNot) {
     EXPECT_EQ(failed.handle, platform::trace_file_port::invalid);
     EXPECT_EQ(failed.error, ENOENT);
     files.write(failed.handle, "lost");
+    ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(files.open_at_end(folder.path("pipe").c_str()).error, ENXIO); // at once
 }
 
 TEST(TraceFile, NeverTakesTheNumberOfAStandardStream) {

@@ -51,6 +51,12 @@ TEST_F(Profile, AFolderOrNoiseInPlaceOfTheFileGivesDefaults) {
     std::filesystem::remove(folder.path("own.ini"));
     folder.write("own.ini", std::string_view("\0[[[\n=\n]\xff[Zerdix\nHost=x", 23));
     EXPECT_EQ(host(), "default");
+    std::filesystem::remove(folder.path("own.ini"));
+    ASSERT_EQ(::mkfifo(folder.path("own.ini").c_str(), 0600), 0);
+    ::alarm(10);
+    EXPECT_EQ(host(), "default"); // at once
+    EXPECT_FALSE(write_profile_string("Zerdix", "Host", "x"));
+    EXPECT_TRUE(std::filesystem::is_fifo(folder.path("own.ini")));
 }
 
 TEST_F(Profile, ValuesAreTrimmedUnquotedAndCut) {

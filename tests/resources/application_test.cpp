@@ -50,18 +50,19 @@ class no_fonts final : public platform::font_port {
 
 TEST_F(Application, ChoosesTheLanguageAndItsWords) {
     const struct {
-        const char* line;
+        std::string line;
         char letter;
         const char* notification;
         const char* name;
-    } cases[] = {{"Deutsch,zerdix.hlp,deutsch.lng", 'G', "Benachrichtigung", "zerDIX"},
-                 {"English,zerdix.hlp,english.lng", 'U', "Notification", "zerDIX"},
-                 {"Francais,longer than 20 characters,francais.lng", 'F', "Notification", "zerDIX"},
-                 {"deutsch,zerdix.hlp,english.lng", 'S', "Notification", "zerDIX"},
-                 {"US,zerdix.hlp,us.lng", 'A', "Notification", "Tarvin"}};
+    } cases[] = {
+        {"Deutsch,zerdix.hlp,deutsch.lng", 'G', "Benachrichtigung", "zerDIX"},
+        {"English,zerdix.hlp,english.lng", 'U', "Notification", "zerDIX"},
+        {"Francais," + std::string(3000, 'h') + ",francais.lng", 'F', "Notification", "zerDIX"},
+        {"deutsch,zerdix.hlp,english.lng", 'S', "Notification", "zerDIX"},
+        {"US,zerdix.hlp,us.lng", 'A', "Notification", "Tarvin"}};
     for (const auto& c : cases) {
         ZERDIX::clsSetLanguage('S');
-        set("Language32=" + std::string(c.line));
+        set("Language32=" + c.line);
         const CZerdixApp application;
         EXPECT_EQ(ZERDIX::clsGetLanguage(), c.letter) << c.line;
         EXPECT_STREQ(common::string_text(525), c.notification) << c.line;

@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include "platform/trace_file.h"
 #include "trace/tracing.h"
 
@@ -154,6 +156,12 @@ TEST_F(Files, AnErrorLogThatCantBeOpenedIsToldForEachLine) {
     const auto box = Pair("Error opening error log", "Tracer");
     EXPECT_THAT(boxes.shown, ElementsAre(box, box, box, box));
     EXPECT_EQ(trace_lines().size(), 5u);
+
+    ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
+    configure("Errorfile=" + folder.path("pipe"));
+    T_TRACE waits_for_nobody;
+    write_line(waits_for_nobody, 100, "x");
+    EXPECT_THAT(boxes.shown, testing::Contains(box).Times(5));
 }
 
 TEST_F(Files, ATraceFileThatCantBeOpenedIsToldOnce) {
