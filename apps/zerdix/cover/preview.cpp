@@ -1,7 +1,15 @@
 #include "cover/preview.h"
 
+#include <dlfcn.h>
+#include <filesystem>
+
+#include <zerdix/timetext.h>
+
 #include "books/known_entry.h"
+#include "common/settings.h"
+#include "common/string_table.h"
 #include "cover/page_painter.h"
+#include "platform/resource_library.h"
 
 namespace zerdix::app {
 
@@ -49,6 +57,27 @@ class preview_content final : public cover::page_content {
     o_tebul entry_{};
 };
 
+// Where the shared library looks from its own folder, which needn't be this program's.
+std::string beside_the_library(const std::string& name) {
+    Dl_info info{};
+    if (dladdr(reinterpret_cast<const void*>(&printTime), &info) == 0)
+        return {};
+    return std::filesystem::path(info.dli_fname).parent_path() / "../share/zerdix" / name;
+}
+
+// The words that the library puts on the page are those of its resource library. What draws the
+// preview is a copy of that part of it, with a string table of its own.
+void use_words_of_the_library() {
+    str20 language{}, help_file{}, name{};
+    getTokens(',', "%20s%20s%20s", common::setting_language().c_str(), language.bytes,
+              help_file.bytes, name.bytes);
+    platform::library_handle words = platform::LoadLibraryA(name.bytes);
+    if (words == platform::file_not_found)
+        words = platform::LoadLibraryA(beside_the_library(name.bytes).c_str());
+    if (words >= platform::first_good_handle)
+        common::set_resource_source(words);
+}
+
 page_picture picture_of(const imaging::LeadBitmap& bitmap) {
     page_picture picture{
         static_cast<std::uint32_t>(bitmap.width), static_cast<std::uint32_t>(bitmap.height), {}};
@@ -62,6 +91,7 @@ page_picture picture_of(const imaging::LeadBitmap& bitmap) {
 } // namespace
 
 page_picture draw_cover(desk& user, const cover_template& from, const cover_receiver& receiver) {
+    use_words_of_the_library();
     std::vector<unsigned char> bytes = from.form;
     const page_dat form{static_cast<std::uint32_t>(bytes.size()), bytes.data()};
     cover::kept_picture page;
