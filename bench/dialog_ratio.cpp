@@ -60,18 +60,10 @@ double milliseconds_since(clock_type::time_point begin) {
     return std::chrono::duration<double, std::milli>(clock_type::now() - begin).count();
 }
 
-template <class Result, class Node>
-bytes_on_wire list_of(std::vector<Node>& nodes) {
-    for (std::size_t i = 0; i + 1 < nodes.size(); ++i)
-        nodes[i].next = &nodes[i + 1];
-    Result result{static_cast<std::int32_t>(nodes.size()), nodes.data()};
-    return encoded(result, nodes.size() * 4096 + 64);
-}
-
 bytes_on_wire books() {
     std::vector<o_tebu_node> nodes(1);
     nodes[0].book.tbookid.assign("common");
-    return list_of<o_get_tbooks_o>(nodes);
+    return bench::list_of<o_get_tbooks_o>(nodes, sizeof(o_tebu) * 4);
 }
 
 bytes_on_wire entry_block(std::int32_t first, std::int32_t count) {
@@ -85,7 +77,7 @@ bytes_on_wire entry_block(std::int32_t first, std::int32_t count) {
         entry.phone.assign("+49 30 23125 " + std::to_string(first + i));
         entry.nettype = NETTYPE_FAX;
     }
-    return list_of<o_get_tbookl_o>(nodes);
+    return bench::list_of<o_get_tbookl_o>(nodes, sizeof(o_tebul) * 4);
 }
 
 // The whole book, and then an empty block.
@@ -93,9 +85,7 @@ std::vector<bytes_on_wire> all_blocks() {
     std::vector<bytes_on_wire> blocks;
     for (std::int32_t first = 0; first < entries; first += block)
         blocks.push_back(entry_block(first, block));
-    std::vector<o_tebul_node> none;
-    o_get_tbookl_o empty{};
-    blocks.push_back(encoded(empty));
+    blocks.push_back(entry_block(0, 0));
     return blocks;
 }
 

@@ -25,6 +25,15 @@ bytes_on_wire encoded(Record& record, std::size_t most = 64u << 10) {
     return buffer;
 }
 
+// A result whose list are these nodes, which are linked up in place; `most` bytes a record at most.
+template <class Result, class Node>
+bytes_on_wire list_of(std::vector<Node>& nodes, std::size_t most) {
+    for (std::size_t i = 0; i + 1 < nodes.size(); ++i)
+        nodes[i].next = &nodes[i + 1];
+    Result result{static_cast<std::int32_t>(nodes.size()), nodes.empty() ? nullptr : nodes.data()};
+    return encoded(result, nodes.size() * (most + 4) + 64);
+}
+
 inline bool_t opaque_bytes(XDR* stream, ...) {
     std::va_list arguments;
     va_start(arguments, stream);

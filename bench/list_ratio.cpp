@@ -30,15 +30,6 @@ constexpr int rounds = 12;
 constexpr double least_rate = 0.8;
 constexpr double most_memory = 2;
 
-// A result with `count` nodes, linked up in place.
-template <class Result, class Node>
-bytes_on_wire list_of(std::vector<Node>& nodes, std::size_t record_bytes) {
-    for (std::size_t i = 0; i + 1 < nodes.size(); ++i)
-        nodes[i].next = &nodes[i + 1];
-    Result result{static_cast<std::int32_t>(nodes.size()), nodes.data()};
-    return encoded(result, nodes.size() * (record_bytes + 4) + 64);
-}
-
 bytes_on_wire entry_block() {
     std::vector<o_tebul_node> nodes(block);
     for (std::size_t i = 0; i < nodes.size(); ++i) {
@@ -47,14 +38,14 @@ bytes_on_wire entry_block() {
         nodes[i].entry.comment.assign("Kanzlei Weiss und Partner");
         nodes[i].entry.phone.assign("+49 30 23125 " + std::to_string(i));
     }
-    return list_of<o_get_tbookl_o>(nodes, 428);
+    return bench::list_of<o_get_tbookl_o>(nodes, 428);
 }
 
 bytes_on_wire all_users() {
     std::vector<o_user_node> nodes(users);
     for (std::size_t i = 0; i < nodes.size(); ++i)
         nodes[i].user.userid.assign("u" + std::to_string(i));
-    return list_of<a_get_users_o>(nodes, 592);
+    return bench::list_of<a_get_users_o>(nodes, 592);
 }
 
 void read_book(TELEBOOK& books) {
