@@ -109,6 +109,7 @@ class CDialogSendSelect final : public CDialogDriver {
     void sendStored();
 
     int fUpdating = 0;
+    int fAccepting = 0; // "OK" is at work
     int fTeleListEmpty = 1;
     int fGroupListEmpty = 1;
     int fListComplete = 0;

@@ -1,6 +1,7 @@
 // "OK": the checks in their order, and what becomes of the choices.
 
 #include <algorithm>
+#include <utility>
 
 #include <zerdix/sendfax.h>
 #include <zerdix/timetext.h>
@@ -18,9 +19,13 @@ namespace zerdix::dialogs {
 
 using enum send::send_control;
 
+// A message box that it shows on its way runs a loop, from which it mustn't begin again.
 void CDialogSendSelect::OnAccept() {
+    if (std::exchange(fAccepting, 1) != 0)
+        return;
     saveColumns();
     const std::int32_t refusal = acceptInput();
+    fAccepting = 0;
     if (refusal != 0)
         showMessage(window_, refusal);
 }
@@ -35,7 +40,8 @@ void CDialogSendSelect::saveColumns() {
     groupList.saveColumns();
 }
 
-// The wait dialog is on the screen meanwhile, and gone before the user is told of a refusal.
+// The wait dialog is on the screen meanwhile, and gone before the user is told of a refusal. What
+// is gone through while messages may come is a copy, since their loops reach the lists.
 std::int32_t CDialogSendSelect::acceptInput() {
     CDialogWait waits(window_, 0);
     waits.create();
@@ -46,7 +52,8 @@ std::int32_t CDialogSendSelect::acceptInput() {
     if (refusal != 0)
         return refusal;
     readPriority();
-    ppFinal = expand_picks(pPicks, telebook, idNetType == telex, window_);
+    const std::vector<recipient_pick> picks = pPicks;
+    ppFinal = expand_picks(picks, telebook, idNetType == telex, window_);
     if (pSRec == nullptr)
         sendStored();
     EndDialog(pSRec == nullptr || handOver() ? std::int32_t{ok_button} : -1);
@@ -121,12 +128,13 @@ bool CDialogSendSelect::handOver() {
 }
 
 void CDialogSendSelect::sendStored() {
+    const std::vector<final_receiver> receivers = ppFinal;
     stored_sending sending(*pJournalForSend, telebook, sRecWork, is_checked(cover_page), window_);
     if (pDocIds[1] == 0)
-        sending.send(pDocIds[0], text(comment, send::comment_taken), ppFinal);
+        sending.send(pDocIds[0], text(comment, send::comment_taken), receivers);
     else
         for (std::size_t i = 0; pDocIds[i] != 0; ++i)
-            sending.send(pDocIds[i], storedComment(i), ppFinal);
+            sending.send(pDocIds[i], storedComment(i), receivers);
     sending.tellFailures();
 }
 

@@ -97,7 +97,7 @@ bool stored_sending::storeCover(std::int32_t made) {
     page_dat page{0, nullptr};
     if (ConvertLeadToCompressedFax(&page, &bitmap, 0) != 1)
         return refuse(not_sent);
-    record_.pages = 1; // the cover page alone: the server knows the document's own pages
+    ++record_.pages; // counts cover pages, of all jobs: the server knows each document's pages
     const std::int32_t stored = journal_.putDocPage(made, first_page, compressed_bitmap, &page);
     std::free(page.data);
     return stored == success || refuse(not_sent);

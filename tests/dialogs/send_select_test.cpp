@@ -146,16 +146,41 @@ TEST_F(SendDialog, AGroupThatCantBeReadIsToldAndTheOthersGoOn) {
     EXPECT_THAT(receivers(), ElementsAre("private:kunde2", "private:kunde1", "common:druckerei"));
 }
 
+// Each way the user gets through the dialog, and the document stays. Of the jobs, those before the
+// loss are out.
+TEST_F(SendDialog, AConnectionThatIsLostFailsTheJobAndKeepsTheDocument) {
+    const struct {
+        int procedure, nth;
+        std::size_t messages, sent;
+    } losses[] = {{79, 1, 2, 0}, {83, 1, 2, 0}, {104, 1, 1, 0}, {64, 1, 1, 0},
+                  {93, 1, 1, 0}, {82, 2, 0, 0}, {25, 1, 0, 0},  {25, 3, 0, 2}};
+    for (const auto& loss : losses) {
+        SCOPED_TRACE(loss.procedure);
+        const std::size_t jobs = server.jobs().size(), desk = server.desk("zerdix").size();
+        user.messages.clear();
+        server.drop(loss.procedure, loss.nth);
+        EXPECT_EQ(send_fax({click(2324), click(2326), double_click(2304, 1), type(2327, "5"),
+                            click(2333), click(2301)}),
+                  8);
+        EXPECT_EQ(user.messages, texts(loss.messages, told(1293)));
+        EXPECT_EQ(server.jobs().size() - jobs, loss.sent);
+        EXPECT_EQ(server.desk("zerdix").size() - desk, 1u);
+        EXPECT_EQ(pzerdix, nullptr);
+    }
+}
+
 TEST_F(SendDialog, MoreThanAThousandReceiversGrowTheArray) {
     for (const std::int32_t count : {1000, 1001}) {
         open_job_with_pages("");
-        steps done;
+        const char* first = nullptr;
+        steps done{[&first](dialog_view&) { first = ppReceiver[0]; }};
         for (std::int32_t i = 0; i < count; ++i)
             done = std::move(done) + steps{type(2327, std::to_string(i)), click(2333)};
         user.script(form, std::move(done) + steps{click(2301)});
         ASSERT_EQ(sendfax::run_send_dialog(), 0);
         EXPECT_EQ(lPDCountReceiver, count);
         EXPECT_EQ(sendfax::job().receiver_room, count);
+        EXPECT_EQ(ppReceiver[0], first) << "the block that the caller made";
         EXPECT_EQ(ppReceiver[count - 1], std::to_string(count - 1));
         ASSERT_EQ(DeleteFaxDoc(), 0);
     }
@@ -302,6 +327,46 @@ TEST_F(SendDialog, SidesBooksAndNewEntries) {
     EXPECT_EQ(kept("SendTeleSel0"), kept("SendTeleSel5"));
     EXPECT_EQ(kept("SendTGroupSel3"), "150");
     EXPECT_EQ(kept("TBookId"), "common");
+}
+
+// Whatever reaches the dialog while a handler waits for the server.
+TEST_F(SendDialog, OneHandlerAtATimeWorksOnTheLists) {
+    server.set_config("PHONEBOOKB", "4");
+    server.fill_book("many", 12);
+    platform::write_profile_string("Zerdix", "TBookId", "many");
+    int under_way = 0, searches = 0;
+    const auto meddle = [&] {
+        dialog_view* shown = user.open(form);
+        if (shown == nullptr || shown->find(2331)->list->row_count() == 0)
+            return;
+        ASSERT_EQ(under_way++, 0) << "a remote call within another";
+        shown->user_scrolls(2331);
+        shown->user_selects_row(2331, shown->find(2331)->list->row_count() - 1);
+        shown->user_clicks(2303);
+        shown->user_clicks(2326);
+        shown->user_picks_item(2310, 0);
+        if (user.open(1400) != nullptr && ++searches == 1)
+            user.post_command(shown->window(), 30021);
+        --under_way;
+    };
+    user.script(1400, {type(1403, "e00000? "), click(1401),
+                       [this](dialog_view&) {
+                           const auto& list = *user.open(form)->find(2331)->list;
+                           EXPECT_EQ(list.selected_row(), 1) << "the posted search came second";
+                           EXPECT_EQ(list.row_count(), 12);
+                       },
+                       click(1402)});
+    EXPECT_EQ(send_fax({click(2324), [&](dialog_view&) { user.at_remote_call = meddle; },
+                        select(2331, 3), click(2322),
+                        [&](dialog_view& shown) {
+                            user.at_remote_call = nullptr;
+                            expect_visible(shown, {2310, 2331}, true);
+                        },
+                        click(2302)}),
+              4);
+    EXPECT_EQ(kept("TBookId"), "many");
+    EXPECT_GT(searches, 1);
+    EXPECT_EQ(user.left_over(), 0u);
 }
 
 // A foreign message loop may let the driver call while the dialog runs.

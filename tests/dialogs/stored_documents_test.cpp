@@ -173,6 +173,25 @@ TEST_F(StoredDocuments, TheNetTypeIsThatOfTheReceiversOwnPick) {
     EXPECT_THAT(user.messages, ElementsAre(common::string_text_with(513, 1)));
 }
 
+// "OK" once more, and "Reset", from a loop that runs while "OK" looks at the group's members.
+TEST_F(StoredDocuments, OkRunsOnce) {
+    server.clear_calls();
+    bool meddled = false;
+    user.at_remote_call = [&] {
+        const auto calls = server.calls();
+        if (meddled || std::count(calls.begin(), calls.end(), 93) == 0)
+            return;
+        meddled = true;
+        user.open(form)->user_clicks(2301);
+        user.open(form)->user_clicks(2347);
+    };
+    std::vector<std::int32_t> ids{fax, second};
+    EXPECT_EQ(send(ids, three + steps{click(2326), double_click(2304, 1), click(2301)}), 2301);
+    EXPECT_TRUE(meddled);
+    EXPECT_THAT(server.jobs(), SizeIs(2 * 7));
+    EXPECT_THAT(user.messages, IsEmpty());
+}
+
 TEST_F(StoredDocuments, NothingToSendOrNoWindowIsNoDialog) {
     std::int32_t none = 0, one[] = {fax, 0};
     EXPECT_EQ(SendStoredDocuments(nullptr, &journal, &none, comments), -1);
