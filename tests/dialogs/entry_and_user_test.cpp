@@ -189,7 +189,13 @@ TEST_F(EntryAndUser, TheFirstUserIsSelectedUntilOneIsRemembered) {
     EXPECT_EQ(alpha, server.store().directory.server_name().view());
     expect_kept("zerdix", alpha);
 
-    EXPECT_EQ(choose_user({expect_row(1), [](dialog_view& shown) { shown.user_closes(); }}), 2452);
+    server.add_users(20); // between the two
+    const auto out_of_ten_into_view = [](dialog_view& shown) {
+        platform::row_rectangle place;
+        EXPECT_TRUE(shown.find(2453)->list->view->in_view(21, place));
+        shown.user_closes();
+    };
+    EXPECT_EQ(choose_user({expect_row(21), out_of_ten_into_view}), 2452);
     expect_kept("zerdix", alpha);
     EXPECT_THAT(user.log, ::testing::Contains("2450 focus 2453"));
 }

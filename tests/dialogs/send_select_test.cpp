@@ -126,7 +126,12 @@ TEST_F(SendDialog, ReceiversAreTypedPickedAndOfGroups) {
     EXPECT_EQ(send_fax({click(2324), select(2331, 1), click(2301)}), 0);
     EXPECT_EQ(receivers().back(), "common:buchhalt");
     const step priority_unknown = [this](dialog_view&) { server.fail(30); };
-    EXPECT_EQ(send_telex({click(2326), select(2304, 0), priority_unknown, click(2301)}), 0);
+    const step telexes_alone = [](dialog_view& shown) {
+        EXPECT_THAT(column(shown, 2331, 5), ElementsAre("Telex"));
+    };
+    EXPECT_EQ(send_telex({click(2324), telexes_alone, click(2326), select(2304, 0),
+                          priority_unknown, click(2301)}),
+              0);
     EXPECT_THAT(user.messages, ElementsAre(told(1203)));
     EXPECT_EQ(receivers().back(), "common:hansen");
     EXPECT_THAT(receivers(), SizeIs(7));
@@ -268,23 +273,27 @@ TEST_F(SendDialog, TheSearchLoadsTheRestAndGoesRound) {
             auto& list = *user.open(form)->find(2331)->list;
             EXPECT_EQ(list.row_count(), 31);
             EXPECT_EQ(list.selected_row(), row);
+            platform::row_rectangle place;
+            EXPECT_TRUE(list.view->in_view(row, place));
             EXPECT_TRUE(user.is_enabled(find.window()));
         };
     };
-    user.script(1400, {type(1403, "e0000?0 e"), click(1401), hit(0), click(1401), hit(10),
+    const auto missed = [this](std::int32_t id) {
+        return [this, id](dialog_view&) {
+            EXPECT_THAT(user.messages, ElementsAre(told(1465)));
+            user.messages.clear();
+            EXPECT_FALSE(user.is_enabled(user.open(form)->window()));
+            EXPECT_EQ(user.open(form)->find(id)->list->selected_row(), -1);
+        };
+    };
+    user.script(1400, {type(1403, "e0000?0\\+ e"), click(1401), hit(0), click(1401), hit(10),
                        click(1401), hit(20), click(1401), hit(30), click(1401), hit(0),
-                       type(1403, "Telex"), click(1401),
-                       [this](dialog_view&) {
-                           EXPECT_THAT(user.messages, ElementsAre(told(1465)));
-                           EXPECT_FALSE(user.is_enabled(user.open(form)->window()));
-                           user.messages.clear();
-                       },
-                       click(1402)});
+                       type(1403, "Telex"), click(1401), missed(2331), click(1402)});
     user.script(1400, {type(1403, "kunden"), click(1401),
                        [this](dialog_view&) {
                            EXPECT_EQ(user.open(form)->find(2304)->list->selected_row(), 1);
                        },
-                       click(1402)});
+                       type(1403, "nobody"), click(1401), missed(2304), click(1402)});
     EXPECT_EQ(
         send_fax({click(2324), click(2322),
                   [this](dialog_view& shown) { EXPECT_TRUE(user.is_enabled(shown.window())); },
