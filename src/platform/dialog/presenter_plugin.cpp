@@ -33,8 +33,9 @@ std::filesystem::path folder_of_this_library() {
 }
 
 std::vector<std::string> candidates() {
-    if (is_set("ZERDIX_DIALOGS"))
-        return {std::getenv("ZERDIX_DIALOGS")};
+    // A program that runs with rights of its own takes no code from its user.
+    if (const char* named = secure_getenv("ZERDIX_DIALOGS"); named != nullptr && *named != '\0')
+        return {named};
     const auto beside = folder_of_this_library();
     std::vector<std::string> paths = {beside / "zerdix" / file_name, beside / file_name};
 #ifdef ZERDIX_DIALOGS_FOLDER
