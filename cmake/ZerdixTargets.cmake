@@ -23,10 +23,10 @@ function(zerdix_room name)
   target_link_libraries(zx_${name} PUBLIC ${ROOM_LINKS} PRIVATE zerdix_flags)
 endfunction()
 
-# zerdix_test(NAME SOURCES file... [LINKS target...] [TIMEOUT seconds])
-# A GoogleTest program; every case in it becomes a test of ctest.
+# zerdix_test(NAME SOURCES file... [LINKS target...] [TIMEOUT seconds] [FILTER filter])
+# A GoogleTest program; every case in it that the filter lets through becomes a test of ctest.
 function(zerdix_test name)
-  cmake_parse_arguments(T "" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(T "" "TIMEOUT;FILTER" "SOURCES;LINKS" ${ARGN})
   if(NOT T_TIMEOUT)
     set(T_TIMEOUT 60)
   endif()
@@ -37,7 +37,7 @@ function(zerdix_test name)
     target_compile_options(${name} PRIVATE -Wno-maybe-uninitialized)
   endif()
   target_link_libraries(${name} PRIVATE ${T_LINKS} zerdix_flags GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${T_TIMEOUT}
+  gtest_discover_tests(${name} TEST_FILTER "${T_FILTER}" DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${T_TIMEOUT}
     ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/leaks.supp:print_suppressions=0"
     ENVIRONMENT_MODIFICATION "ZERDIX_INI=set:${CMAKE_BINARY_DIR}/tests/zerdix.ini")
 endfunction()
