@@ -49,6 +49,16 @@ inline std::string kept(const char* key) {
     return platform::profile_string("Zerdix", key, "", 80);
 }
 
+inline void expect_visible(dialog_view& shown, std::initializer_list<std::int32_t> ids,
+                           bool expected) {
+    for (const std::int32_t id : ids)
+        EXPECT_EQ(shown.find(id)->visible, expected) << id;
+}
+inline void expect_enabled(dialog_view& shown, std::initializer_list<std::int32_t> ids,
+                           bool expected) {
+    for (const std::int32_t id : ids)
+        EXPECT_EQ(shown.find(id)->enabled, expected) << id;
+}
 class SendDialog : public PrintJob {
   protected:
     static constexpr std::int32_t form = 2300;
