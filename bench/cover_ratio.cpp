@@ -10,18 +10,18 @@
 
 #include <zerdix/sendfax.h>
 
+#include "bench/direct_calls.h"
 #include "bench/heap_count.h"
 #include "bench/instant_server.h"
-#include "bench/measure.h"
 #include "cover/composer.h"
 #include "cover/state.h"
 #include "imaging/codec_calls.h"
 #include "imaging/owned_bitmap.h"
 #include "rpc/block_transfer.h"
-#include "rpc/wire/filter.h"
 #include "support/test_server.h"
 
 using namespace zerdix;
+using bench::encoded;
 using bench::require;
 
 namespace {
@@ -44,16 +44,6 @@ constexpr const char* commands = "#DRUCK#\n"
                                  "setfaxbarcode=150;1900;\n";
 
 using reply_list = std::vector<std::vector<char>>;
-
-template <class Record>
-std::vector<char> encoded(Record record) {
-    std::vector<char> buffer(1 << 16);
-    XDR stream;
-    xdrmem_create(&stream, buffer.data(), static_cast<u_int>(buffer.size()), XDR_ENCODE);
-    require(wire::filter(&stream, record), "encoding");
-    buffer.resize(xdr_getpos(&stream));
-    return buffer;
-}
 
 // The answers to the fetch of a picture: its size, then its blocks.
 template <class Answer>

@@ -16,7 +16,7 @@ using bytes_on_wire = std::vector<char>;
 
 // What a record of at most `most` bytes is on the wire.
 template <class Record>
-bytes_on_wire encoded(Record& record, std::size_t most = 64u << 10) {
+bytes_on_wire encoded(Record record, std::size_t most = 64u << 10) {
     bytes_on_wire buffer(most);
     XDR stream;
     xdrmem_create(&stream, buffer.data(), static_cast<u_int>(buffer.size()), XDR_ENCODE);

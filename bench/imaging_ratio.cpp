@@ -175,12 +175,5 @@ void announce_pages() {
 int main(int argc, char** argv) {
     bench::keep_to_one_processor();
     announce_pages();
-    bool reached = true;
-    for (int i = 1; i < argc; ++i)
-        reached = measure(argv[i], bench::page_of_file(argv[i])) && reached;
-    if (argc == 1) {
-        reached = measure("text page", bench::text_page());
-        reached = measure("dense page", bench::dense_page()) && reached;
-    }
-    return reached ? 0 : 1;
+    return bench::measure_pages(argc, argv, measure) ? 0 : 1;
 }

@@ -15,20 +15,20 @@
 
 #include <zerdix/sendfax.h>
 
+#include "bench/direct_calls.h"
 #include "bench/instant_server.h"
-#include "bench/measure.h"
 #include "bench/sample_pages.h"
 #include "imaging/codec_calls.h"
 #include "imaging/mirror.h"
 #include "imaging/owned_bitmap.h"
 #include "rpc/block_transfer.h"
-#include "rpc/wire/filter.h"
 #include "sendfax/job.h"
 #include "sendfax/page_preparers.h"
 #include "sendfax/page_rows.h"
 #include "support/test_server.h"
 
 using namespace zerdix;
+using bench::encoded;
 using bench::page_bytes;
 using bench::require;
 
@@ -38,16 +38,6 @@ constexpr int rounds = 60;
 constexpr double most = 1.3;
 constexpr std::int16_t letterhead_source = 1; // source 0 has none
 constexpr std::size_t header = sendfax::page_header_size;
-
-template <class Record>
-std::vector<char> encoded(Record record) {
-    std::vector<char> buffer(1 << 16);
-    XDR stream;
-    xdrmem_create(&stream, buffer.data(), static_cast<u_int>(buffer.size()), XDR_ENCODE);
-    require(wire::filter(&stream, record), "encoding");
-    buffer.resize(xdr_getpos(&stream));
-    return buffer;
-}
 
 std::vector<char> page_answer(std::size_t size, std::span<unsigned char> data) {
     return encoded(a_get_pageb_o{true,
@@ -161,12 +151,5 @@ int main(int argc, char** argv) {
     const test::client_environment environment{folder.path()};
     bench::keep_to_one_processor();
     const bench::instant_server server{answers(letterhead_page())};
-    bool reached = true;
-    for (int i = 1; i < argc; ++i)
-        reached = measure(argv[i], bench::page_of_file(argv[i])) && reached;
-    if (argc == 1) {
-        reached = measure("text page", bench::text_page());
-        reached = measure("dense page", bench::dense_page()) && reached;
-    }
-    return reached ? 0 : 1;
+    return bench::measure_pages(argc, argv, measure) ? 0 : 1;
 }

@@ -6,10 +6,10 @@
 // Files hold pages in stored form; without any it makes a text page and a dense one.
 //
 // In each round the page goes through StoreFaxPage, then its stored form through the codec alone,
-// then through the bare stubs, with everything ready made, what is asked for the user's letterheads,
-// the finished page's blocks and its log line. The best time of each counts. Freeing the codec's
-// output isn't counted as the codec's. The pages are the second and later ones of a job: the first
-// one makes the document besides.
+// then through the bare stubs, with everything ready made, what is asked for the user's
+// letterheads, the finished page's blocks and its log line. The best time of each counts. Freeing
+// the codec's output isn't counted as the codec's. The pages are the second and later ones of a
+// job: the first one makes the document besides.
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -161,12 +161,5 @@ int main(int argc, char** argv) {
     const test::client_environment environment{folder.path()};
     bench::keep_to_one_processor();
     const bench::instant_server server;
-    bool reached = true;
-    for (int i = 1; i < argc; ++i)
-        reached = measure(argv[i], bench::page_of_file(argv[i])) && reached;
-    if (argc == 1) {
-        reached = measure("text page", bench::text_page());
-        reached = measure("dense page", bench::dense_page()) && reached;
-    }
-    return reached ? 0 : 1;
+    return bench::measure_pages(argc, argv, measure) ? 0 : 1;
 }

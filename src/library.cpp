@@ -1,5 +1,5 @@
-// The shared library is the rooms, whole, and the one application object. Of the objects that are
-// made when the library is loaded it is the last but for those made here: the tracer goes first.
+// The shared library is the rooms, whole, and the one application object, which comes up when the
+// library is loaded. Of all that is made then the tracer alone comes before it.
 #include "dialogs/application.h"
 #include "dialogs/resources.h"
 #include "dialogs/send_dialog_bridge.h"

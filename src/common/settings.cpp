@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdlib>
 
+#include <zerdix/timetext.h>
+
 #include "platform/encoding.h"
 #include "platform/profile.h"
 
@@ -85,8 +87,11 @@ std::string setting_log_dir() {
     return read_bytes(log_dir);
 }
 
-std::string setting_language() {
-    return read_text(language);
+language_setting setting_language() {
+    language_setting fields{};
+    getTokens(',', "%20s%20s%20s", read_text(language).c_str(), fields.language.bytes,
+              fields.help_file.bytes, fields.library.bytes);
+    return fields;
 }
 
 std::string setting_dialog_size() {

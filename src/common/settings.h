@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include <zerdix/text.h>
+
 namespace zerdix::common {
 
 // Windows-1252, at most 29 characters.
@@ -24,8 +26,14 @@ std::string setting_trace_file();
 std::string setting_error_file();
 std::string setting_log_dir();
 
-// Language, help file and resource library with commas between them; Windows-1252.
-std::string setting_language();
+// The line that names language, help file and resource library with commas between them.
+// Windows-1252; each is cut to 20 characters.
+struct language_setting {
+    str20 language;
+    str20 help_file;
+    str20 library;
+};
+language_setting setting_language();
 
 // The first two characters of the form's size.
 std::string setting_dialog_size();

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include <zerdix/timetext.h>
 #include <zerdix/zerdix.h>
 
 #include "common/settings.h"
@@ -56,12 +55,12 @@ platform::font_description described(const common::font_setting& setting) {
 
 CZerdixApp::CZerdixApp() {
     the_application = this;
-    str20 library{};
-    getTokens(',', "%20s%20s%20s", common::setting_language().c_str(), pszLanguage.bytes,
-              pszHelpFile.bytes, library.bytes);
+    const common::language_setting line = common::setting_language();
+    pszLanguage = line.language;
+    pszHelpFile = line.help_file;
     set_language();
     choose_templates(common::setting_dialog_size());
-    load_resources(library.bytes);
+    load_resources(line.library.bytes);
     platform::SftTree_RegisterApp2(this);
     list_font_.description = described(common::setting_list_font());
 }

@@ -68,9 +68,7 @@ std::string beside_the_library(const std::string& name) {
 // The words that the library puts on the page are those of its resource library. What draws the
 // preview is a copy of that part of it, with a string table of its own.
 void use_words_of_the_library() {
-    str20 language{}, help_file{}, name{};
-    getTokens(',', "%20s%20s%20s", common::setting_language().c_str(), language.bytes,
-              help_file.bytes, name.bytes);
+    const str20 name = common::setting_language().library;
     platform::library_handle words = platform::LoadLibraryA(name.bytes);
     if (words == platform::file_not_found)
         words = platform::LoadLibraryA(beside_the_library(name.bytes).c_str());

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <limits>
-#include <string_view>
 
 #include <zerdix/journal.h>
 #include <zerdix/sendfax.h>
@@ -12,6 +10,7 @@
 #include <zerdix/zerdix.h>
 
 #include "error_log.h"
+#include "platform/dialog/presenter_plugin.h"
 #include "platform/encoding.h"
 #include "print/leftover.h"
 #include "shell/value_text.h"
@@ -94,21 +93,9 @@ std::size_t served_by_now(std::size_t all) {
                                   "--group");
 }
 
-bool is_set(const char* name) {
-    const char* value = std::getenv(name);
-    return value != nullptr && *value != '\0';
-}
-
 // What the dialog was asked for it has put into the record, and taken the document's id out.
 bool dialog_accepted(std::int32_t faxid) {
     return faxid != 0 && pa_s_rec->faxid == 0;
-}
-
-void require_dialog() {
-    const char* windows = std::getenv("ZERDIX_DIALOGS");
-    const bool screen = is_set("DISPLAY") || is_set("WAYLAND_DISPLAY") || is_set("QT_QPA_PLATFORM");
-    if (!screen || (windows != nullptr && std::string_view(windows) == "none"))
-        nobody_named();
 }
 
 std::string count_of_jobs(std::size_t made, std::size_t all) {
@@ -186,8 +173,8 @@ std::int32_t print_job::receivers() const {
 }
 
 void print_job::require_receivers_or_dialog() const {
-    if (receivers() == 0)
-        require_dialog();
+    if (receivers() == 0 && !platform::windows_are_wanted())
+        nobody_named();
 }
 
 std::optional<std::int32_t> print_job::send() {

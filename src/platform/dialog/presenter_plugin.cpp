@@ -19,11 +19,6 @@ bool is_set(const char* name) {
     return value != nullptr && *value != '\0';
 }
 
-// Spares a program without a screen the toolkit.
-bool display_is_named() {
-    return is_set("DISPLAY") || is_set("WAYLAND_DISPLAY") || is_set("QT_QPA_PLATFORM");
-}
-
 std::filesystem::path folder_of_this_library() {
     Dl_info info = {};
     if (dladdr(reinterpret_cast<const void*>(&load_presenter), &info) == 0)
@@ -47,7 +42,7 @@ std::vector<std::string> candidates() {
 // Never unloaded: the toolkit keeps state until the process ends.
 presenter_entry find_entry() {
     for (const auto& path : candidates()) {
-        if (path == "none" || path.front() != '/')
+        if (path.front() != '/')
             continue;
         void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
         void* entry = library != nullptr ? dlsym(library, "zerdix_presenter") : nullptr;
@@ -59,8 +54,16 @@ presenter_entry find_entry() {
 
 } // namespace
 
+// Spares a program without a screen the toolkit.
+bool windows_are_wanted() {
+    const char* windows = std::getenv("ZERDIX_DIALOGS");
+    if (windows != nullptr && std::string_view(windows) == "none")
+        return false;
+    return is_set("DISPLAY") || is_set("WAYLAND_DISPLAY") || is_set("QT_QPA_PLATFORM");
+}
+
 presenter* load_presenter() {
-    if (!display_is_named())
+    if (!windows_are_wanted())
         return nullptr;
     const presenter_entry entry = find_entry();
     return entry != nullptr ? entry(presenter_interface) : nullptr;

@@ -20,6 +20,10 @@ constexpr std::int32_t presenter_interface = 2;
 // windows, or when the interface isn't the one it was built for.
 using presenter_entry = presenter* (*)(std::int32_t interface);
 
+// Whether there is any use in looking for windows: a screen is named, and nobody has said that
+// there are to be none. The screen may still turn out not to be there.
+bool windows_are_wanted();
+
 // Loads it, or tries again where there was no display before. Null when there are no windows.
 presenter* load_presenter();
 
