@@ -2,14 +2,11 @@
 
 #include "dialogs/message.h"
 #include "dialogs/send_controls.h"
+#include "sending/group_members.h"
 
 namespace zerdix::dialogs {
 
 namespace {
-
-std::string text_of(const str10& field) {
-    return std::string{field.view()};
-}
 
 class expansion {
   public:
@@ -27,29 +24,16 @@ class expansion {
 
   private:
     void add_group(const recipient_pick& pick) {
-        const o_tgroup* group = telebook_.getTGroup(pick.text.c_str());
-        if (group == nullptr) {
+        const auto add = [&](const o_tgroupl& member, const o_tebul* entry) {
+            if (entry != nullptr && (!telexOnly_ || entry->nettype == NETTYPE_TELEX))
+                receivers.push_back({sending::receiver_string(member.tbookid, member.teleid),
+                                     pick.isGroup, pick.nettype});
+        };
+        const sending::group_end end = sending::read_group(telebook_, pick.text, add);
+        if (end == sending::group_end::no_group)
             showMessage(window_, send::no_group);
-            return;
-        }
-        if (group->groupid.empty())
-            return;
-        PTRLIST* members = telebook_.getTGroupEntries(pick.text.c_str(), 1);
-        if (members == nullptr) {
+        if (end == sending::group_end::no_members)
             showMessage(window_, send::no_members);
-            return;
-        }
-        for (std::uint32_t i = 0; i < members->getSize(); ++i)
-            add_member(*static_cast<const o_tgroupl*>((*members)[i]), pick);
-    }
-
-    void add_member(const o_tgroupl& member, const recipient_pick& pick) {
-        const std::string book = text_of(member.tbookid);
-        const std::string name = text_of(member.teleid);
-        const o_tebul* entry = telebook_.getTBookEntry(book.c_str(), name.c_str(), 1);
-        if (entry == nullptr || (telexOnly_ && entry->nettype != NETTYPE_TELEX))
-            return;
-        receivers.push_back({book + ':' + name, pick.isGroup, pick.nettype});
     }
 
     TELEBOOK& telebook_;

@@ -7,6 +7,7 @@
 
 #include "dialogs/send_select.h"
 #include "sendfax/send_dialog.h"
+#include "sending/outcome.h"
 
 namespace zerdix::dialogs {
 
@@ -41,5 +42,9 @@ std::int32_t SendStoredDocuments(void* parent, JOURNAL* journal, std::int32_t* d
     using namespace zerdix::dialogs;
     if (journal == nullptr || docIds == nullptr || docIds[0] == 0)
         return cannot_run;
-    return run(parent, journal, docIds, comments);
+    zerdix::sending::outcome& outcome = zerdix::sending::stored_outcome();
+    outcome.begin();
+    const std::int32_t ended = run(parent, journal, docIds, comments);
+    outcome.ended(ended);
+    return ended;
 }

@@ -1,13 +1,11 @@
 #include "dialogs/stored_sending.h"
 
-#include <cstdlib>
-
 #include "common/string_table.h"
-#include "cover/composer.h"
 #include "cover/state.h"
 #include "dialogs/message.h"
-#include "dialogs/telex_print.h"
 #include "imaging/owned_bitmap.h"
+#include "sending/telex_record.h"
+#include "sending/telex_sender.h"
 
 namespace zerdix::dialogs {
 
@@ -22,12 +20,10 @@ enum stored_text : std::int32_t {
     no_cover_page = 1469,
 };
 
-constexpr std::int32_t success = 0;
 constexpr std::int16_t first_page = 1;
 constexpr std::size_t told_limit = 199;
 
 // Picture types, and the bits of page 1 that stand for data of a kind.
-constexpr std::int16_t compressed_bitmap = 0;
 constexpr std::int16_t text_page = 4;
 constexpr std::int16_t telex_page = 6;
 constexpr std::int32_t telex_bit = 1 << telex_page;
@@ -43,8 +39,9 @@ void tell_count(std::int32_t stringId, std::int32_t count) {
 
 stored_sending::stored_sending(JOURNAL& journal, TELEBOOK& telebook, const a_s_rec& record,
                                bool withCover, platform::window_handle window)
-    : journal_(journal), telebook_(telebook), record_(record),
-      withCover_(withCover && record.nettype != NETTYPE_TELEX), window_(window) {
+    : journal_(journal), telebook_(telebook), record_(record), outcome_(sending::stored_outcome()),
+      steps_(journal_, record_, outcome_), withCover_(withCover && record.nettype != NETTYPE_TELEX),
+      window_(window) {
     if (withCover_)
         session_.emplace();
 }
@@ -58,12 +55,24 @@ void stored_sending::send(std::int32_t& document, std::string_view comment,
                           const std::vector<final_receiver>& receivers) {
     const std::int32_t original = document;
     record_.comment.assign(comment);
-    for (const final_receiver& receiver : receivers) {
-        record_.phone.assign(receiver.text);
+    const std::size_t first = name(receivers);
+    for (std::size_t i = 0; i < receivers.size(); ++i) {
+        receiver_ = first + i;
+        record_.phone.assign(receivers[i].text);
         if (withCover_ && !addCover(original, document))
             return;
-        sendTo(receiver, document);
+        sendTo(receivers[i], document);
     }
+}
+
+// All in front of the first one is sent, so that those of a failed cover page show as not tried.
+std::size_t stored_sending::name(const std::vector<final_receiver>& receivers) {
+    std::size_t first = 0;
+    for (std::size_t i = 0; i < receivers.size(); ++i) {
+        const std::size_t index = outcome_.name_receiver(receivers[i].text);
+        first = i == 0 ? index : first;
+    }
+    return first;
 }
 
 void stored_sending::tellFailures() const {
@@ -80,38 +89,36 @@ bool stored_sending::addCover(std::int32_t original, std::int32_t& document) {
 }
 
 bool stored_sending::copyOf(std::int32_t original, std::int32_t& made) {
-    made = journal_.makeDoc();
-    if (made == 0 || made == -1)
+    made = steps_.make_document();
+    if (made == sending::no_document)
         return refuse(not_made);
-    return journal_.copyDoc(TOPF_P, original, made) == success || refuse(not_copied);
+    return steps_.copy(original, made) || refuse(not_copied);
 }
 
 bool stored_sending::storeCover(std::int32_t made) {
     imaging::owned_bitmap bitmap;
-    if (cover::InsertCoverPage(&session_->object(), &journal_, &bitmap, &record_, made) != 1) {
+    if (!steps_.compose_cover(session_->object(), bitmap, made)) {
         refuse(no_cover_page);
-        journal_.delDoc(TOPF_P, made);
+        steps_.remove(made);
         return false;
     }
-    record_.faxid = made;
-    page_dat page{0, nullptr};
-    if (ConvertLeadToCompressedFax(&page, &bitmap, 0) != 1)
-        return refuse(not_sent);
-    ++record_.pages; // counts cover pages, of all jobs: the server knows each document's pages
-    const std::int32_t stored = journal_.putDocPage(made, first_page, compressed_bitmap, &page);
-    std::free(page.data);
-    return stored == success || refuse(not_sent);
+    // The record counts cover pages, of all jobs: the server knows each document's pages.
+    const auto pages = static_cast<std::int16_t>(record_.pages + 1);
+    return steps_.store_cover(bitmap, made, pages) == sending::sender::cover_end::stored ||
+           refuse(not_sent);
 }
 
 void stored_sending::sendTo(const final_receiver& receiver, std::int32_t document) {
+    const rpc::failed_call_mark calls;
     const a_get_inf_o* inf = journal_.getDocInf(TOPF_P, document, 0);
     if (inf == nullptr) {
+        outcome_.failed(ZX_STEP_INSPECT, calls.any_failed() ? rpc::call_failed : rpc::no_client);
         refuse(not_sent);
         return;
     }
     const std::int32_t mask = inf->pagemasks[0];
     if (lacksTelexData(receiver, mask))
-        ++failedTelex;
+        lacksData(failedTelex);
     else if (record_.nettype == NETTYPE_TELEX)
         sendTelex(document, mask);
     else
@@ -131,20 +138,42 @@ bool stored_sending::lacksTelexData(const final_receiver& receiver, std::int32_t
 
 void stored_sending::sendTelex(std::int32_t document, std::int32_t mask) {
     if ((mask & telex_data) == 0) {
-        ++failedTelex;
+        lacksData(failedTelex);
         return;
     }
     const std::int16_t type = (mask & telex_bit) != 0 ? telex_page : text_page;
     const page_dat* text = journal_.getDocPage(TOPF_P, document, first_page, type);
-    if (text == nullptr || text->size == 0 || !print_telex(journal_, *text, record_, type))
+    const bool has_text = text != nullptr && text->size != 0;
+    if (!has_text)
+        outcome_.failed(ZX_STEP_INSPECT, 0);
+    if (!has_text || !printTelex(*text, type))
         refuse(not_sent);
+}
+
+// A print document of its own for each receiver, in the name of the session's user. On a failure
+// what was made until then stays on the server.
+bool stored_sending::printTelex(const page_dat& text, std::int16_t type) {
+    sending::telex_sender telex(journal_, outcome_);
+    const std::int32_t document = telex.make_document();
+    if (document == sending::no_document)
+        return false;
+    std::string content = sending::control_record(record_, ZERDIX::clsGetUserId(),
+                                                  sending::telex_send_time(record_.sendtime));
+    content.append(reinterpret_cast<const char*>(text.data), text.size);
+    return telex.print(document, content, type, receiver_) == sending::telex_sender::end::printed &&
+           telex.remove(document);
 }
 
 void stored_sending::sendPages(std::int32_t document, std::int32_t mask) {
     if ((mask & fax_data) == 0)
-        ++failedFax;
-    else if (journal_.sendDoc(document, &record_) != success)
+        lacksData(failedFax);
+    else if (!steps_.send(document, receiver_))
         refuse(not_sent);
+}
+
+void stored_sending::lacksData(std::int32_t& count) {
+    ++count;
+    outcome_.failed(ZX_STEP_INSPECT, 0);
 }
 
 bool stored_sending::refuse(std::int32_t stringId) {

@@ -17,6 +17,7 @@
 
 #include "dialogs/recipients.h"
 #include "rpc/attached_object.h"
+#include "sending/sender.h"
 
 namespace zerdix::dialogs {
 
@@ -45,12 +46,18 @@ class stored_sending {
     void sendTo(const final_receiver& receiver, std::int32_t document);
     void sendPages(std::int32_t document, std::int32_t mask);
     void sendTelex(std::int32_t document, std::int32_t mask);
+    bool printTelex(const page_dat& text, std::int16_t type);
+    void lacksData(std::int32_t& count);
+    std::size_t name(const std::vector<final_receiver>& receivers);
     bool lacksTelexData(const final_receiver& receiver, std::int32_t mask);
     bool refuse(std::int32_t stringId);
 
     JOURNAL& journal_;
     TELEBOOK& telebook_;
     a_s_rec record_;
+    sending::outcome& outcome_;
+    sending::sender steps_;
+    std::size_t receiver_ = 0; // of the outcome, at hand
     bool withCover_;
     platform::window_handle window_;
     std::optional<rpc::attached_object> session_; // for the cover pages

@@ -6,6 +6,7 @@
 #include <zerdix/journal.h>
 
 #include "journal/print_user.h"
+#include "journal/sent_document.h"
 #include "rpc/call.h"
 #include "rpc/fields.h"
 
@@ -100,6 +101,10 @@ std::int32_t JOURNAL::setReadFlag(topftype pool, std::int32_t faxid) {
 // The answer is a long; anything but 0 is a success.
 std::int32_t JOURNAL::sendDoc(std::int32_t faxid, const a_s_rec* record) {
     return rpc::request<proc::a_send_doc_1>(by_object{pClient}, {user_id(), faxid, *record});
+}
+
+std::int32_t journal::sent_document() {
+    return wire::result_slot<proc::a_send_doc_1>::record;
 }
 
 std::int32_t JOURNAL::chgSRec(std::int32_t faxid, std::int16_t priority, const char* comment,

@@ -25,8 +25,15 @@ call_error settle_failed_call(client* handle) {
         clnt_destroy(handle);
         session().pclient = nullptr;
     }
-    return {error.re_status, socket_rc};
+    session().last_failed_call = {error.re_status, socket_rc};
+    ++session().failed_calls;
+    return session().last_failed_call;
 }
+
+call_error last_failed_call() {
+    return session().last_failed_call;
+}
+
 
 client* by_session::handle() const {
     client* present = session().pclient;

@@ -22,15 +22,22 @@ enum result : std::int32_t {
     no_client = 12,
 };
 
-// What is known of a failed call.
-struct call_error {
-    clnt_stat status;
-    std::int32_t socket_rc;
-};
-
 // Takes the error of the call that has just failed. When it timed out the handle is destroyed and
 // the session has none from then on.
 call_error settle_failed_call(client* handle);
+
+// The error of the last call that failed in this process.
+call_error last_failed_call();
+
+// Whether a remote call has failed since it was made, for operations that don't say so themselves.
+class failed_call_mark {
+  public:
+    failed_call_mark() : before_(session().failed_calls) {}
+    bool any_failed() const { return session().failed_calls != before_; }
+
+  private:
+    std::uint32_t before_;
+};
 
 class by_session {
   public:

@@ -6,9 +6,17 @@
 #ifndef ZERDIX_RPC_SESSION_H
 #define ZERDIX_RPC_SESSION_H
 
+#include <rpc/rpc.h>
+
 #include <zerdix/records.h>
 
 namespace zerdix::rpc {
+
+// What is known of a failed call.
+struct call_error {
+    clnt_stat status;
+    std::int32_t socket_rc; // errno
+};
 
 struct session_state {
     std::int32_t lLoginId = 0; // 0: not logged on
@@ -20,6 +28,8 @@ struct session_state {
     std::int32_t lJournalBlockSize = 0; // 0: not asked for yet
     std::int32_t lTelebookBlockSize = 0;
     a_user_rec* pauserrec = nullptr; // the user's defaults as last fetched, null: not yet
+    call_error last_failed_call{RPC_SUCCESS, 0};
+    std::uint32_t failed_calls = 0;
 };
 
 session_state& session();

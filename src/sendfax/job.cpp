@@ -6,6 +6,7 @@
 #include "common/settings.h"
 #include "cover/state.h"
 #include "imaging/page_forms.h"
+#include "rpc/call.h"
 #include "sendfax/receivers.h"
 #include "sendfax/trace_lines.h"
 
@@ -70,6 +71,7 @@ bool open_session(bool record_user) {
     if (pzerdix->GetClientAddr(ZERDIX::clsGetAlphaServer()) != nullptr)
         return true;
     trace_lines.error("TransmissionDlg(): Problems with RPC connection");
+    sending::job_outcome().failed(ZX_STEP_CONNECT, rpc::no_client);
     return false;
 }
 
@@ -80,6 +82,10 @@ void keep_own_identity() {
     own.user.assign(ZERDIX::clsGetUserId());
     own.alpha_server.assign(ZERDIX::clsGetAlphaServer());
     job().own_identity = own;
+}
+
+sending::sender job_sender() {
+    return {*job().pjournal, *pa_s_rec, sending::job_outcome()};
 }
 
 void forget_background() {

@@ -16,6 +16,7 @@
 #include <zerdix/zerdix.h>
 
 #include "imaging/bitmap.h"
+#include "sending/sender.h"
 
 namespace zerdix::sendfax {
 
@@ -62,6 +63,9 @@ bool is_sending();
 // none yet. False when no connection could be made; the objects stay. With `record_user` a user
 // that comes from the settings is noted in the send record.
 bool open_session(bool record_user);
+
+// The steps of the sending, on the job's document, record and outcome.
+sending::sender job_sender();
 
 // Pages get no letterhead until one is fetched anew.
 void forget_background();

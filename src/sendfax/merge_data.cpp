@@ -29,26 +29,38 @@ TELEBOOK& telebook() {
     return *books;
 }
 
+void remark(zx_remark_kind kind, const char* key, const char* value) {
+    sending::job_outcome().remark(kind, key, value);
+}
+
 // Leading digits count, and text without digits is 0. A number too big stays too big: it mustn't
 // come round into a range.
-int number_of(const char* value) {
+int number_of(const char* key, const char* value) {
     constexpr long lowest = std::numeric_limits<int>::min();
     constexpr long highest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(std::strtol(value, nullptr, 10), lowest, highest));
+    char* end = nullptr;
+    const long number = std::strtol(value, &end, 10);
+    if (end == value)
+        remark(ZX_REMARK_NO_NUMBER, key, value);
+    return static_cast<int>(std::clamp(number, lowest, highest));
 }
 
 void set_paper(const char* value) {
-    const int source = number_of(value);
+    const int source = number_of("PAPER", value);
     trace_lines.info("SetFaxMergeData: Paper source - <%d>", source);
     if (source >= 0 && source <= 9)
         job().sPaperSource = static_cast<std::int16_t>(source);
+    else
+        remark(ZX_REMARK_BAD_VALUE, "PAPER", value);
 }
 
 void set_priority(const char* value) {
-    const int priority = number_of(value);
+    const int priority = number_of("PRIORITY", value);
     trace_lines.info("SetFaxMergeData: Priority - <%d>", priority);
     if (priority >= 0 && priority <= 100)
         pa_s_rec->priority = send_priority(priority);
+    else
+        remark(ZX_REMARK_BAD_VALUE, "PRIORITY", value);
 }
 
 void set_resolution(const char* value) {
@@ -58,12 +70,23 @@ void set_resolution(const char* value) {
     } else if (std::strcmp(value, "FINE") == 0) {
         pa_s_rec->resolution = JOURNAL::clssetPCTFine();
         trace_lines.info("SetFaxMergeData: Resolution - fine");
+    } else {
+        remark(ZX_REMARK_BAD_VALUE, "RESOLUTION", value);
     }
 }
 
 void set_retries(const char* value) {
-    pa_s_rec->maxretries = static_cast<std::int16_t>(number_of(value));
+    const int retries = number_of("RETRIES", value);
+    pa_s_rec->maxretries = static_cast<std::int16_t>(retries);
+    if (pa_s_rec->maxretries != retries)
+        remark(ZX_REMARK_CUT, "RETRIES", value);
     trace_lines.info("SetFaxMergeData: Retries - <%d>", pa_s_rec->maxretries);
+}
+
+void set_time(const char* value) {
+    pa_s_rec->sendtime = str2time_t(value);
+    if (pa_s_rec->sendtime == 0)
+        remark(ZX_REMARK_BAD_TIME, "SENDTIME", value);
 }
 
 void set_send_time(const char* value) {
@@ -73,7 +96,7 @@ void set_send_time(const char* value) {
     else if (std::strcmp(value, "DELAYED") == 0)
         pa_s_rec->nighttariff = true;
     else
-        pa_s_rec->sendtime = str2time_t(value);
+        set_time(value);
 }
 
 void set_title(const char* value) {
@@ -148,6 +171,7 @@ extern "C" std::int32_t SetFaxMergeData(const char* text, std::int32_t length) {
         text != nullptr && length > 0 ? std::string(text, static_cast<std::size_t>(length)) : "";
     trace_lines.entry("<-- SetFaxMergeData: %s", copy.c_str());
     telebook();
+    sending::job_outcome().begin();
     const std::int32_t rc = handle_pairs(copy);
     trace_lines.exit("--> SetFaxMergeData: rc = %ld", rc);
     return rc;

@@ -6,6 +6,7 @@
 
 #include "imaging/mirror.h"
 #include "imaging/page_codec.h"
+#include "rpc/call.h"
 #include "sendfax/job.h"
 #include "sendfax/log_line.h"
 #include "sendfax/page_preparers.h"
@@ -28,8 +29,9 @@ using heap_bytes = std::unique_ptr<unsigned char, freed>;
 // later page makes another document.
 bool create_document(const job_log& log) {
     job_state& state = job();
-    state.lFaxid = state.pjournal->makeDoc();
-    if (state.lFaxid == 0 || state.lFaxid == -1) {
+    const std::int32_t made = sending::made_document(
+        sending::job_outcome(), [&state] { return state.lFaxid = state.pjournal->makeDoc(); });
+    if (made == sending::no_document) {
         trace_lines.error("StoreFaxPage(): Problems with RPC connection");
         return false;
     }
@@ -103,8 +105,10 @@ bool prepare_page(std::span<const unsigned char> block, std::int16_t paper_sourc
 bool store_page(const page_dat& page, const job_log& log) {
     job_state& state = job();
     ++state.sPageCount;
-    if (state.pjournal->putDocPage(state.lFaxid, state.sPageCount, compressed_bitmap, &page) !=
-        success) {
+    const std::int32_t rc =
+        state.pjournal->putDocPage(state.lFaxid, state.sPageCount, compressed_bitmap, &page);
+    if (rc != success) {
+        sending::job_outcome().failed(ZX_STEP_STORE, rc);
         trace_lines.error("-> StoreFaxPage(): Problems with RPC connection");
         return false;
     }
@@ -112,18 +116,27 @@ bool store_page(const page_dat& page, const job_log& log) {
     return true;
 }
 
+// `rc` is 8 when it was a remote call that failed.
+bool not_prepared(std::int32_t rc) {
+    sending::job_outcome().failed(ZX_STEP_PREPARE, rc);
+    return false;
+}
+
 bool take_page(std::span<const unsigned char> block, std::int16_t paper_source,
                const job_log& log) {
     if (job().lFaxid == NO_FAXID && !create_document(log))
         return false;
     if (!is_sound(block))
-        return false;
+        return not_prepared(0);
     if (job().sPageCount == 0)
         announce_pages(block.size());
     page_dat page{0, nullptr};
+    const rpc::failed_call_mark calls;
     const bool prepared = prepare_page(block, paper_source, page);
     const heap_bytes owned{page.data};
-    return prepared && store_page(page, log);
+    if (prepared)
+        return store_page(page, log);
+    return not_prepared(calls.any_failed() ? rpc::call_failed : 0);
 }
 
 } // namespace
@@ -131,12 +144,19 @@ bool take_page(std::span<const unsigned char> block, std::int16_t paper_source,
 extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::int16_t page_index,
                                      std::int16_t paper_source) {
     const job_log log{"StoreFaxPage()", std::time(nullptr)};
-    if (pzerdix == nullptr && !open_session(false))
-        return failure;
+    if (pzerdix == nullptr) {
+        sending::job_outcome().begin();
+        if (!open_session(false)) {
+            sending::job_outcome().failed_so_far(failure);
+            return failure;
+        }
+    }
     trace_lines.entry("<-- StoreFaxPage(): Size of Bitmap: %ld Page Index: %hd", size, page_index);
     const std::size_t bytes = block != nullptr && size > 0 ? static_cast<std::size_t>(size) : 0;
     const bool taken =
         take_page({static_cast<const unsigned char*>(block), bytes}, paper_source, log);
+    if (!taken)
+        sending::job_outcome().failed_so_far(failure);
     trace_lines.exit("--> StoreFaxPage():");
     return taken ? success : failure;
 }
@@ -148,12 +168,14 @@ extern "C" std::int32_t DeleteFaxDoc() {
         return failure;
     }
     const bool has_document = job().lFaxid != NO_FAXID && job().pjournal != nullptr;
-    if (has_document && job().pjournal->delDoc(TOPF_P, job().lFaxid) != success) {
+    if (has_document && !job_sender().remove(job().lFaxid)) {
+        sending::job_outcome().failed_so_far(failure);
         trace_lines.error("-> DeleteFaxDoc(): Problems with deleting document");
         trace_lines.exit("--> DeleteFaxDoc():");
         return failure;
     }
     close_job();
+    sending::job_outcome().ended(success);
     trace_lines.exit("--> -> DeleteFaxDoc(): OK");
     return success;
 }

@@ -22,20 +22,20 @@ void mark_unread(std::int32_t document) {
         trace_lines.warning("SendFaxDoc(): Problems with setting bif flag");
 }
 
-// A new document on the target user's desk; 0 or -1 on failure.
+// A new document on the target user's desk; no_document on failure.
 std::int32_t make_target_document() {
     pzerdix->setUserId(userid);
     if (alphaid[0] != '\0')
         pzerdix->setAlphaserver(alphaid);
-    const std::int32_t document = job().pjournal->makeDoc();
-    if (document == 0 || document == -1)
+    const std::int32_t document = job_sender().make_document();
+    if (document == sending::no_document)
         trace_lines.error("SendFaxDoc(): (makedoc) Problems with RPC connection");
     return document;
 }
 
 bool copy_document(std::int32_t document) {
     pzerdix->setUserId(administrator);
-    if (job().pjournal->copyDoc(TOPF_P, job().lFaxid, document) == success)
+    if (job_sender().copy(job().lFaxid, document))
         return true;
     trace_lines.error("SendFaxDoc(): (copydoc) Problems with RPC connection");
     return false;
@@ -69,6 +69,7 @@ bool pool_delivery::deliver(const job_log& log) const {
 void pool_delivery::deliver_to_own_desk(const job_log& log) const {
     mark_unread(job().lFaxid);
     log.document_completed(job().lFaxid);
+    sending::job_outcome().put_on_desk(job().lFaxid);
     clear_target();
 }
 
@@ -76,8 +77,9 @@ bool pool_delivery::deliver_to_other_desk(const job_log& log) const {
     trace_lines.info("SendFaxDoc(): Creation of a new pool document for %s on %s is requested",
                      userid, alphaid);
     const std::int32_t document = make_target_document();
-    const bool copied = document != 0 && document != -1 && copy_document(document);
+    const bool copied = document != sending::no_document && copy_document(document);
     if (copied) {
+        sending::job_outcome().put_on_desk(document);
         mark_unread(document);
         log.document_completed(document);
         log.document_created(document, userid, ZERDIX::clsGetAlphaServer());
@@ -88,7 +90,7 @@ bool pool_delivery::deliver_to_other_desk(const job_log& log) const {
     if (!copied)
         return false;
     clear_target();
-    if (job().pjournal->delDoc(TOPF_P, job().lFaxid) == success)
+    if (job_sender().remove(job().lFaxid))
         return true;
     trace_lines.error("->SendFaxDoc(): Problems with deleting document");
     return false;

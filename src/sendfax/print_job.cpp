@@ -32,11 +32,13 @@ extern "C" std::int32_t TransmissionDlg(void* parent, const char* title, std::in
         trace_lines.exit("--> TransmissionDlg():");
         return declined;
     }
+    sending::job_outcome().begin();
     job().lFaxid = NO_FAXID;
     job().sPaperSource = 0;
     job().hParentWnd = parent;
     *pa_s_rec = a_s_rec{};
     if (!open_session(true)) {
+        sending::job_outcome().failed_so_far(failure);
         trace_lines.exit("--> TransmissionDlg():");
         return failure;
     }

@@ -40,9 +40,10 @@ std::int32_t ask_user() {
     if (rc == declined) {
         trace_lines.warning("SendFaxDoc(): SendDialog cancelled");
         trace_lines.info("SendFaxDoc(): Delete temporary fax doc: %ld", job().lFaxid);
-        if (job().pjournal->delDoc(TOPF_P, job().lFaxid) != success)
+        if (!job_sender().remove(job().lFaxid))
             trace_lines.error("SendFaxDoc(): Problems with deleting document");
     } else if (rc != success) {
+        sending::job_outcome().failed(ZX_STEP_DIALOG, 0);
         trace_lines.error("SendFaxDoc(): RC returned from CallSendDialog(): %ld", rc);
     }
     return rc;
@@ -54,6 +55,7 @@ std::int32_t count_receivers() {
     while (count < lPDCountReceiver && ppReceiver[count] != nullptr && ppReceiver[count][0] != '\0')
         ++count;
     trace_lines.info("SendFaxDoc(): Number of receivers: %ld", count);
+    sending::job_outcome().name_receivers({ppReceiver, ppReceiver + count});
     return count;
 }
 
@@ -65,7 +67,7 @@ bool send_to_receiver(std::int32_t index, const job_log& log) {
             log.document_completed(job().lFaxid);
         job().fLogCompleted = 0;
         pa_s_rec->pages = job().sPageCount;
-        if (job().pjournal->sendDoc(job().lFaxid, pa_s_rec) != success) {
+        if (!job_sender().send(job().lFaxid, static_cast<std::size_t>(index))) {
             trace_lines.error("SendFaxDoc(): Problems with sending document");
             return false;
         }
@@ -79,7 +81,7 @@ bool delete_sent_document(const job_log& log) {
     if (fCoverpage != 0)
         return true;
     log.document_deleted(job().lFaxid);
-    if (job().pjournal->delDoc(TOPF_P, job().lFaxid) == success)
+    if (job_sender().remove(job().lFaxid))
         return true;
     trace_lines.error("->SendFaxDoc(): Problems with deleting document");
     return false;
@@ -117,8 +119,9 @@ std::int32_t send_job() {
     return deliver(log) ? success : failure;
 }
 
-void end_job() {
+void end_job(std::int32_t rc) {
     close_job();
+    sending::job_outcome().ended(rc);
     job().fLogCompleted = 1;
     job().fSendActive = 0;
 }
@@ -139,11 +142,11 @@ extern "C" std::int32_t SendFaxDoc() {
     trace_job();
     if (job().lFaxid == NO_FAXID) {
         trace_lines.exit("--> SendFaxDoc(): for an empty page we make no action");
-        end_job();
+        end_job(success);
         return success;
     }
     const std::int32_t rc = send_job();
-    end_job();
+    end_job(rc);
     trace_lines.exit("--> SendFaxDoc()");
     return rc;
 }

@@ -2,12 +2,14 @@
 
 #include <new>
 #include <string>
+#include <vector>
 
 #include "sendfax/job.h"
 #include "sendfax/receivers.h"
 #include "sendfax/send_dialog.h"
-#include "sendfax/telex_record.h"
 #include "sendfax/trace_lines.h"
+#include "sending/telex_record.h"
+#include "sending/telex_sender.h"
 
 using namespace zerdix;
 using namespace zerdix::sendfax;
@@ -20,8 +22,10 @@ std::int32_t ask_user() {
     const std::int32_t rc = run_send_dialog();
     if (rc == declined)
         trace_lines.warning("SendTelex(): SendDialog cancelled");
-    else if (rc != success)
+    if (rc != success && rc != declined) {
+        sending::job_outcome().failed(ZX_STEP_DIALOG, 0);
         trace_lines.error("SendTelex(): RC returned from CallSendDialog(): %ld", rc);
+    }
     return rc;
 }
 
@@ -45,54 +49,68 @@ bool connection_problem() {
 bool make_print_document() {
     if (job().lFaxid != NO_FAXID)
         return true;
-    job().lFaxid = job().pjournal->makePrintDoc();
-    if (job().lFaxid == 0 || job().lFaxid == -1)
+    const std::int32_t made = sending::made_document(
+        sending::job_outcome(), [] { return job().lFaxid = job().pjournal->makePrintDoc(); });
+    if (made == sending::no_document)
         return connection_problem();
     pa_s_rec->faxid = job().lFaxid;
     trace_lines.info("SendTelex(): Faxid of created document: %ld", job().lFaxid);
     return true;
 }
 
-bool print_page(std::string& content) {
-    const page_dat page{static_cast<std::uint32_t>(content.size()),
-                        reinterpret_cast<unsigned char*>(content.data())};
-    JOURNAL& journal = *job().pjournal;
-    if (journal.putPrintDocPage(job().lFaxid, 1, telex_page, &page) != success)
-        return connection_problem();
-    const std::int32_t rc = journal.printPrintDoc(TOPF_P, job().lFaxid, 1, 1, telex_printer, 1);
-    if (rc == declined) {
+sending::telex_sender telex_steps() {
+    return {*job().pjournal, sending::job_outcome()};
+}
+
+bool print_page(std::string& content, std::size_t receiver) {
+    switch (telex_steps().print(job().lFaxid, content, telex_page, receiver)) {
+    case sending::telex_sender::end::printed:
+        trace_lines.info("SendTelex(): Document will be printed");
+        return true;
+    case sending::telex_sender::end::refused:
         trace_lines.error("SendTelex(): Document could not be printed");
         return false;
-    }
-    if (rc != success)
+    default:
         return connection_problem();
-    trace_lines.info("SendTelex(): Document will be printed");
-    return true;
+    }
 }
 
 // `content` is the work buffer: it has room for both, and serves all receivers.
-bool print_for(const char* receiver, std::string_view text, const std::string& time,
-               std::string& content) {
+bool print_for(const char* receiver, std::size_t index, std::string_view text,
+               const std::string& time, std::string& content) {
     trace_lines.info("SendTelex(): Receiver: <%s>", receiver);
     if (userid[0] == '\0')
         pa_s_rec->phone.assign(receiver);
     const char* user = userid[0] != '\0' ? userid : ZERDIX::clsGetUserId();
-    const std::string control = control_record(*pa_s_rec, user, time);
+    const std::string control = sending::control_record(*pa_s_rec, user, time);
     trace_lines.info("SendTelex(): Controlrecord: %s", control.c_str());
     content.assign(control).append(text); // a copy: taking the string over would drop the buffer
-    return print_page(content);
+    return print_page(content, index);
+}
+
+bool is_named(std::int32_t index) {
+    return ppReceiver[index] != nullptr && ppReceiver[index][0] != '\0';
+}
+
+std::vector<std::string> named_receivers() {
+    std::vector<std::string> names;
+    for (std::int32_t i = 0; i < lPDCountReceiver; ++i)
+        if (is_named(i))
+            names.emplace_back(ppReceiver[i]);
+    return names;
 }
 
 // First receiver to last; the page is stored anew for each.
 bool print_for_all(std::string_view text) {
     std::string content;
-    content.reserve(text.size() + control_record_room);
-    const std::string time = telex_send_time(pa_s_rec->sendtime);
+    content.reserve(text.size() + sending::control_record_room);
+    const std::string time = sending::telex_send_time(pa_s_rec->sendtime);
     trace_lines.info("SendTelex(): lPDCountReceiver: %ld", lPDCountReceiver);
+    std::size_t index = sending::job_outcome().name_receivers(named_receivers());
     for (std::int32_t i = 0; i < lPDCountReceiver; ++i) {
-        if (ppReceiver[i] == nullptr || ppReceiver[i][0] == '\0')
+        if (!is_named(i))
             continue;
-        if (!print_for(ppReceiver[i], text, time, content))
+        if (!print_for(ppReceiver[i], index++, text, time, content))
             return false;
         release_receiver(i);
     }
@@ -101,12 +119,17 @@ bool print_for_all(std::string_view text) {
 }
 
 bool delete_print_document() {
-    return job().pjournal->delPrintDoc(TOPF_P, job().lFaxid) == success || connection_problem();
+    return telex_steps().remove(job().lFaxid) || connection_problem();
 }
 
 // False leaves the job open, for DeleteFaxDoc to end it.
 bool print_telex(std::string_view text) {
     return make_print_document() && print_for_all(text) && delete_print_document();
+}
+
+void end_job(std::int32_t rc) {
+    close_job();
+    sending::job_outcome().ended(rc);
 }
 
 std::int32_t send_telex(std::string_view text) {
@@ -121,14 +144,16 @@ std::int32_t send_telex(std::string_view text) {
     if (ppReceiver == nullptr) {
         const std::int32_t rc = ask_user();
         if (rc != success) {
-            close_job();
+            end_job(rc);
             return rc;
         }
         speak_as_pool_user();
     }
-    if (!print_telex(text))
+    if (!print_telex(text)) {
+        sending::job_outcome().failed_so_far(failure);
         return failure;
-    close_job();
+    }
+    end_job(success);
     return success;
 }
 

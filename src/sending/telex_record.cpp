@@ -1,9 +1,9 @@
-#include "sendfax/telex_record.h"
+#include "sending/telex_record.h"
 
 #include <zerdix/timetext.h>
 #include <zerdix/zerdix.h>
 
-namespace zerdix::sendfax {
+namespace zerdix::sending {
 
 // An unknown language leaves the texts as they are.
 std::string telex_send_time(std::int32_t sendtime) {
@@ -24,4 +24,4 @@ std::string control_record(const a_s_rec& record, std::string_view user, const s
     return line;
 }
 
-} // namespace zerdix::sendfax
+} // namespace zerdix::sending

@@ -1,7 +1,7 @@
 // A telex as the server takes it: a page of a print document that begins with a control record and
 // is printed on a printer of the server that stands for the telex line.
-#ifndef ZERDIX_SENDFAX_TELEX_RECORD_H
-#define ZERDIX_SENDFAX_TELEX_RECORD_H
+#ifndef ZERDIX_SENDING_TELEX_RECORD_H
+#define ZERDIX_SENDING_TELEX_RECORD_H
 
 #include <cstddef>
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 #include <zerdix/records.h>
 
-namespace zerdix::sendfax {
+namespace zerdix::sending {
 
 constexpr const char* telex_printer = ".zerdixpr";
 constexpr std::size_t control_record_room = 300;
@@ -23,6 +23,6 @@ std::string telex_send_time(std::int32_t sendtime);
 // of the record) and when.
 std::string control_record(const a_s_rec& record, std::string_view user, const std::string& time);
 
-} // namespace zerdix::sendfax
+} // namespace zerdix::sending
 
 #endif
