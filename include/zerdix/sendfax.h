@@ -60,10 +60,15 @@ ZX_API int32_t SetFaxMergeData(const char* text, int32_t length);
  * in bit 7, a set bit white. `size` is the block's length in bytes, header included, and must cover
  * the header and all rows. The caller keeps the block, which isn't changed.
  *
- * Pages are numbered in the order of the calls; `page_index` is only traced. `paper_source`, 0 to
- * 9, selects the letterhead, unless merge data named one above 0.
+ * The width must be a multiple of 8, and neither width nor height may be 0. A fax line is 1,728
+ * pixels wide; a page has 204 pixels to the inch across and 196 down, and nothing here scales it. A
+ * page that is wider than high is turned, its top to the left.
  *
- * 0: the page is on the server. 8: any failure; the job stays open. */
+ * Pages are numbered in the order of the calls, up to 32,767; `page_index` is only traced.
+ * `paper_source`, 0 to 9, selects the letterhead, unless merge data named one above 0.
+ *
+ * 0: the page is on the server. 8: any failure; the job stays open. A page that was refused for its
+ * block doesn't count; one that the server didn't take does. */
 ZX_API int32_t StoreFaxPage(const void* block, int32_t size, int16_t page_index,
                             int16_t paper_source);
 

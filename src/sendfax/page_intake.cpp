@@ -1,6 +1,7 @@
 // Taking in the pages of a print job, and giving a job up.
 
 #include <cstdlib>
+#include <limits>
 #include <memory>
 #include <span>
 
@@ -49,10 +50,25 @@ bool is_sound(std::span<const unsigned char> block) {
     }
     const page_size size = read_page_size(block);
     trace_lines.info("StoreFaxPage(): Width: %ld Height %ld", size.width, size.height);
+    if (!size.is_storable()) {
+        trace_lines.error("StoreFaxPage(): A page of %lu by %lu pixels can't be stored: the width "
+                          "must be a multiple of 8, and neither may be 0",
+                          size.width, size.height);
+        return false;
+    }
     if (size.covered_by(block.size()))
         return true;
     trace_lines.error("StoreFaxPage(): The page block of %lu bytes doesn't cover its rows",
                       static_cast<std::uint32_t>(block.size()));
+    return false;
+}
+
+// The count and the number of a page are 16 bits wide, on the wire too.
+bool is_room_for_a_page() {
+    constexpr std::int16_t most_pages = std::numeric_limits<std::int16_t>::max();
+    if (job().sPageCount < most_pages)
+        return true;
+    trace_lines.error("StoreFaxPage(): A document holds %hd pages at most", most_pages);
     return false;
 }
 
@@ -116,7 +132,7 @@ bool take_page(std::span<const unsigned char> block, std::int16_t paper_source,
                const job_log& log) {
     if (job().lFaxid == NO_FAXID && !create_document(log))
         return false;
-    if (!is_sound(block))
+    if (!is_sound(block) || !is_room_for_a_page())
         return false;
     if (job().sPageCount == 0)
         announce_pages(block.size());

@@ -79,10 +79,42 @@ TEST_F(PageFault, ABlockThatDoesNotCoverItsRowsIsRefused) {
     EXPECT_EQ(StoreFaxPage(nullptr, 100, 0, 0), 8);
     auto huge = good; // rows of which the product wraps 32 bits
     std::memset(huge.data(), 0xFF, 8);
+    huge[3] = 0xF8;
     EXPECT_EQ(store(huge), 8);
     EXPECT_THAT(error_log(), HasSubstr("doesn't cover its rows"));
     EXPECT_EQ(sendfax::job().sPageCount, 0);
     EXPECT_EQ(store(good), 0);
+}
+
+// The blocks cover their rows of width / 8 bytes.
+TEST_F(PageFault, APageThatNobodyCouldReadBackIsRefused) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    server.clear_calls();
+    for (const auto& [width, height] :
+         {std::pair{1001u, 100u}, {7u, 100u}, {1729u, 1u}, {0u, 100u}, {80u, 0u}, {0u, 0u}}) {
+        SCOPED_TRACE(std::to_string(width) + " by " + std::to_string(height));
+        EXPECT_EQ(store(driver_block(width, height)), 8);
+        EXPECT_THAT(error_log(), HasSubstr("A page of " + std::to_string(width) + " by " +
+                                           std::to_string(height) + " pixels can't be stored"));
+    }
+    EXPECT_EQ(server.calls(), calls{});
+    EXPECT_EQ(sendfax::job().sPageCount, 1);
+}
+
+// Pages are counted in 16 bits; the number after 32,767 would be a negative one.
+TEST_F(PageFault, APageBeyondTheCountIsRefused) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    sendfax::job().sPageCount = 32766;
+    server.clear_calls();
+    store(driver_block(80, 100));
+    EXPECT_EQ(server.calls(), (calls{30, 60})) << "page 32,767 goes to the server";
+    server.clear_calls();
+    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(server.calls(), calls{});
+    EXPECT_EQ(sendfax::job().sPageCount, 32767);
+    EXPECT_THAT(error_log(), HasSubstr("StoreFaxPage(): A document holds 32767 pages at most"));
 }
 
 struct send_fault {
