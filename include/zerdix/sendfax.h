@@ -3,7 +3,8 @@
  *     TransmissionDlg(window, "Title", 1);          open a job
  *     SetFaxMergeData(text, length);                receivers and settings, at any time
  *     StoreFaxPage(block, size, 0, 0);              once for each page
- *     SendFaxDoc();                                 or SendTelex, or DeleteFaxDoc
+ *     SendFaxDoc();                                 or SendTelex, or DeleteFaxDoc; AbandonFaxDoc
+ *                                                   where that one fails
  *
  * Conventions
  *
@@ -88,8 +89,19 @@ ZX_API int32_t SendTelex(const char* text, int32_t size);
 
 /* Gives the job up: takes its document off the server and ends the job. 0, or 8 when the document
  * couldn't be deleted or while the job is being sent: the windows of SendFaxDoc run a message loop.
- * The job then stays open and the call can be repeated. */
+ * The job then stays open and the call can be repeated; where that doesn't help, AbandonFaxDoc
+ * does. */
 ZX_API int32_t DeleteFaxDoc(void);
+
+/* Forgets the job without a word to the server: for a job that DeleteFaxDoc can't end, because the
+ * connection is gone (it isn't made anew within a job) or the server never made the document. The
+ * next TransmissionDlg connects anew.
+ *
+ * The id of the document that stays behind on the desk of the job's user, with what pages it has; of
+ * a telex it is a print document of the server's. 0 when there is none, or none that is known: one
+ * whose creation got no answer may be there all the same. -1, and nothing is done, while the job is
+ * being sent or its dialog runs. */
+ZX_API int32_t AbandonFaxDoc(void);
 
 /* The state of the job, for dialogs and drivers that look at it. Owned by the library; valid from
  * TransmissionDlg to the end of the job, pa_s_rec always. */

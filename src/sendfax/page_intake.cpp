@@ -142,6 +142,12 @@ bool take_page(std::span<const unsigned char> block, std::int16_t paper_source,
     return prepared && store_page(page, log);
 }
 
+// The job's document as far as it is known; a creation that failed has left a 0 or a -1.
+std::int32_t known_document() {
+    const std::int32_t id = job().lFaxid;
+    return id == NO_FAXID || id == -1 ? 0 : id;
+}
+
 } // namespace
 
 extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::int16_t page_index,
@@ -172,4 +178,18 @@ extern "C" std::int32_t DeleteFaxDoc() {
     close_job();
     trace_lines.exit("--> -> DeleteFaxDoc(): OK");
     return success;
+}
+
+extern "C" std::int32_t AbandonFaxDoc() {
+    trace_lines.entry("<-- AbandonFaxDoc() -  Faxid: %ld", job().lFaxid);
+    if (is_sending()) {
+        trace_lines.exit("--> AbandonFaxDoc(): job is being sent");
+        return -1;
+    }
+    const std::int32_t left = known_document();
+    close_job();
+    if (left != 0)
+        trace_lines.error("AbandonFaxDoc(): Document %ld stays on the server", left);
+    trace_lines.exit("--> AbandonFaxDoc(): %ld", left);
+    return left;
 }

@@ -191,5 +191,58 @@ TEST_F(PrintJob, AJobWithoutConnectionIsStuckUntilGivenUp) {
     EXPECT_EQ(pzerdix, nullptr);
 }
 
+// A long-lived driver on a job that DeleteFaxDoc can't end: it gives the id of the document that it
+// leaves behind, and the next job goes well.
+class AbandonedJob : public PrintJob {
+  protected:
+    AbandonedJob() { TransmissionDlg(nullptr, "Angebot", 1); }
+
+    std::int32_t abandon() {
+        EXPECT_EQ(DeleteFaxDoc(), 8);
+        EXPECT_EQ(DeleteFaxDoc(), 8) << "it can be repeated, to no avail";
+        EXPECT_EQ(TransmissionDlg(nullptr, "Next", 1), 4);
+        server.clear_calls();
+        const std::int32_t left = AbandonFaxDoc();
+        EXPECT_EQ(server.calls(), calls{}) << "the server isn't asked";
+        EXPECT_EQ(AbandonFaxDoc(), 0) << "there is no job any more";
+        return left;
+    }
+
+    void expect_next_job_to_go_well() {
+        open_job_with_pages("#PHONE 1#");
+        EXPECT_EQ(SendFaxDoc(), 0);
+        EXPECT_THAT(server.jobs(), SizeIs(1));
+    }
+};
+
+TEST_F(AbandonedJob, WhoseServerWasGoneForAMoment) {
+    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    ASSERT_EQ(merge("#PHONE 2#"), 0);
+    const auto desk = server.desk("zerdix");
+    ASSERT_THAT(desk, SizeIs(1));
+    server.drop(60);
+    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(abandon(), desk[0].id);
+    EXPECT_THAT(error_log(), HasSubstr("AbandonFaxDoc(): Document " + std::to_string(desk[0].id) +
+                                       " stays on the server"));
+    expect_next_job_to_go_well();
+    EXPECT_THAT(server.desk("zerdix"), SizeIs(1));
+}
+
+TEST_F(AbandonedJob, WhoseDocumentWasNeverMade) {
+    server.refuse(3);
+    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(abandon(), 0);
+    expect_next_job_to_go_well();
+}
+
+// Takes the full 25 seconds.
+TEST_F(AbandonedJob, ThatMetOneTimeOut) {
+    server.stall(60, 1, 27);
+    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(abandon(), server.desk("zerdix").at(0).id);
+    expect_next_job_to_go_well();
+}
+
 } // namespace
 } // namespace zerdix::testing
