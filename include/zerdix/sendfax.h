@@ -68,8 +68,9 @@ ZX_API int32_t SetFaxMergeData(const char* text, int32_t length);
  * Pages are numbered in the order of the calls, up to 32,767; `page_index` is only traced.
  * `paper_source`, 0 to 9, selects the letterhead, unless merge data named one above 0.
  *
- * 0: the page is on the server. 8: any failure; the job stays open. A page that was refused for its
- * block doesn't count; one that the server didn't take does. */
+ * 0: the page is on the server. 8: any failure, also while the job is being sent or its dialog runs;
+ * the job stays open. A page that was refused for its block doesn't count; one that the server
+ * didn't take does. */
 ZX_API int32_t StoreFaxPage(const void* block, int32_t size, int16_t page_index,
                             int16_t paper_source);
 

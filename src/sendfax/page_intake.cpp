@@ -156,6 +156,11 @@ extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::
     if (pzerdix == nullptr && !open_session(false))
         return failure;
     trace_lines.entry("<-- StoreFaxPage(): Size of Bitmap: %ld Page Index: %hd", size, page_index);
+    if (is_sending()) {
+        trace_lines.error("StoreFaxPage(): the job is being sent and takes no more pages");
+        trace_lines.exit("--> StoreFaxPage():");
+        return failure;
+    }
     const std::size_t bytes = block != nullptr && size > 0 ? static_cast<std::size_t>(size) : 0;
     const bool taken =
         take_page({static_cast<const unsigned char*>(block), bytes}, paper_source, log);
