@@ -35,8 +35,13 @@ struct a_s_rec;
 /* Opens a job. `parent` is handed to the send dialog as its parent and may be null. `title` becomes
  * the document's comment, cut to 30 characters. `fax` isn't 0 for a fax job, 0 for a telex job.
  *
+ * It asks the server for its time zone and makes that the zone of the process (TZ in the
+ * environment), which it stays for good, for the driver's own local times too.
+ *
  * 0: the job is open. 4: another job is active and is left untouched; the user was told. 8: no
- * connection to the Alpha server; DeleteFaxDoc is needed before the next job. */
+ * connection to the Alpha server; DeleteFaxDoc is needed before the next job. A server that takes
+ * the connection and then stays silent makes the call wait for 25 seconds and gives 0 as well: the
+ * connection is gone by then, the error log says so, and the calls that need it fail. */
 ZX_API int32_t TransmissionDlg(void* parent, const char* title, int32_t fax);
 
 /* Takes receivers and settings out of a text of #KEY value# pairs; everything else in the text is

@@ -191,6 +191,16 @@ TEST_F(PrintJob, AJobWithoutConnectionIsStuckUntilGivenUp) {
     EXPECT_EQ(pzerdix, nullptr);
 }
 
+// Takes the full 25 seconds.
+TEST_F(PrintJob, AServerThatIsSilentAtTheOpeningLeavesAJobWithoutConnection) {
+    server.stall(89, 1, 27);
+    EXPECT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    EXPECT_EQ(ZERDIX::clsGetClient(), nullptr);
+    EXPECT_THAT(error_log(), HasSubstr("TransmissionDlg(): The Alpha server stayed silent"));
+    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(AbandonFaxDoc(), 0);
+}
+
 // A long-lived driver on a job that DeleteFaxDoc can't end: it gives the id of the document that it
 // leaves behind, and the next job goes well.
 class AbandonedJob : public PrintJob {
