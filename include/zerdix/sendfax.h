@@ -3,7 +3,8 @@
  *     TransmissionDlg(window, "Title", 1);          open a job
  *     SetFaxMergeData(text, length);                receivers and settings, at any time
  *     StoreFaxPage(block, size, 0, 0);              once for each page
- *     SendFaxDoc();                                 or SendTelex, or DeleteFaxDoc
+ *     SendFaxDoc();                                 or SendTelex, or DeleteFaxDoc; AbandonFaxDoc
+ *                                                   where that one fails
  *
  * Conventions
  *
@@ -34,8 +35,13 @@ struct a_s_rec;
 /* Opens a job. `parent` is handed to the send dialog as its parent and may be null. `title` becomes
  * the document's comment, cut to 30 characters. `fax` isn't 0 for a fax job, 0 for a telex job.
  *
+ * It asks the server for its time zone and makes that the zone of the process (TZ in the
+ * environment), which it stays for good, for the driver's own local times too.
+ *
  * 0: the job is open. 4: another job is active and is left untouched; the user was told. 8: no
- * connection to the Alpha server; DeleteFaxDoc is needed before the next job. */
+ * connection to the Alpha server; DeleteFaxDoc is needed before the next job. A server that takes
+ * the connection and then stays silent makes the call wait for 25 seconds and gives 0 as well: the
+ * connection is gone by then, the error log says so, and the calls that need it fail. */
 ZX_API int32_t TransmissionDlg(void* parent, const char* title, int32_t fax);
 
 /* Takes receivers and settings out of a text of #KEY value# pairs; everything else in the text is
@@ -60,10 +66,16 @@ ZX_API int32_t SetFaxMergeData(const char* text, int32_t length);
  * in bit 7, a set bit white. `size` is the block's length in bytes, header included, and must cover
  * the header and all rows. The caller keeps the block, which isn't changed.
  *
- * Pages are numbered in the order of the calls; `page_index` is only traced. `paper_source`, 0 to
- * 9, selects the letterhead, unless merge data named one above 0.
+ * The width must be a multiple of 8, and neither width nor height may be 0. A fax line is 1,728
+ * pixels wide; a page has 204 pixels to the inch across and 196 down, and nothing here scales it. A
+ * page that is wider than high is turned, its top to the left.
  *
- * 0: the page is on the server. 8: any failure; the job stays open. */
+ * Pages are numbered in the order of the calls, up to 32,767; `page_index` is only traced.
+ * `paper_source`, 0 to 9, selects the letterhead, unless merge data named one above 0.
+ *
+ * 0: the page is on the server. 8: any failure, also while the job is being sent or its dialog runs;
+ * the job stays open. A page that was refused for its block doesn't count; one that the server
+ * didn't take does. */
 ZX_API int32_t StoreFaxPage(const void* block, int32_t size, int16_t page_index,
                             int16_t paper_source);
 
@@ -83,8 +95,19 @@ ZX_API int32_t SendTelex(const char* text, int32_t size);
 
 /* Gives the job up: takes its document off the server and ends the job. 0, or 8 when the document
  * couldn't be deleted or while the job is being sent: the windows of SendFaxDoc run a message loop.
- * The job then stays open and the call can be repeated. */
+ * The job then stays open and the call can be repeated; where that doesn't help, AbandonFaxDoc
+ * does. */
 ZX_API int32_t DeleteFaxDoc(void);
+
+/* Forgets the job without a word to the server: for a job that DeleteFaxDoc can't end, because the
+ * connection is gone (it isn't made anew within a job) or the server never made the document. The
+ * next TransmissionDlg connects anew.
+ *
+ * The id of the document that stays behind on the desk of the job's user, with what pages it has; of
+ * a telex it is a print document of the server's. 0 when there is none, or none that is known: one
+ * whose creation got no answer may be there all the same. -1, and nothing is done, while the job is
+ * being sent or its dialog runs. */
+ZX_API int32_t AbandonFaxDoc(void);
 
 /* The state of the job, for dialogs and drivers that look at it. Owned by the library; valid from
  * TransmissionDlg to the end of the job, pa_s_rec always. */

@@ -1,6 +1,7 @@
 // Taking in the pages of a print job, and giving a job up.
 
 #include <cstdlib>
+#include <limits>
 #include <memory>
 #include <span>
 
@@ -51,10 +52,25 @@ bool is_sound(std::span<const unsigned char> block) {
     }
     const page_size size = read_page_size(block);
     trace_lines.info("StoreFaxPage(): Width: %ld Height %ld", size.width, size.height);
+    if (!size.is_storable()) {
+        trace_lines.error("StoreFaxPage(): A page of %lu by %lu pixels can't be stored: the width "
+                          "must be a multiple of 8, and neither may be 0",
+                          size.width, size.height);
+        return false;
+    }
     if (size.covered_by(block.size()))
         return true;
     trace_lines.error("StoreFaxPage(): The page block of %lu bytes doesn't cover its rows",
                       static_cast<std::uint32_t>(block.size()));
+    return false;
+}
+
+// The count and the number of a page are 16 bits wide, on the wire too.
+bool is_room_for_a_page() {
+    constexpr std::int16_t most_pages = std::numeric_limits<std::int16_t>::max();
+    if (job().sPageCount < most_pages)
+        return true;
+    trace_lines.error("StoreFaxPage(): A document holds %hd pages at most", most_pages);
     return false;
 }
 
@@ -126,7 +142,7 @@ bool take_page(std::span<const unsigned char> block, std::int16_t paper_source,
                const job_log& log) {
     if (job().lFaxid == NO_FAXID && !create_document(log))
         return false;
-    if (!is_sound(block))
+    if (!is_sound(block) || !is_room_for_a_page())
         return not_prepared(0);
     if (job().sPageCount == 0)
         announce_pages(block.size());
@@ -137,6 +153,12 @@ bool take_page(std::span<const unsigned char> block, std::int16_t paper_source,
     if (prepared)
         return store_page(page, log);
     return not_prepared(calls.any_failed() ? rpc::call_failed : 0);
+}
+
+// The job's document as far as it is known; a creation that failed has left a 0 or a -1.
+std::int32_t known_document() {
+    const std::int32_t id = job().lFaxid;
+    return id == NO_FAXID || id == -1 ? 0 : id;
 }
 
 } // namespace
@@ -152,6 +174,11 @@ extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::
         }
     }
     trace_lines.entry("<-- StoreFaxPage(): Size of Bitmap: %ld Page Index: %hd", size, page_index);
+    if (is_sending()) {
+        trace_lines.error("StoreFaxPage(): the job is being sent and takes no more pages");
+        trace_lines.exit("--> StoreFaxPage():");
+        return failure;
+    }
     const std::size_t bytes = block != nullptr && size > 0 ? static_cast<std::size_t>(size) : 0;
     const bool taken =
         take_page({static_cast<const unsigned char*>(block), bytes}, paper_source, log);
@@ -178,4 +205,19 @@ extern "C" std::int32_t DeleteFaxDoc() {
     sending::job_outcome().ended(success);
     trace_lines.exit("--> -> DeleteFaxDoc(): OK");
     return success;
+}
+
+extern "C" std::int32_t AbandonFaxDoc() {
+    trace_lines.entry("<-- AbandonFaxDoc() -  Faxid: %ld", job().lFaxid);
+    if (is_sending()) {
+        trace_lines.exit("--> AbandonFaxDoc(): job is being sent");
+        return -1;
+    }
+    const std::int32_t left = known_document();
+    close_job();
+    sending::job_outcome().ended(left);
+    if (left != 0)
+        trace_lines.error("AbandonFaxDoc(): Document %ld stays on the server", left);
+    trace_lines.exit("--> AbandonFaxDoc(): %ld", left);
+    return left;
 }

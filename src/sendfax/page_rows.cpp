@@ -30,7 +30,7 @@ void turn_rows(std::span<const unsigned char> block, std::span<unsigned char> tu
     const std::size_t row = size.row_bytes();
     std::memcpy(turned.data(), block.data(), page_header_size);
     unsigned char* to = turned.data() + page_header_size;
-    for (std::uint32_t i = row == 0 ? 0 : size.height; i > 0; --i, to += row)
+    for (std::uint32_t i = size.height; i > 0; --i, to += row)
         std::memcpy(to, block.data() + page_header_size + row * (i - 1), row);
     std::fill(to, turned.data() + turned.size(), static_cast<unsigned char>(0xFF));
 }

@@ -20,6 +20,10 @@ struct page_size {
 
     std::size_t row_bytes() const { return width / 8; }
 
+    // Whether there is a picture, in rows of whole bytes. Readers of a stored page take
+    // (width + 7) / 8 bytes a row, so that they would lose their place at any other width.
+    bool is_storable() const { return width > 0 && height > 0 && width % 8 == 0; }
+
     // Whether `bytes` take in the header and all rows.
     bool covered_by(std::size_t bytes) const;
 };
@@ -28,7 +32,7 @@ struct page_size {
 page_size read_page_size(std::span<const unsigned char> block);
 
 // Copies a block with its rows turned round, so that the top of the page comes first. Bytes behind
-// the rows become 0xFF. `turned` is as long as `block`, which covers its rows.
+// the rows become 0xFF. `turned` is as long as `block`, which is storable and covers its rows.
 void turn_rows(std::span<const unsigned char> block, std::span<unsigned char> turned);
 
 } // namespace zerdix::sendfax

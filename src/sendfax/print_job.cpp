@@ -21,6 +21,15 @@ void tell_job_is_active() {
                                      "Telex printer driver");
 }
 
+// The job is open all the same; its first call will find out.
+void tell_time_zone_is_unknown() {
+    if (ZERDIX::clsGetClient() == nullptr)
+        trace_lines.error("TransmissionDlg(): The Alpha server stayed silent when it was asked for "
+                          "its time zone, and the connection is gone");
+    else
+        trace_lines.warning("TransmissionDlg(): Problems with the Alpha server's time zone");
+}
+
 } // namespace
 
 extern "C" std::int32_t TransmissionDlg(void* parent, const char* title, std::int32_t fax) {
@@ -44,7 +53,8 @@ extern "C" std::int32_t TransmissionDlg(void* parent, const char* title, std::in
     }
     pa_s_rec->comment.assign(comment);
     pa_s_rec->nettype = fax != 0 ? NETTYPE_FAX : NETTYPE_TELEX;
-    setTZ();
+    if (setTZ() != success)
+        tell_time_zone_is_unknown();
     trace_lines.exit("--> TransmissionDlg(): OK");
     return success;
 }

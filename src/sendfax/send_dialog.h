@@ -12,7 +12,8 @@ constexpr std::int32_t dialog_cancelled = 2302;
 
 // Shows a modal dialog for the job's state (zerdix/sendfax.h), which it fills, and returns how it
 // ended; any other number than the two above means that it couldn't run. Throws nothing. While it
-// runs nothing ends the job: DeleteFaxDoc and SendTelex give 8, SendFaxDoc 0.
+// runs nothing ends the job or gives it pages: DeleteFaxDoc, SendTelex and StoreFaxPage give 8,
+// SendFaxDoc 0, AbandonFaxDoc -1. Merge data may come.
 using send_dialog = std::int32_t (*)(void* parent);
 
 // Whoever can show the dialog says so here; null where no dialog can run. Returns the one before.

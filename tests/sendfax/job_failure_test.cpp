@@ -79,10 +79,42 @@ TEST_F(PageFault, ABlockThatDoesNotCoverItsRowsIsRefused) {
     EXPECT_EQ(StoreFaxPage(nullptr, 100, 0, 0), 8);
     auto huge = good; // rows of which the product wraps 32 bits
     std::memset(huge.data(), 0xFF, 8);
+    huge[3] = 0xF8;
     EXPECT_EQ(store(huge), 8);
     EXPECT_THAT(error_log(), HasSubstr("doesn't cover its rows"));
     EXPECT_EQ(sendfax::job().sPageCount, 0);
     EXPECT_EQ(store(good), 0);
+}
+
+// The blocks cover their rows of width / 8 bytes.
+TEST_F(PageFault, APageThatNobodyCouldReadBackIsRefused) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    server.clear_calls();
+    for (const auto& [width, height] :
+         {std::pair{1001u, 100u}, {7u, 100u}, {1729u, 1u}, {0u, 100u}, {80u, 0u}, {0u, 0u}}) {
+        SCOPED_TRACE(std::to_string(width) + " by " + std::to_string(height));
+        EXPECT_EQ(store(driver_block(width, height)), 8);
+        EXPECT_THAT(error_log(), HasSubstr("A page of " + std::to_string(width) + " by " +
+                                           std::to_string(height) + " pixels can't be stored"));
+    }
+    EXPECT_EQ(server.calls(), calls{});
+    EXPECT_EQ(sendfax::job().sPageCount, 1);
+}
+
+// Pages are counted in 16 bits; the number after 32,767 would be a negative one.
+TEST_F(PageFault, APageBeyondTheCountIsRefused) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    sendfax::job().sPageCount = 32766;
+    server.clear_calls();
+    store(driver_block(80, 100));
+    EXPECT_EQ(server.calls(), (calls{30, 60})) << "page 32,767 goes to the server";
+    server.clear_calls();
+    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(server.calls(), calls{});
+    EXPECT_EQ(sendfax::job().sPageCount, 32767);
+    EXPECT_THAT(error_log(), HasSubstr("StoreFaxPage(): A document holds 32767 pages at most"));
 }
 
 struct send_fault {
@@ -157,6 +189,69 @@ TEST_F(PrintJob, AJobWithoutConnectionIsStuckUntilGivenUp) {
     EXPECT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 4);
     EXPECT_EQ(DeleteFaxDoc(), 0);
     EXPECT_EQ(pzerdix, nullptr);
+}
+
+// Takes the full 25 seconds.
+TEST_F(PrintJob, AServerThatIsSilentAtTheOpeningLeavesAJobWithoutConnection) {
+    server.stall(89, 1, 27);
+    EXPECT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    EXPECT_EQ(ZERDIX::clsGetClient(), nullptr);
+    EXPECT_THAT(error_log(), HasSubstr("TransmissionDlg(): The Alpha server stayed silent"));
+    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(AbandonFaxDoc(), 0);
+}
+
+// A long-lived driver on a job that DeleteFaxDoc can't end: it gives the id of the document that it
+// leaves behind, and the next job goes well.
+class AbandonedJob : public PrintJob {
+  protected:
+    AbandonedJob() { TransmissionDlg(nullptr, "Angebot", 1); }
+
+    std::int32_t abandon() {
+        EXPECT_EQ(DeleteFaxDoc(), 8);
+        EXPECT_EQ(DeleteFaxDoc(), 8) << "it can be repeated, to no avail";
+        EXPECT_EQ(TransmissionDlg(nullptr, "Next", 1), 4);
+        server.clear_calls();
+        const std::int32_t left = AbandonFaxDoc();
+        EXPECT_EQ(server.calls(), calls{}) << "the server isn't asked";
+        EXPECT_EQ(AbandonFaxDoc(), 0) << "there is no job any more";
+        return left;
+    }
+
+    void expect_next_job_to_go_well() {
+        open_job_with_pages("#PHONE 1#");
+        EXPECT_EQ(SendFaxDoc(), 0);
+        EXPECT_THAT(server.jobs(), SizeIs(1));
+    }
+};
+
+TEST_F(AbandonedJob, WhoseServerWasGoneForAMoment) {
+    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    ASSERT_EQ(merge("#PHONE 2#"), 0);
+    const auto desk = server.desk("zerdix");
+    ASSERT_THAT(desk, SizeIs(1));
+    server.drop(60);
+    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(abandon(), desk[0].id);
+    EXPECT_THAT(error_log(), HasSubstr("AbandonFaxDoc(): Document " + std::to_string(desk[0].id) +
+                                       " stays on the server"));
+    expect_next_job_to_go_well();
+    EXPECT_THAT(server.desk("zerdix"), SizeIs(1));
+}
+
+TEST_F(AbandonedJob, WhoseDocumentWasNeverMade) {
+    server.refuse(3);
+    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(abandon(), 0);
+    expect_next_job_to_go_well();
+}
+
+// Takes the full 25 seconds.
+TEST_F(AbandonedJob, ThatMetOneTimeOut) {
+    server.stall(60, 1, 27);
+    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(abandon(), server.desk("zerdix").at(0).id);
+    expect_next_job_to_go_well();
 }
 
 } // namespace

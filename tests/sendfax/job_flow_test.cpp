@@ -187,17 +187,20 @@ TEST_F(PrintJob, ASecondJobIsKeptOut) {
     EXPECT_THAT(error_log(), HasSubstr("Another zerDIX print job is still active"));
 }
 
-TEST_F(PrintJob, ASecondSendWhileTheDialogRunsDoesNothing) {
-    static std::int32_t inner;
-    inner = -1;
+TEST_F(PrintJob, WhileTheDialogRunsTheJobIsNeitherSentNorEndedNorGivenPages) {
     sendfax::install_send_dialog([](void*) {
-        inner = SendFaxDoc();
+        EXPECT_EQ(SendFaxDoc(), 0);
+        EXPECT_EQ(DeleteFaxDoc(), 8);
+        EXPECT_EQ(AbandonFaxDoc(), -1);
+        EXPECT_EQ(store(driver_block(80, 100)), 8);
+        EXPECT_EQ(merge("#TITLE Other#"), 0) << "merge data may come at any time";
         return sendfax::dialog_cancelled;
     });
     open_job_with_pages("");
     EXPECT_EQ(SendFaxDoc(), 4);
-    EXPECT_EQ(inner, 0);
     EXPECT_EQ(server.calls(), calls{6});
+    EXPECT_THAT(error_log(), HasSubstr("StoreFaxPage(): the job is being sent"));
+    EXPECT_EQ(pa_s_rec->comment, "Other");
 }
 
 TEST_F(PrintJob, ASecondJobKeepsUserAndServer) {
