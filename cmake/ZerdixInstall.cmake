@@ -5,14 +5,16 @@ include(CMakePackageConfigHelpers)
 
 install(TARGETS zxdrvw32 EXPORT zerdix LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(DIRECTORY include/zerdix DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN *.h)
+install(FILES ${PROJECT_BINARY_DIR}/include/zerdix/version.h
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zerdix)
 
 configure_file(cmake/zxdrvw32.pc.in zxdrvw32.pc @ONLY)
-install(FILES ${CMAKE_BINARY_DIR}/zxdrvw32.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+install(FILES ${PROJECT_BINARY_DIR}/zxdrvw32.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/zerdix)
 install(EXPORT zerdix NAMESPACE zerdix:: DESTINATION ${package_folder})
 configure_package_config_file(cmake/zerdixConfig.cmake.in zerdixConfig.cmake
   INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file(zerdixConfigVersion.cmake COMPATIBILITY SameMajorVersion)
-install(FILES ${CMAKE_BINARY_DIR}/zerdixConfig.cmake ${CMAKE_BINARY_DIR}/zerdixConfigVersion.cmake
+install(FILES ${PROJECT_BINARY_DIR}/zerdixConfig.cmake ${PROJECT_BINARY_DIR}/zerdixConfigVersion.cmake
   DESTINATION ${package_folder})

@@ -19,7 +19,7 @@ function(zerdix_room name)
   cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
   add_library(zx_${name} STATIC ${ROOM_SOURCES})
   target_include_directories(zx_${name} PUBLIC
-    ${CMAKE_SOURCE_DIR}/include ${CMAKE_SOURCE_DIR}/src)
+    ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(zx_${name} PUBLIC ${ROOM_LINKS} PRIVATE zerdix_flags)
 endfunction()
 
@@ -31,13 +31,13 @@ function(zerdix_test name)
     set(T_TIMEOUT 60)
   endif()
   add_executable(${name} ${T_SOURCES})
-  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   # With sanitizers GCC takes much of the standard library's <regex> for uninitialized.
   if(ZERDIX_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(${name} PRIVATE -Wno-maybe-uninitialized)
   endif()
   target_link_libraries(${name} PRIVATE ${T_LINKS} zerdix_flags GTest::gmock GTest::gtest_main)
   gtest_discover_tests(${name} TEST_FILTER "${T_FILTER}" DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${T_TIMEOUT}
-    ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/leaks.supp:print_suppressions=0"
-    ENVIRONMENT_MODIFICATION "ZERDIX_INI=set:${CMAKE_BINARY_DIR}/tests/zerdix.ini")
+    ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/leaks.supp:print_suppressions=0"
+    ENVIRONMENT_MODIFICATION "ZERDIX_INI=set:${PROJECT_BINARY_DIR}/tests/zerdix.ini")
 endfunction()

@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <zerdix/version.h>
+
 namespace zerdix::app {
 
 void describe(CLI::App& app) {

@@ -86,8 +86,8 @@ ZX_API int32_t StoreFaxPage(const void* block, int32_t size, int16_t page_index,
  * same, send jobs that went out stay, and so does the document on the user's desk. */
 ZX_API int32_t SendFaxDoc(void);
 
-/* Prints a telex text for every receiver and ends the job. `size` bytes are taken; no NUL is needed.
- * Without receivers the send dialog asks for them.
+/* Prints a telex text for every receiver and ends the job. `size` bytes are taken; no NUL is
+ * needed. Without receivers the send dialog asks for them.
  *
  * 0: done. 4: the user cancelled. 8: the dialog failed, and the job is closed; or a later step
  * failed, and the job stays open until DeleteFaxDoc. */

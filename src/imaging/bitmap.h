@@ -103,8 +103,8 @@ int L_InvertBitmap(LeadBitmap* bitmap);
 
 // A quarter turn to the left, which is what `angle` -90 means here: the top of the picture becomes
 // its left side. So a landscape page comes to lie on upright paper with its top to the left, as the
-// command line's client lays them too. With `flag` 1 the bitmap takes the turned size. 0 for another
-// angle or flag, and when memory ran out: then the bitmap is as it was. (rotation.cpp)
+// command line's client lays them too. With `flag` 1 the bitmap takes the turned size. 0 for
+// another angle or flag, and when memory ran out: then the bitmap is as it was. (rotation.cpp)
 int L_RotateBitmap(LeadBitmap* bitmap, std::int32_t angle, int flag);
 
 // Releases the pixel memory, if there is any.

@@ -8,6 +8,8 @@
 #include <immintrin.h>
 #endif
 
+#include "imaging/wide_registers.h"
+
 namespace zerdix::imaging {
 
 namespace {
@@ -50,7 +52,7 @@ __attribute__((target("avx2"))) void run_wide(unsigned char* bytes, std::size_t 
 
 // 32 bytes at a time where the processor can. Gives how many bytes from the start on are done.
 std::size_t mirror_wide(std::span<unsigned char> bytes, unsigned char flip) {
-    if (!__builtin_cpu_supports("avx2"))
+    if (!has_wide_registers())
         return 0;
     const std::size_t length = bytes.size() / sizeof(__m256i) * sizeof(__m256i);
     run_wide(bytes.data(), length, flip);

@@ -7,6 +7,7 @@
 
 #include "imaging/bit_square.h"
 #include "imaging/owned_bitmap.h"
+#include "imaging/wide_registers.h"
 
 namespace zerdix::imaging {
 namespace {
@@ -148,8 +149,7 @@ __attribute__((target("avx2"))) void exclusive_or_wide(const LeadBitmap& picture
 }
 
 void exclusive_or(const LeadBitmap& picture, LeadBitmap& target) {
-    __builtin_cpu_supports("avx2") ? exclusive_or_wide(picture, target)
-                                   : exclusive_or_all(picture, target);
+    has_wide_registers() ? exclusive_or_wide(picture, target) : exclusive_or_all(picture, target);
 }
 #else
 void exclusive_or(const LeadBitmap& picture, LeadBitmap& target) {

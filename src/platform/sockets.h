@@ -5,7 +5,9 @@
 namespace zerdix::platform {
 
 // Makes sockets usable; 0 on success. Linux needs nothing.
-inline int start_sockets() { return 0; }
+inline int start_sockets() {
+    return 0;
+}
 
 // Ends what start_sockets began.
 inline void stop_sockets() {}

@@ -12,7 +12,6 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
-#include <source_location>
 #include <string_view>
 #include <type_traits>
 
@@ -70,8 +69,8 @@ template <class... Arguments>
 class traced_format {
   public:
     consteval traced_format(const char* text, // NOLINT: meant to be implicit
-                            std::source_location where = std::source_location::current())
-        : text_(text), line_(where.line()) {
+                            std::uint32_t line = __builtin_LINE())
+        : text_(text), line_(line) {
         constexpr bool is_text[] = {traced_text<Arguments>..., false};
         check_format(text, is_text, sizeof...(Arguments));
     }

@@ -5,8 +5,8 @@
 
 #include "cli/tiny_pdf.h"
 #include "failure.h"
-#include "print/page_block.h"
 #include "page_geometry.h"
+#include "print/page_block.h"
 #include "print/pdf_file.h"
 #include "support/test_server.h"
 

@@ -1,0 +1,21 @@
+// Whether the processor has registers of 32 bytes (AVX2), for which three operations are compiled
+// a second time: mirroring bytes, turning a page and combining two. Both ways give the same bits.
+#ifndef ZERDIX_IMAGING_WIDE_REGISTERS_H
+#define ZERDIX_IMAGING_WIDE_REGISTERS_H
+
+namespace zerdix::imaging {
+
+// A test turns them off to see what a processor without them does.
+inline bool wide_registers_allowed = true;
+
+inline bool has_wide_registers() {
+#if defined(__x86_64__)
+    return wide_registers_allowed && __builtin_cpu_supports("avx2");
+#else
+    return false;
+#endif
+}
+
+} // namespace zerdix::imaging
+
+#endif
