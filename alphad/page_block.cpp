@@ -5,7 +5,7 @@
 #include <memory>
 #include <new>
 
-#include "imaging/page_codec.h"
+#include "pages/page_codec.h"
 
 namespace zerdix::alphad {
 
@@ -54,8 +54,8 @@ std::optional<page_picture> expand_page(std::string_view compressed) {
     std::int32_t length = 0;
     const auto* input = reinterpret_cast<const unsigned char*>(compressed.data());
     const bool good =
-        imaging::uncompress_mem_2_mem(input, static_cast<std::int32_t>(compressed.size()), &output,
-                                      &length) == 0;
+        pages::uncompress_mem_2_mem(input, static_cast<std::int32_t>(compressed.size()), &output,
+                                    &length) == 0;
     const std::unique_ptr<unsigned char, free_block> owner{output};
     if (!good || length <= 0)
         return std::nullopt;
@@ -72,7 +72,7 @@ std::string compress_page(const page_picture& page) {
         block.push_back(mirrored(byte));
     unsigned char* output = nullptr;
     std::int32_t length = 0;
-    const std::int32_t result = imaging::compress_mem_2_mem(
+    const std::int32_t result = pages::compress_mem_2_mem(
         block.data(), static_cast<std::int32_t>(block.size()), &output, &length);
     const std::unique_ptr<unsigned char, free_block> owner{output};
     if (result != 0)

@@ -1,6 +1,6 @@
 #include <benchmark/benchmark.h>
 
-#include "imaging/codec_calls.h"
+#include "pages/codec_calls.h"
 
 namespace {
 
@@ -38,14 +38,14 @@ void run(benchmark::State& state, Operation operation, const codec::bytes& input
 // Both count the bytes of the plain block.
 void compress(benchmark::State& state) {
     const auto block = block_of(state.range(0));
-    run(state, zerdix::imaging::compress_mem_2_mem, block);
+    run(state, zerdix::pages::compress_mem_2_mem, block);
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(block.size()));
     state.SetLabel(name_of(state.range(0)));
 }
 
 void expand(benchmark::State& state) {
     const auto block = block_of(state.range(0));
-    run(state, zerdix::imaging::uncompress_mem_2_mem, *codec::compress(block));
+    run(state, zerdix::pages::uncompress_mem_2_mem, *codec::compress(block));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(block.size()));
     state.SetLabel(name_of(state.range(0)));
 }

@@ -20,7 +20,7 @@
 #include <limits>
 #include <string>
 
-#include "imaging/codec_calls.h"
+#include "pages/codec_calls.h"
 
 extern char** environ;
 
@@ -130,8 +130,8 @@ void compare(const char* title, const std::vector<bytes>& blocks, int runs) {
     }
     std::printf("%s: %zu block%s, %.1f MB\n", title, blocks.size(), blocks.size() == 1 ? "" : "s",
                 megabytes);
-    const double packing = time_of_calls(zerdix::imaging::compress_mem_2_mem, blocks, runs);
-    const double expanding = time_of_calls(zerdix::imaging::uncompress_mem_2_mem, streams, runs);
+    const double packing = time_of_calls(zerdix::pages::compress_mem_2_mem, blocks, runs);
+    const double expanding = time_of_calls(zerdix::pages::uncompress_mem_2_mem, streams, runs);
     print("compress", "compress", packing, time_of_program({"compress", "-cf"}, plain_files, runs),
           megabytes);
     const std::vector<std::string> expanders[] = {

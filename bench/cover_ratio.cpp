@@ -15,8 +15,8 @@
 #include "bench/instant_server.h"
 #include "cover/composer.h"
 #include "cover/state.h"
-#include "imaging/codec_calls.h"
 #include "imaging/owned_bitmap.h"
+#include "pages/codec_calls.h"
 #include "rpc/block_transfer.h"
 #include "support/test_server.h"
 

@@ -18,13 +18,13 @@
 #include "bench/direct_calls.h"
 #include "bench/instant_server.h"
 #include "bench/sample_pages.h"
-#include "imaging/codec_calls.h"
-#include "imaging/mirror.h"
 #include "imaging/owned_bitmap.h"
+#include "pages/codec_calls.h"
+#include "pages/driver_form.h"
+#include "pages/mirror.h"
 #include "rpc/block_transfer.h"
 #include "sendfax/job.h"
 #include "sendfax/page_preparers.h"
-#include "sendfax/page_rows.h"
 #include "support/test_server.h"
 
 using namespace zerdix;
@@ -37,7 +37,7 @@ namespace {
 constexpr int rounds = 60;
 constexpr double most = 1.3;
 constexpr std::int16_t letterhead_source = 1; // source 0 has none
-constexpr std::size_t header = sendfax::page_header_size;
+constexpr std::size_t header = pages::block_header_size;
 
 std::vector<char> page_answer(std::size_t size, std::span<unsigned char> data) {
     return encoded(a_get_pageb_o{true,
@@ -63,7 +63,7 @@ bench::instant_server::replies answers(page_bytes letterhead) {
 
 // Another height, with white below.
 page_bytes with_height(page_bytes page, std::uint32_t height) {
-    const sendfax::page_size size = sendfax::read_page_size(page);
+    const pages::page_size size = pages::read_header(page.data(), pages::header_form::stored);
     page.resize(header + height * size.row_bytes());
     page[6] = static_cast<unsigned char>(height >> 8);
     page[7] = static_cast<unsigned char>(height);
@@ -74,7 +74,7 @@ page_bytes with_height(page_bytes page, std::uint32_t height) {
 page_bytes letterhead_page() {
     const page_bytes text = bench::text_page();
     page_bytes page(text.size());
-    const std::size_t row = sendfax::read_page_size(text).row_bytes();
+    const std::size_t row = pages::read_header(text.data(), pages::header_form::stored).row_bytes();
     std::copy_n(text.begin(), header, page.begin());
     std::copy_n(text.begin() + header + 1050 * row, 200 * row, page.begin() + header);
     return *codec::compress(page);
@@ -85,7 +85,7 @@ page_bytes landscape_page(page_bytes page) {
     for (const std::size_t at : {0, 4})
         std::reverse(&page[at], &page[at] + 4);
     imaging::owned_bitmap bitmap;
-    imaging::mirror_and_invert(std::span{page}.subspan(header));
+    pages::mirror_and_invert(std::span{page}.subspan(header));
     require(ConvertBmToLead(page.data(), &bitmap, 0) == 1, "a bitmap");
     for (int turn = 0; turn < 3; ++turn)
         require(L_RotateBitmap(&bitmap, -90, 1) == 1, "a turn");
@@ -105,14 +105,14 @@ page_bytes landscape_page(page_bytes page) {
 // What the letterhead makes of the landscape page, as a driver would send it.
 page_bytes finished_page(page_bytes landscape) {
     page_bytes from_top(landscape.size());
-    sendfax::turn_rows(landscape, from_top);
+    pages::turn_rows(landscape, from_top);
     page_dat page{0, nullptr};
     require(sendfax::MergeBackPaper(from_top.data(), bench::length_of(from_top), letterhead_source,
                                     &page) == 0,
             "MergeBackPaper");
     page_bytes stored = *codec::expand({page.data, page.data + page.size});
     std::free(page.data);
-    imaging::mirror_bits(stored);
+    pages::mirror_bits(stored);
     return bench::driver_form(stored);
 }
 
@@ -121,7 +121,8 @@ void store(const page_bytes& page, std::int16_t source) {
 }
 
 bool measure(const char* name, page_bytes stored) {
-    const std::uint32_t height = sendfax::read_page_size(stored).height;
+    const std::uint32_t height =
+        pages::read_header(stored.data(), pages::header_form::stored).height;
     stored = with_height(stored, (height + 7) / 8 * 8);
     const page_bytes upright = bench::driver_form(stored);
     const page_bytes landscape = landscape_page(stored);

@@ -9,9 +9,9 @@
 #include <fstream>
 #include <span>
 
-#include "imaging/mirror.h"
+#include "pages/driver_form.h"
+#include "pages/mirror.h"
 #include "print/pdf_file.h"
-#include "sendfax/page_rows.h"
 
 namespace {
 
@@ -20,8 +20,8 @@ namespace sendfax = zerdix::sendfax;
 // As StoreFaxPage hands a page to the codec.
 std::vector<unsigned char> stored_form(const std::vector<unsigned char>& block) {
     std::vector<unsigned char> turned(block.size());
-    sendfax::turn_rows(block, turned);
-    zerdix::imaging::mirror_and_invert(std::span{turned}.subspan(sendfax::page_header_size));
+    pages::turn_rows(block, turned);
+    zerdix::pages::mirror_and_invert(std::span{turned}.subspan(pages::block_header_size));
     return turned;
 }
 

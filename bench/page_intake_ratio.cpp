@@ -23,12 +23,12 @@
 #include "bench/instant_server.h"
 #include "bench/measure.h"
 #include "bench/sample_pages.h"
-#include "imaging/codec_calls.h"
-#include "imaging/compress_run.h"
-#include "imaging/mirror.h"
+#include "pages/codec_calls.h"
+#include "pages/compress_run.h"
+#include "pages/driver_form.h"
+#include "pages/mirror.h"
 #include "rpc/wire/stub.h"
 #include "sendfax/log_line.h"
-#include "sendfax/page_rows.h"
 #include "support/test_server.h"
 
 using namespace zerdix;
@@ -106,9 +106,8 @@ bool compare_times(const page_bytes& driver, const page_bytes& stored, page_byte
         whole.run([&] { store(driver); });
         unsigned char* output = nullptr;
         std::int32_t length = 0;
-        compression.run([&] {
-            imaging::compress_mem_2_mem(stored.data(), length_of(stored), &output, &length);
-        });
+        compression.run(
+            [&] { pages::compress_mem_2_mem(stored.data(), length_of(stored), &output, &length); });
         std::free(output);
         calls.run([&] { remote.make(); });
     }
@@ -143,7 +142,7 @@ bool compare_heap(const page_bytes& driver, const page_bytes& compressed) {
 bool measure(const char* name, const page_bytes& stored) {
     const page_bytes driver = bench::driver_form(stored);
     page_bytes compressed = *codec::compress(stored);
-    const sendfax::page_size size = sendfax::read_page_size(stored);
+    const pages::page_size size = pages::read_header(stored.data(), pages::header_form::stored);
     std::printf("StoreFaxPage, %s: %u by %u pixels, %zu bytes compressed, best of %d runs\n", name,
                 size.width, size.height, compressed.size(), rounds);
     require(TransmissionDlg(nullptr, "Page intake", 1) == 0, "TransmissionDlg");

@@ -7,9 +7,9 @@
 #include <span>
 
 #include "bench/measure.h"
-#include "imaging/codec_calls.h"
-#include "imaging/mirror.h"
-#include "sendfax/page_rows.h"
+#include "pages/codec_calls.h"
+#include "pages/driver_form.h"
+#include "pages/mirror.h"
 
 namespace zerdix::bench {
 namespace {
@@ -45,7 +45,7 @@ void draw(page_bytes& page, const letter& shape, std::uint32_t x, std::uint32_t 
     for (const stroke& bar : shape)
         for (std::uint32_t row = y + bar.top; row < y + bar.top + bar.high; ++row)
             for (std::uint32_t at = x + bar.left; at < x + bar.left + bar.wide; ++at)
-                page[sendfax::page_header_size + row * width / 8 + at / 8] |=
+                page[pages::block_header_size + row * width / 8 + at / 8] |=
                     static_cast<unsigned char>(1u << at % 8);
 }
 
@@ -53,7 +53,7 @@ void draw(page_bytes& page, const letter& shape, std::uint32_t x, std::uint32_t 
 
 // Words out of 26 letters, at places that don't keep to bytes.
 page_bytes text_page() {
-    page_bytes page(sendfax::page_header_size + height * width / 8);
+    page_bytes page(pages::block_header_size + height * width / 8);
     std::mt19937 generator(1);
     const std::vector<letter> letters = make_letters(generator);
     for (std::uint32_t y = 200; y < height - 200; y += 100)
@@ -64,9 +64,9 @@ page_bytes text_page() {
 }
 
 page_bytes dense_page() {
-    page_bytes page = codec::random_bytes(sendfax::page_header_size + height * width / 8, 2);
+    page_bytes page = codec::random_bytes(pages::block_header_size + height * width / 8, 2);
     std::mt19937 generator(3);
-    for (std::size_t i = sendfax::page_header_size; i < page.size(); ++i) {
+    for (std::size_t i = pages::block_header_size; i < page.size(); ++i) {
         const auto other = static_cast<unsigned char>(generator());
         page[i] = static_cast<unsigned char>(i % 216 < 108 ? page[i] & other : page[i] | other);
     }
@@ -77,16 +77,17 @@ page_bytes dense_page() {
 // The rows turned round, and each byte mirrored and inverted: the same way there and back.
 page_bytes driver_form(const page_bytes& stored) {
     page_bytes page(stored.size());
-    sendfax::turn_rows(stored, page);
-    imaging::mirror_and_invert(std::span{page}.subspan(sendfax::page_header_size));
+    pages::turn_rows(stored, page);
+    pages::mirror_and_invert(std::span{page}.subspan(pages::block_header_size));
     return page;
 }
 
 page_bytes page_of_file(const char* name) {
     std::ifstream file(name, std::ios::binary);
     page_bytes page{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    require(page.size() > sendfax::page_header_size &&
-                sendfax::read_page_size(page).covered_by(page.size()),
+    require(page.size() > pages::block_header_size &&
+                pages::read_header(page.data(), pages::header_form::stored).block_bytes() <=
+                    page.size(),
             name);
     return page;
 }

@@ -2,8 +2,8 @@
 // compressed and expanded again, comes back mirrored.
 #include <cstdlib>
 
-#include "imaging/codec_calls.h"
-#include "imaging/naive_codec.h"
+#include "pages/codec_calls.h"
+#include "pages/naive_codec.h"
 
 namespace {
 

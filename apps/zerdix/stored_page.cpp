@@ -6,7 +6,7 @@
 #include <string>
 
 #include "failure.h"
-#include "imaging/page_codec.h"
+#include "pages/page_codec.h"
 
 namespace zerdix::app {
 
@@ -42,8 +42,8 @@ bool is_side(std::uint32_t pixels) {
 page_picture expand_page(const unsigned char* compressed, std::size_t size) {
     unsigned char* expanded = nullptr;
     std::int32_t length = 0;
-    const auto rc = imaging::uncompress_mem_2_mem(compressed, static_cast<std::int32_t>(size),
-                                                  &expanded, &length);
+    const auto rc = pages::uncompress_mem_2_mem(compressed, static_cast<std::int32_t>(size),
+                                                &expanded, &length);
     const std::unique_ptr<unsigned char, heap_free> holder(expanded);
     if (rc != 0 || expanded == nullptr || length < static_cast<std::int32_t>(header_bytes))
         throw failure(exit_bad_data, "is damaged: it can't be expanded");
@@ -72,8 +72,8 @@ std::vector<unsigned char> store_page(const page_picture& picture) {
         block.push_back(static_cast<unsigned char>(mirrored(byte)));
     unsigned char* compressed = nullptr;
     std::int32_t length = 0;
-    const auto rc = imaging::compress_mem_2_mem(
-        block.data(), static_cast<std::int32_t>(block.size()), &compressed, &length);
+    const auto rc = pages::compress_mem_2_mem(block.data(), static_cast<std::int32_t>(block.size()),
+                                              &compressed, &length);
     const std::unique_ptr<unsigned char, heap_free> holder(compressed);
     if (rc != 0)
         throw failure(exit_internal, "no memory for a picture");

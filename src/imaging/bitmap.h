@@ -21,6 +21,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "pages/page_block.h"
+
 namespace zerdix::imaging {
 
 // A larger picture is refused before anything is allocated for it. A full fax page is 1,728 by
@@ -61,7 +63,7 @@ struct LeadBitmap {
 
 // Bytes of a row without padding, as blocks have them and L_GetRow and L_PutRow take them.
 constexpr std::size_t row_bytes(std::int32_t width) {
-    return (static_cast<std::size_t>(width) + 7) / 8;
+    return pages::row_bytes(static_cast<std::uint32_t>(width));
 }
 
 // Row `y` from the top. The bitmap must hold pixels and the row.

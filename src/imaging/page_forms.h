@@ -1,16 +1,7 @@
-// The forms of a page, and the ways between them.
+// The ways between page blocks and bitmaps.
 //
-// A page block is width and height, 32 bits each, then the rows from the top of the page to its
-// bottom, (width + 7) / 8 bytes each. There are three forms of it:
-//
-//     form      header                            leftmost pixel   a set bit is
-//     driver    most significant byte first       bit 7            white
-//     stored    most significant byte first       bit 0            black
-//     expanded  the stored one, bytes mirrored    bit 7            black
-//
-// Stored blocks go into the page codec, expanded ones come out of it; the server keeps stored
-// blocks, compressed. Blocks are memory of malloc. While a block is worked on, its header is in the
-// machine's byte order.
+// Page blocks are those of pages/page_block.h, memory of malloc; while one is worked on, its header
+// is in the machine's byte order.
 //
 // Results are 1 for success and 0 for failure.
 #ifndef ZERDIX_IMAGING_PAGE_FORMS_H
@@ -22,26 +13,9 @@
 #include <zerdix/records.h>
 
 #include "imaging/bitmap.h"
+#include "pages/page_block.h"
 
 namespace zerdix::imaging {
-
-inline constexpr std::size_t block_header_size = 8;
-
-// Width and height of a block whose header is in machine order.
-struct block_size {
-    std::int32_t width;
-    std::int32_t height;
-
-    // Header and rows; only for a size within the limits of a bitmap.
-    std::size_t bytes() const {
-        return block_header_size + row_bytes(width) * static_cast<std::size_t>(height);
-    }
-};
-block_size read_block_size(const unsigned char* block);
-void write_block_size(unsigned char* block, block_size size);
-
-// Takes both words of a header through SwapLong or MirrorLong.
-void convert_header(unsigned char* block, std::uint32_t (*turn)(std::uint32_t));
 
 // Whether a block of `bytes` bytes with its header in machine order holds a page within the limits
 // of a bitmap and all of its rows.
@@ -67,12 +41,6 @@ int ConvertLeadToCompressedFax(page_dat* page, LeadBitmap* bitmap, int invert);
 
 // Releases what the bitmap holds, but not the record. Does no harm twice.
 int FreeLeadBitmap(LeadBitmap* bitmap);
-
-// Turns the order of the four bytes round: a header word between its form and machine order.
-std::uint32_t SwapLong(std::uint32_t value);
-
-// The same with the bits of each byte reversed: a header word of an expanded block.
-std::uint32_t MirrorLong(std::uint32_t value);
 
 // New palettes, which the caller owns; null when memory ran out.
 palette_handle CreateWhiteFirstPalette();

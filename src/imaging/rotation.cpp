@@ -2,7 +2,7 @@
 
 #include "imaging/bit_square.h"
 #include "imaging/owned_bitmap.h"
-#include "imaging/wide_registers.h"
+#include "pages/wide_registers.h"
 
 namespace zerdix::imaging {
 namespace {
@@ -39,7 +39,7 @@ __attribute__((target("avx2"))) void turn_wide(const LeadBitmap& picture, LeadBi
 }
 
 void turn_left(const LeadBitmap& picture, LeadBitmap& turned) {
-    has_wide_registers() ? turn_wide(picture, turned) : turn_bands(picture, turned);
+    pages::has_wide_registers() ? turn_wide(picture, turned) : turn_bands(picture, turned);
 }
 #else
 void turn_left(const LeadBitmap& picture, LeadBitmap& turned) {

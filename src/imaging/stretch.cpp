@@ -7,7 +7,7 @@
 
 #include "imaging/bit_square.h"
 #include "imaging/owned_bitmap.h"
-#include "imaging/wide_registers.h"
+#include "pages/wide_registers.h"
 
 namespace zerdix::imaging {
 namespace {
@@ -149,7 +149,8 @@ __attribute__((target("avx2"))) void exclusive_or_wide(const LeadBitmap& picture
 }
 
 void exclusive_or(const LeadBitmap& picture, LeadBitmap& target) {
-    has_wide_registers() ? exclusive_or_wide(picture, target) : exclusive_or_all(picture, target);
+    pages::has_wide_registers() ? exclusive_or_wide(picture, target)
+                                : exclusive_or_all(picture, target);
 }
 #else
 void exclusive_or(const LeadBitmap& picture, LeadBitmap& target) {

@@ -4,7 +4,6 @@
 #include "sendfax/block_header.h"
 #include "sendfax/job.h"
 #include "sendfax/page_preparers.h"
-#include "sendfax/page_rows.h"
 #include "sendfax/trace_lines.h"
 
 namespace zerdix::sendfax {
@@ -47,7 +46,7 @@ std::int32_t rotate(unsigned char* block, std::size_t size, page_dat& page) {
 std::int32_t RotateBitmap(unsigned char* block, std::int32_t size, page_dat* page) {
     trace_lines.entry("<-- RotateBitmap:");
     const auto bytes = static_cast<std::size_t>(size);
-    const page_size picture = read_page_size({block, bytes});
+    const pages::page_size picture = pages::read_header(block, pages::header_form::stored);
     if (picture.height > picture.width) {
         trace_lines.exit("--> RotateBitmap(): Bitmap must not be rotated");
         return declined;

@@ -5,13 +5,13 @@
 #include <memory>
 #include <span>
 
-#include "imaging/mirror.h"
-#include "imaging/page_codec.h"
+#include "pages/driver_form.h"
+#include "pages/mirror.h"
+#include "pages/page_codec.h"
 #include "rpc/call.h"
 #include "sendfax/job.h"
 #include "sendfax/log_line.h"
 #include "sendfax/page_preparers.h"
-#include "sendfax/page_rows.h"
 #include "sendfax/trace_lines.h"
 
 using namespace zerdix;
@@ -45,20 +45,20 @@ bool create_document(const job_log& log) {
 }
 
 bool is_sound(std::span<const unsigned char> block) {
-    if (block.size() < page_header_size) {
+    if (block.size() < pages::block_header_size) {
         trace_lines.error("StoreFaxPage(): The page block of %lu bytes has no room for its header",
                           static_cast<std::uint32_t>(block.size()));
         return false;
     }
-    const page_size size = read_page_size(block);
+    const pages::page_size size = pages::read_header(block.data(), pages::header_form::stored);
     trace_lines.info("StoreFaxPage(): Width: %ld Height %ld", size.width, size.height);
-    if (!size.is_storable()) {
+    if (!pages::is_storable(size)) {
         trace_lines.error("StoreFaxPage(): A page of %lu by %lu pixels can't be stored: the width "
                           "must be a multiple of 8, and neither may be 0",
                           size.width, size.height);
         return false;
     }
-    if (size.covered_by(block.size()))
+    if (size.block_bytes() <= block.size())
         return true;
     trace_lines.error("StoreFaxPage(): The page block of %lu bytes doesn't cover its rows",
                       static_cast<std::uint32_t>(block.size()));
@@ -86,9 +86,9 @@ void announce_pages(std::size_t block_size) {
 
 // From driver form to stored form, and into the codec. The header is in stored form already.
 bool compress_page(std::span<unsigned char> buffer, page_dat& page) {
-    imaging::mirror_and_invert(buffer.subspan(page_header_size));
+    pages::mirror_and_invert(buffer.subspan(pages::block_header_size));
     std::int32_t length = 0;
-    const std::int32_t rc = imaging::compress_mem_2_mem(
+    const std::int32_t rc = pages::compress_mem_2_mem(
         buffer.data(), static_cast<std::int32_t>(buffer.size()), &page.data, &length);
     page.size = static_cast<std::uint32_t>(length);
     if (rc != success)
@@ -104,7 +104,7 @@ bool prepare_page(std::span<const unsigned char> block, std::int16_t paper_sourc
         return false;
     }
     const std::span buffer{work.get(), block.size()};
-    turn_rows(block, buffer);
+    pages::turn_rows(block, buffer);
     const auto size = static_cast<std::int32_t>(buffer.size());
     const std::int16_t source = job().sPaperSource > 0 ? job().sPaperSource : paper_source;
     const std::int32_t merged = MergeBackPaper(buffer.data(), size, source, &page);

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "desk.h"
-#include "imaging/page_codec.h"
+#include "pages/page_codec.h"
 #include "support/test_server.h"
 
 namespace zerdix {

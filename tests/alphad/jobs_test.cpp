@@ -7,7 +7,7 @@
 #include <tiffio.h>
 
 #include "desk.h"
-#include "imaging/page_codec.h"
+#include "pages/page_codec.h"
 #include "support/test_server.h"
 
 namespace zerdix {
@@ -41,8 +41,8 @@ std::string page_block(int page) {
 std::string compressed(const std::string& block) {
     unsigned char* output = nullptr;
     std::int32_t length = 0;
-    imaging::compress_mem_2_mem(reinterpret_cast<const unsigned char*>(block.data()),
-                                static_cast<std::int32_t>(block.size()), &output, &length);
+    pages::compress_mem_2_mem(reinterpret_cast<const unsigned char*>(block.data()),
+                              static_cast<std::int32_t>(block.size()), &output, &length);
     std::string result(reinterpret_cast<const char*>(output), static_cast<std::size_t>(length));
     std::free(output);
     return result;

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "imaging/codec_calls.h"
+#include "pages/codec_calls.h"
 #include "support/test_server.h"
 
 namespace zerdix::testing {

@@ -7,9 +7,9 @@
 
 #include <gmock/gmock.h>
 
-#include "imaging/codec_calls.h"
 #include "imaging/owned_bitmap.h"
 #include "imaging/pictures.h"
+#include "pages/codec_calls.h"
 #include "platform/message_box.h"
 #include "platform/quit.h"
 
@@ -87,7 +87,6 @@ TEST_F(PageForms, AFullWhitePage) {
     ASSERT_EQ(CreateEmptyBitmap(&bitmap, 1728, 2286), 1);
     EXPECT_EQ(bitmap.flags, 0x4001u);
     EXPECT_EQ(bitmap.order, colour_order::white_first);
-    EXPECT_EQ((block_size{1728, 2286}.bytes()), 493784u);
     page_dat page{};
     ASSERT_EQ(ConvertLeadToCompressedFax(&page, &bitmap, 0), 1);
     const bytes stream = taken(page);
@@ -98,10 +97,10 @@ TEST_F(PageForms, AFullWhitePage) {
     const bytes header{0x00, 0x00, 0x60, 0x03, 0x00, 0x00, 0x10, 0x77};
     EXPECT_TRUE(std::equal(header.begin(), header.end(), expanded.begin()));
     EXPECT_EQ(std::count(expanded.begin() + 8, expanded.end(), 0), 493776);
-    convert_header(expanded.data(), MirrorLong);
-    EXPECT_EQ(read_block_size(expanded.data()).width, 1728);
-    EXPECT_EQ(read_block_size(expanded.data()).height, 2286);
-    convert_header(expanded.data(), SwapLong);
+    const pages::page_size size = pages::read_header(expanded.data(), pages::header_form::expanded);
+    EXPECT_EQ(size.width, 1728u);
+    EXPECT_EQ(size.height, 2286u);
+    pages::write_header(expanded.data(), size, pages::header_form::stored);
     EXPECT_THAT(bytes(expanded.begin(), expanded.begin() + 8),
                 ElementsAre(0x00, 0x00, 0x06, 0xC0, 0x00, 0x00, 0x08, 0xEE));
 }

@@ -2,7 +2,7 @@
 // the work buffer as it was.
 
 #include "cover/template_document.h"
-#include "imaging/mirror.h"
+#include "pages/mirror.h"
 #include "sendfax/failing_malloc.h"
 #include "sendfax/job_trace.h"
 #include "sendfax/page_preparers.h"
@@ -66,14 +66,14 @@ std::string stored_page(picture from) {
     for (std::uint32_t y = 0; y < from.height / 2; ++y)
         std::swap_ranges(&block[8 + y * row], &block[8 + y * row] + row,
                          &block[8 + (from.height - 1 - y) * row]);
-    imaging::mirror_and_invert(std::span{block}.subspan(8));
+    pages::mirror_and_invert(std::span{block}.subspan(8));
     const bytes compressed = *codec::compress(block);
     return {compressed.begin(), compressed.end()};
 }
 
 picture read_page(const std::string& compressed) {
     bytes block = *codec::expand({compressed.begin(), compressed.end()});
-    imaging::mirror_and_invert(std::span{block}.first(8));
+    pages::mirror_and_invert(std::span{block}.first(8));
     for (int i = 0; i < 8; ++i)
         block[static_cast<std::size_t>(i)] ^= 0xFF;
     const auto word = [&](std::size_t i) {

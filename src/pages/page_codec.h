@@ -8,13 +8,13 @@
 // library works with the leftmost pixel in bit 7.
 //
 // Each call is a run of its own and keeps nothing; calls on different threads don't meet.
-#ifndef ZERDIX_IMAGING_PAGE_CODEC_H
-#define ZERDIX_IMAGING_PAGE_CODEC_H
+#ifndef ZERDIX_PAGES_PAGE_CODEC_H
+#define ZERDIX_PAGES_PAGE_CODEC_H
 
 #include <cstddef>
 #include <cstdint>
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 // The expander gives no more bytes than this, whatever the stream asks for: a few thousand bytes
 // of a hostile stream can stand for gigabytes. It is some 500 fax pages.
@@ -35,6 +35,6 @@ std::int32_t compress_mem_2_mem(const unsigned char* input, std::int32_t inputLe
 std::int32_t uncompress_mem_2_mem(const unsigned char* input, std::int32_t inputLength,
                                   unsigned char** output, std::int32_t* outputLength);
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages
 
 #endif

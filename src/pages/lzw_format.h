@@ -1,11 +1,11 @@
 // The numbers of the compressed stream that both directions of the page codec share.
-#ifndef ZERDIX_IMAGING_LZW_FORMAT_H
-#define ZERDIX_IMAGING_LZW_FORMAT_H
+#ifndef ZERDIX_PAGES_LZW_FORMAT_H
+#define ZERDIX_PAGES_LZW_FORMAT_H
 
 #include <cstddef>
 #include <cstdint>
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 inline constexpr unsigned char magic_1 = 0x1f;
 inline constexpr unsigned char magic_2 = 0x9d;
@@ -32,6 +32,6 @@ constexpr std::uint32_t max_code(std::uint32_t width, std::uint32_t largest_widt
     return width == largest_width ? 1u << width : (1u << width) - 1;
 }
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages
 
 #endif

@@ -1,9 +1,9 @@
 // Whether the processor has registers of 32 bytes (AVX2), for which three operations are compiled
 // a second time: mirroring bytes, turning a page and combining two. Both ways give the same bits.
-#ifndef ZERDIX_IMAGING_WIDE_REGISTERS_H
-#define ZERDIX_IMAGING_WIDE_REGISTERS_H
+#ifndef ZERDIX_PAGES_WIDE_REGISTERS_H
+#define ZERDIX_PAGES_WIDE_REGISTERS_H
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 // A test turns them off to see what a processor without them does.
 inline bool wide_registers_allowed = true;
@@ -16,6 +16,6 @@ inline bool has_wide_registers() {
 #endif
 }
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages
 
 #endif

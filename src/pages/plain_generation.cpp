@@ -1,8 +1,8 @@
 #include <span>
 
-#include "imaging/compress_run.h"
+#include "pages/compress_run.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 namespace {
 
 class plain_table {
@@ -77,4 +77,4 @@ generation_end plain_generation(compress_run& run, void* tables) {
     return generation_end::input_used_up;
 }
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages

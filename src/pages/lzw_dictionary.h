@@ -15,15 +15,15 @@
 // slot holds, from the top: the byte, the kind, the lowest bit of the node, the distance from the
 // key's home in probes, and the string's node. With the place of the slot this tells the key
 // completely, so that no key needs to be stored.
-#ifndef ZERDIX_IMAGING_STRING_TABLE_H
-#define ZERDIX_IMAGING_STRING_TABLE_H
+#ifndef ZERDIX_PAGES_LZW_DICTIONARY_H
+#define ZERDIX_PAGES_LZW_DICTIONARY_H
 
 #include <array>
 #include <cstring>
 
-#include "imaging/lzw_format.h"
+#include "pages/lzw_format.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 using node = std::uint32_t;
 
@@ -49,7 +49,7 @@ inline constexpr std::array<std::uint32_t, 256> byte_spread = [] {
     return offsets;
 }();
 
-class string_table {
+class lzw_dictionary {
   public:
     static constexpr std::size_t bytes = home_count * sizeof(std::uint64_t);
 
@@ -63,7 +63,7 @@ class string_table {
         node target() const { return entry & 0xffff; }
     };
 
-    explicit string_table(void* memory) : homes_(static_cast<std::uint64_t*>(memory)) {}
+    explicit lzw_dictionary(void* memory) : homes_(static_cast<std::uint64_t*>(memory)) {}
 
     void clear() { std::memset(homes_, 0, bytes); }
 
@@ -139,6 +139,6 @@ class string_table {
     std::uint64_t* homes_;
 };
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages
 
 #endif

@@ -1,6 +1,6 @@
 #include "codec_calls.h"
-#include "imaging/code_writer.h"
 #include "naive_codec.h"
+#include "pages/code_writer.h"
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -11,7 +11,7 @@
 namespace {
 
 using codec::bytes;
-using namespace zerdix::imaging;
+using namespace zerdix::pages;
 
 TEST(damaged_stream, headers) {
     for (unsigned third = 0; third < 256; ++third) {

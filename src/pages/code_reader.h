@@ -1,14 +1,14 @@
 // The expander's way in: takes codes out of a stream, group by group.
-#ifndef ZERDIX_IMAGING_CODE_READER_H
-#define ZERDIX_IMAGING_CODE_READER_H
+#ifndef ZERDIX_PAGES_CODE_READER_H
+#define ZERDIX_PAGES_CODE_READER_H
 
 #include <algorithm>
 #include <bit>
 #include <cstring>
 
-#include "imaging/lzw_format.h"
+#include "pages/lzw_format.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 static_assert(std::endian::native == std::endian::little,
               "codes are unpacked by loading 64-bit words, lowest byte first");
@@ -73,6 +73,6 @@ class code_reader {
     std::size_t at_ = 0;      // the next code, in bits
 };
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages
 
 #endif

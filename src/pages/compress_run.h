@@ -1,13 +1,13 @@
 // What the two engines of the compressor share: the state of a run, from which either can go on.
-#ifndef ZERDIX_IMAGING_COMPRESS_RUN_H
-#define ZERDIX_IMAGING_COMPRESS_RUN_H
+#ifndef ZERDIX_PAGES_COMPRESS_RUN_H
+#define ZERDIX_PAGES_COMPRESS_RUN_H
 
 #include <algorithm>
 #include <limits>
 
-#include "imaging/code_writer.h"
+#include "pages/code_writer.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 // Tells when the full table has stopped to pay: looks every 10,000 bytes at how many bytes of input
 // go into a byte of output, and compares with the look before.
@@ -76,6 +76,6 @@ generation_end plain_generation(compress_run& run, void* tables);
 // and the position of its writer then need to be put back.
 generation_end fast_generation(compress_run& run, void* tables);
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages
 
 #endif

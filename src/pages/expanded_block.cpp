@@ -1,11 +1,11 @@
-#include "imaging/expanded_block.h"
+#include "pages/expanded_block.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "imaging/page_codec.h"
+#include "pages/page_codec.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 bool expanded_block::grow(std::size_t wanted) {
     if (wanted > expanded_limit) {
@@ -34,4 +34,4 @@ unsigned char* expanded_block::finish() {
     return std::exchange(bytes_, nullptr);
 }
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages

@@ -1,9 +1,9 @@
-#include "imaging/code_writer.h"
+#include "pages/code_writer.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 void code_writer::write_header() {
     grow();
@@ -62,4 +62,4 @@ unsigned char* code_writer::finish(std::size_t& length) {
     return std::exchange(block_, nullptr);
 }
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages

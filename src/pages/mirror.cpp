@@ -1,4 +1,4 @@
-#include "imaging/mirror.h"
+#include "pages/mirror.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -8,9 +8,9 @@
 #include <immintrin.h>
 #endif
 
-#include "imaging/wide_registers.h"
+#include "pages/wide_registers.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 namespace {
 
@@ -91,4 +91,4 @@ void mirror_and_invert(std::span<unsigned char> bytes) {
     mirror(bytes, 0xFF);
 }
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages

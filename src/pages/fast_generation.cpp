@@ -1,18 +1,18 @@
 #include <bit>
 
-#include "imaging/compress_run.h"
-#include "imaging/string_table.h"
+#include "pages/compress_run.h"
+#include "pages/lzw_dictionary.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 namespace {
 
-static_assert(string_table::bytes <= table_bytes);
+static_assert(lzw_dictionary::bytes <= table_bytes);
 
 // The longest known string at a place of the input.
 struct match {
-    node last;               // the string's node
-    std::size_t end;         // of the string in the input
-    string_table::place gap; // where the string longer by a byte belongs
+    node last;                 // the string's node
+    std::size_t end;           // of the string in the input
+    lzw_dictionary::place gap; // where the string longer by a byte belongs
 };
 
 class generation {
@@ -42,14 +42,14 @@ class generation {
     match short_match(std::size_t start) const;
     match zeros_match(std::size_t start);
     std::size_t zeros_at(std::size_t start, std::size_t most) const;
-    string_table::place zeros_child(std::size_t count) const;
+    lzw_dictionary::place zeros_child(std::size_t count) const;
     void add_short_cut(node from, node to);
     bool add(const match& found);
 
     compress_run& run_;
     const unsigned char* input_;
     std::size_t length_;
-    string_table table_;
+    lzw_dictionary table_;
     std::uint32_t next_free_ = first_free;
     std::uint32_t short_cuts_ = 0;
     bool first_slot_taken_ = false;
@@ -75,7 +75,7 @@ std::size_t generation::zeros_at(std::size_t start, std::size_t most) const {
 }
 
 // The entry of the string of count + 1 zero bytes.
-string_table::place generation::zeros_child(std::size_t count) const {
+lzw_dictionary::place generation::zeros_child(std::size_t count) const {
     return count == 2 ? table_.triple(0, 0, 0) : table_.child(zeros_[count], 0);
 }
 
@@ -202,4 +202,4 @@ generation_end fast_generation(compress_run& run, void* tables) {
     return generation(run, tables).go();
 }
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages

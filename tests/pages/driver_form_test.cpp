@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 #include <random>
 
-#include "imaging/mirror.h"
-#include "sendfax/page_rows.h"
+#include "pages/driver_form.h"
+#include "pages/mirror.h"
 
-namespace zerdix::sendfax {
+namespace zerdix::pages {
 namespace {
 
 using block = std::vector<unsigned char>;
@@ -37,7 +37,7 @@ TEST(PageRows, StoredFormShowsTheSamePictureUpright) {
             const block page = random_page(width, height, 0);
             block turned(page.size());
             turn_rows(page, turned);
-            imaging::mirror_and_invert(std::span{turned}.subspan(8));
+            mirror_and_invert(std::span{turned}.subspan(8));
             ASSERT_TRUE(std::equal(page.begin(), page.begin() + 8, turned.begin()));
             for (std::size_t row = 0; row < height; ++row)
                 for (std::size_t x = 0; x < width; ++x)
@@ -52,23 +52,21 @@ TEST(PageRows, SpareBytesBecomeWhite) {
     block turned(page.size(), 0x55);
     turn_rows(page, turned);
     EXPECT_EQ(block(turned.end() - 5, turned.end()), block(5, 0xFF));
-    imaging::mirror_and_invert(std::span{turned}.subspan(8));
+    mirror_and_invert(std::span{turned}.subspan(8));
     EXPECT_EQ(turned.back(), 0x00);
 }
 
 TEST(PageRows, SingleBytesAreMirroredThenInverted) {
     block bytes{0x01, 0xF0, 0x00, 0xFF, 0x80, 0x0F, 0xAA, 0x12, 0x01};
-    imaging::mirror_and_invert(bytes);
+    mirror_and_invert(bytes);
     EXPECT_EQ(bytes, (block{0x7F, 0xF0, 0xFF, 0x00, 0xFE, 0x0F, 0xAA, 0xB7, 0x7F}));
 }
 
-TEST(PageRows, CoverageDoesNotOverflow) {
-    EXPECT_TRUE((page_size{1728, 2286}.covered_by(8 + 216 * 2286)));
-    EXPECT_FALSE((page_size{1728, 2286}.covered_by(8 + 216 * 2286 - 1)));
-    EXPECT_FALSE((page_size{0xFFFFFFFF, 0xFFFFFFFF}.covered_by(0x7FFFFFFF)));
-    EXPECT_FALSE((page_size{0x80000000, 0x20}.covered_by(8)));
-    EXPECT_FALSE((page_size{8, 0}.covered_by(7)));
+TEST(PageRows, ABlocksLengthDoesNotOverflow) {
+    EXPECT_EQ((page_size{1728, 2286}.block_bytes()), 8u + 216 * 2286);
+    EXPECT_EQ((page_size{0xFFFFFFFF, 0xFFFFFFFF}.block_bytes()), 8 + 0xFFFFFFFFull * 0x20000000ull);
+    EXPECT_EQ((page_size{8, 0}.block_bytes()), 8u);
 }
 
 } // namespace
-} // namespace zerdix::sendfax
+} // namespace zerdix::pages

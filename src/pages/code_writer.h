@@ -1,14 +1,14 @@
 // The compressor's way out: packs codes into a growing block, lowest bit first.
-#ifndef ZERDIX_IMAGING_CODE_WRITER_H
-#define ZERDIX_IMAGING_CODE_WRITER_H
+#ifndef ZERDIX_PAGES_CODE_WRITER_H
+#define ZERDIX_PAGES_CODE_WRITER_H
 
 #include <bit>
 #include <cstdlib>
 #include <cstring>
 
-#include "imaging/lzw_format.h"
+#include "pages/lzw_format.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 static_assert(std::endian::native == std::endian::little,
               "codes are packed by storing 64-bit words, lowest byte first");
@@ -90,6 +90,6 @@ class code_writer {
     bool failed_ = false;
 };
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages
 
 #endif

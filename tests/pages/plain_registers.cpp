@@ -2,11 +2,11 @@
 // registers.
 #include <cstdlib>
 
-#include "imaging/wide_registers.h"
+#include "pages/wide_registers.h"
 
 namespace {
 
 [[maybe_unused]] const bool plain = std::getenv("ZERDIX_TEST_PLAIN") != nullptr &&
-                                    (zerdix::imaging::wide_registers_allowed = false, true);
+                                    (zerdix::pages::wide_registers_allowed = false, true);
 
 } // namespace

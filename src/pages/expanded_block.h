@@ -1,14 +1,14 @@
 // The expander's way out: a growing block to which pieces of itself are appended.
-#ifndef ZERDIX_IMAGING_EXPANDED_BLOCK_H
-#define ZERDIX_IMAGING_EXPANDED_BLOCK_H
+#ifndef ZERDIX_PAGES_EXPANDED_BLOCK_H
+#define ZERDIX_PAGES_EXPANDED_BLOCK_H
 
 #include <array>
 #include <cstdlib>
 #include <cstring>
 
-#include "imaging/lzw_format.h"
+#include "pages/lzw_format.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 class expanded_block {
   public:
@@ -66,6 +66,6 @@ class expanded_block {
     bool out_of_memory_ = false;
 };
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages
 
 #endif

@@ -1,11 +1,11 @@
 #include <array>
 #include <memory>
 
-#include "imaging/code_reader.h"
-#include "imaging/expanded_block.h"
-#include "imaging/page_codec.h"
+#include "pages/code_reader.h"
+#include "pages/expanded_block.h"
+#include "pages/page_codec.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 namespace {
 
 constexpr std::array<unsigned char, 256> make_mirror() {
@@ -150,4 +150,4 @@ std::int32_t uncompress_mem_2_mem(const unsigned char* input, std::int32_t input
     return 0;
 }
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages

@@ -2,10 +2,10 @@
 #include <limits>
 #include <memory>
 
-#include "imaging/compress_run.h"
-#include "imaging/page_codec.h"
+#include "pages/compress_run.h"
+#include "pages/page_codec.h"
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 namespace {
 
 struct releaser {
@@ -53,4 +53,4 @@ std::int32_t compress_mem_2_mem(const unsigned char* input, std::int32_t inputLe
     return 0;
 }
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages

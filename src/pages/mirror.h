@@ -1,10 +1,10 @@
 // The step between the forms of a page that every byte of it goes through.
-#ifndef ZERDIX_IMAGING_MIRROR_H
-#define ZERDIX_IMAGING_MIRROR_H
+#ifndef ZERDIX_PAGES_MIRROR_H
+#define ZERDIX_PAGES_MIRROR_H
 
 #include <span>
 
-namespace zerdix::imaging {
+namespace zerdix::pages {
 
 // Reverses the order of the bits of each byte, in place: between expanded and stored form.
 void mirror_bits(std::span<unsigned char> bytes);
@@ -12,6 +12,6 @@ void mirror_bits(std::span<unsigned char> bytes);
 // And inverts them: between driver form and stored form.
 void mirror_and_invert(std::span<unsigned char> bytes);
 
-} // namespace zerdix::imaging
+} // namespace zerdix::pages
 
 #endif

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "imaging/page_codec.h"
+#include "pages/page_codec.h"
 
 namespace codec {
 
@@ -30,10 +30,10 @@ std::optional<bytes> call(Operation operation, const bytes& input) {
 
 // Empty when the call didn't return 0.
 inline std::optional<bytes> compress(const bytes& input) {
-    return call(zerdix::imaging::compress_mem_2_mem, input);
+    return call(zerdix::pages::compress_mem_2_mem, input);
 }
 inline std::optional<bytes> expand(const bytes& stream) {
-    return call(zerdix::imaging::uncompress_mem_2_mem, stream);
+    return call(zerdix::pages::uncompress_mem_2_mem, stream);
 }
 
 inline bytes text_bytes(std::string_view text) {

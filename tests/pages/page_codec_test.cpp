@@ -1,6 +1,6 @@
 #include "codec_calls.h"
-#include "imaging/compress_run.h"
 #include "naive_codec.h"
+#include "pages/compress_run.h"
 
 #include <gmock/gmock.h>
 
@@ -112,10 +112,10 @@ TEST(page_codec, ratio_of_a_long_input) {
     ASSERT_NO_FATAL_FAILURE(expect_like_naive(input));
 }
 
-zerdix::imaging::generation_end one_generation(const bytes& input) {
-    bytes tables(zerdix::imaging::table_bytes);
-    zerdix::imaging::compress_run run(input.data(), input.size());
-    return zerdix::imaging::fast_generation(run, tables.data());
+zerdix::pages::generation_end one_generation(const bytes& input) {
+    bytes tables(zerdix::pages::table_bytes);
+    zerdix::pages::compress_run run(input.data(), input.size());
+    return zerdix::pages::fast_generation(run, tables.data());
 }
 
 // The pair 00 00 has key 0 in the format's table, and is forgotten there when another key is stored
@@ -138,7 +138,7 @@ TEST(page_codec, forgets_a_pair_of_zeros) {
     std::size_t given_up = 0;
     for (unsigned seed = 0; seed < 20; ++seed) {
         const auto noise = codec::random_bytes(300000, seed + 100);
-        given_up += one_generation(noise) == zerdix::imaging::generation_end::given_up;
+        given_up += one_generation(noise) == zerdix::pages::generation_end::given_up;
         ASSERT_NO_FATAL_FAILURE(expect_like_naive(noise)) << seed;
     }
     EXPECT_GT(given_up, 0u) << "none of these inputs forgets the pair";
@@ -146,10 +146,10 @@ TEST(page_codec, forgets_a_pair_of_zeros) {
 
 TEST(page_codec, plain_engine_alone) {
     for (const auto& input : {codec::random_bytes(500000, 5), codec::page_like(2286, 5)}) {
-        bytes tables(zerdix::imaging::table_bytes);
-        zerdix::imaging::compress_run run(input.data(), input.size());
-        while (zerdix::imaging::plain_generation(run, tables.data()) ==
-               zerdix::imaging::generation_end::cleared) {
+        bytes tables(zerdix::pages::table_bytes);
+        zerdix::pages::compress_run run(input.data(), input.size());
+        while (zerdix::pages::plain_generation(run, tables.data()) ==
+               zerdix::pages::generation_end::cleared) {
         }
         std::size_t length;
         unsigned char* block = run.writer.finish(length);
