@@ -73,9 +73,9 @@ ZX_API int32_t SetFaxMergeData(const char* text, int32_t length);
  * Pages are numbered in the order of the calls, up to 32,767; `page_index` is only traced.
  * `paper_source`, 0 to 9, selects the letterhead, unless merge data named one above 0.
  *
- * 0: the page is on the server. 8: any failure, also while the job is being sent or its dialog runs;
- * the job stays open. A page that was refused for its block doesn't count; one that the server
- * didn't take does. */
+ * 0: the page is on the server. 8: any failure, also while the job is being sent or its dialog
+ * runs; the job stays open. A page that was refused for its block doesn't count; one that the
+ * server didn't take does. */
 ZX_API int32_t StoreFaxPage(const void* block, int32_t size, int16_t page_index,
                             int16_t paper_source);
 
@@ -103,10 +103,10 @@ ZX_API int32_t DeleteFaxDoc(void);
  * connection is gone (it isn't made anew within a job) or the server never made the document. The
  * next TransmissionDlg connects anew.
  *
- * The id of the document that stays behind on the desk of the job's user, with what pages it has; of
- * a telex it is a print document of the server's. 0 when there is none, or none that is known: one
- * whose creation got no answer may be there all the same. -1, and nothing is done, while the job is
- * being sent or its dialog runs. */
+ * The id of the document that stays behind on the desk of the job's user, with what pages it has;
+ * of a telex it is a print document of the server's. 0 when there is none, or none that is known:
+ * one whose creation got no answer may be there all the same. -1, and nothing is done, while the
+ * job is being sent or its dialog runs. */
 ZX_API int32_t AbandonFaxDoc(void);
 
 /* The state of the job, for dialogs and drivers that look at it. Owned by the library; valid from

@@ -1,5 +1,7 @@
 #include "cover/composer.h"
 
+#include <zerdix/values.h>
+
 #include <algorithm>
 
 #include "common/show_message.h"
@@ -20,8 +22,6 @@ constexpr std::int32_t no_template = 1264;
 
 // Of the template's page 1 and of the new page.
 constexpr std::int16_t first_page = 1;
-constexpr std::int16_t compressed_bitmap = 0; // picture types
-constexpr std::int16_t command_text = 10;
 
 // 0 when the server names none. A failed call doesn't count as an answer.
 std::int32_t template_id(JOURNAL& journal) {
@@ -80,7 +80,7 @@ bool compose(sources from, const page_dat& form, LeadBitmap& bitmap, server_cont
     auto painter = page_painter::open(bitmap);
     if (!painter)
         return false;
-    const page_dat* text = template_picture(from.journal, command_text);
+    const page_dat* text = template_picture(from.journal, picture_cover_text);
     if (text == nullptr)
         return true;
     content.user = cover_user(from.session);
@@ -97,7 +97,7 @@ bool compose(sources from, const page_dat& form, LeadBitmap& bitmap, server_cont
 int InsertCoverPage(ZERDIX* session, JOURNAL* journal, LeadBitmap* bitmap, const a_s_rec* record,
                     std::int32_t faxid) {
     FreeLeadBitmap(bitmap);
-    const page_dat* form = template_picture(*journal, compressed_bitmap);
+    const page_dat* form = template_picture(*journal, picture_page);
     if (form == nullptr) {
         show_message(no_template);
         return 0;

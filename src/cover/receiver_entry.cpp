@@ -1,3 +1,5 @@
+#include <zerdix/book_entry.h>
+
 #include "cover/composer.h"
 #include "cover/state.h"
 
@@ -8,12 +10,12 @@ int FindReceiverEntry(const a_s_rec* record, o_tebul** entry) {
     if (!coverBook)
         coverBook.emplace();
     const std::string_view phone = record->phone.view();
-    const std::size_t colon = phone.find(':');
-    const bool has_book = colon != std::string_view::npos;
+    const book_entry named =
+        parse_book_entry(phone).value_or(book_entry{"common", std::string{phone}});
     str10 book;
     str10 id;
-    book.assign(has_book ? phone.substr(0, colon) : "common");
-    id.assign(has_book ? phone.substr(colon + 1) : phone);
+    book.assign(named.book);
+    id.assign(named.entry);
     *entry = coverBook->getTBookEntry(book.bytes, id.bytes, 0);
     return *entry != nullptr ? 1 : 0;
 }

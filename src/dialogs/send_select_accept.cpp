@@ -5,6 +5,7 @@
 
 #include <zerdix/sendfax.h>
 #include <zerdix/timetext.h>
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
 #include "dialogs/message.h"
@@ -13,7 +14,6 @@
 #include "dialogs/stored_sending.h"
 #include "dialogs/wait.h"
 #include "sendfax/receivers.h"
-#include "sendfax/send_priority.h"
 
 namespace zerdix::dialogs {
 
@@ -114,7 +114,7 @@ void CDialogSendSelect::readPriority() {
     if (user == nullptr)
         AfxMessageBox(send::no_user_record);
     else
-        sRecWork.priority = sendfax::send_priority(std::clamp<int>(user->priority, 0, 100));
+        sRecWork.priority = send_priority(std::clamp<int>(user->priority, 0, 100));
 }
 
 // The job's record is replaced whole: the job fills in again what it knows better.

@@ -1,5 +1,8 @@
 #include "dialogs/stored_sending.h"
 
+#include <zerdix/book_entry.h>
+#include <zerdix/values.h>
+
 #include "common/string_table.h"
 #include "cover/state.h"
 #include "dialogs/message.h"
@@ -22,13 +25,6 @@ enum stored_text : std::int32_t {
 
 constexpr std::int16_t first_page = 1;
 constexpr std::size_t told_limit = 199;
-
-// Picture types, and the bits of page 1 that stand for data of a kind.
-constexpr std::int16_t text_page = 4;
-constexpr std::int16_t telex_page = 6;
-constexpr std::int32_t telex_bit = 1 << telex_page;
-constexpr std::int32_t fax_data = 1 << 0 | 1 << 1;
-constexpr std::int32_t telex_data = 1 << text_page | telex_bit;
 
 void tell_count(std::int32_t stringId, std::int32_t count) {
     if (count != 0)
@@ -128,20 +124,19 @@ void stored_sending::sendTo(const final_receiver& receiver, std::int32_t documen
 // A member of a group may have become a telex entry, or gone, since the group was read.
 bool stored_sending::lacksTelexData(const final_receiver& receiver, std::int32_t mask) {
     if (receiver.isGroup == 0)
-        return receiver.nettype == NETTYPE_TELEX && (mask & telex_data) == 0;
-    const std::size_t colon = receiver.text.find(':');
-    const std::string book = receiver.text.substr(0, colon);
-    const o_tebul* entry =
-        telebook_.getTBookEntry(book.c_str(), receiver.text.c_str() + colon + 1, 1);
-    return entry == nullptr || (entry->nettype == NETTYPE_TELEX && (mask & telex_bit) == 0);
+        return receiver.nettype == NETTYPE_TELEX && !has_telex_data(mask);
+    const book_entry named = parse_book_entry(receiver.text).value_or(book_entry{});
+    const o_tebul* entry = telebook_.getTBookEntry(named.book.c_str(), named.entry.c_str(), 1);
+    return entry == nullptr ||
+           (entry->nettype == NETTYPE_TELEX && !has_picture(mask, picture_telex));
 }
 
 void stored_sending::sendTelex(std::int32_t document, std::int32_t mask) {
-    if ((mask & telex_data) == 0) {
+    if (!has_telex_data(mask)) {
         lacksData(failedTelex);
         return;
     }
-    const std::int16_t type = (mask & telex_bit) != 0 ? telex_page : text_page;
+    const picture_type type = has_picture(mask, picture_telex) ? picture_telex : picture_text;
     const page_dat* text = journal_.getDocPage(TOPF_P, document, first_page, type);
     const bool has_text = text != nullptr && text->size != 0;
     if (!has_text)
@@ -165,7 +160,7 @@ bool stored_sending::printTelex(const page_dat& text, std::int16_t type) {
 }
 
 void stored_sending::sendPages(std::int32_t document, std::int32_t mask) {
-    if ((mask & fax_data) == 0)
+    if (!has_fax_data(mask))
         lacksData(failedFax);
     else if (!steps_.send(document, receiver_))
         refuse(not_sent);

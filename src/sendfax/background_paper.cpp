@@ -1,6 +1,8 @@
 // Laying pages over the user's letterhead. The letterhead of a paper source is the first page of a
 // pool document that the user's record names.
 
+#include <zerdix/values.h>
+
 #include "imaging/owned_bitmap.h"
 #include "imaging/stretch.h"
 #include "sendfax/block_header.h"
@@ -16,7 +18,6 @@ using imaging::LeadBitmap;
 using imaging::owned_bitmap;
 
 constexpr std::int16_t first_page = 1;
-constexpr std::int16_t compressed_bitmap = 0; // the picture type, and its bit in a page's mask
 
 enum class outcome {
     merged,
@@ -53,11 +54,11 @@ outcome fetch_page(std::int32_t id) {
         return failed("MergeBackPaper(): problems with RPC connection");
     if (document->pagecount <= 0)
         return unusable("MergeBackPaper(): document contains no pages");
-    if ((document->pagemasks[0] & 1 << compressed_bitmap) == 0)
+    if (!has_picture(document->pagemasks[0], picture_page))
         return unusable("MergeBackPaper(): no page (PCT_CBM_FINE) found");
     // The page fetched before goes with this call, whatever becomes of it.
     forget_background();
-    state.pBackPage = state.pjournal->getDocPage(TOPF_P, id, first_page, compressed_bitmap);
+    state.pBackPage = state.pjournal->getDocPage(TOPF_P, id, first_page, picture_page);
     if (state.pBackPage == nullptr)
         return failed("MergeBackPaper(): problems with RPC connection");
     if (state.pBackPage->size == 0)

@@ -8,12 +8,12 @@
 
 #include <zerdix/telebook.h>
 #include <zerdix/timetext.h>
+#include <zerdix/values.h>
 
 #include "sendfax/job.h"
 #include "sendfax/merge_text.h"
 #include "sendfax/receiver_group.h"
 #include "sendfax/receivers.h"
-#include "sendfax/send_priority.h"
 #include "sendfax/trace_lines.h"
 
 using namespace zerdix;

@@ -5,6 +5,8 @@
 #include <memory>
 #include <span>
 
+#include <zerdix/values.h>
+
 #include "pages/driver_form.h"
 #include "pages/mirror.h"
 #include "pages/page_codec.h"
@@ -18,8 +20,6 @@ using namespace zerdix;
 using namespace zerdix::sendfax;
 
 namespace {
-
-constexpr std::int16_t compressed_bitmap = 0; // the picture type
 
 struct freed {
     void operator()(unsigned char* bytes) const { std::free(bytes); }
@@ -122,7 +122,7 @@ bool store_page(const page_dat& page, const job_log& log) {
     job_state& state = job();
     ++state.sPageCount;
     const std::int32_t rc =
-        state.pjournal->putDocPage(state.lFaxid, state.sPageCount, compressed_bitmap, &page);
+        state.pjournal->putDocPage(state.lFaxid, state.sPageCount, picture_page, &page);
     if (rc != success) {
         sending::job_outcome().failed(ZX_STEP_STORE, rc);
         trace_lines.error("-> StoreFaxPage(): Problems with RPC connection");

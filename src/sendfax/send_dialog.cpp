@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include <zerdix/values.h>
+
 #include "sendfax/job.h"
 #include "sendfax/receivers.h"
 #include "sendfax/trace_lines.h"
@@ -14,9 +16,9 @@ send_dialog installed = nullptr;
 
 std::int32_t job_result(std::int32_t ended) {
     switch (ended) {
-    case dialog_accepted:
+    case send_dialog_accepted:
         return success;
-    case dialog_cancelled:
+    case send_dialog_cancelled:
         return declined;
     default:
         return failure;

@@ -6,14 +6,10 @@
 
 namespace zerdix::sendfax {
 
-// How a send dialog ended.
-constexpr std::int32_t dialog_accepted = 2301;
-constexpr std::int32_t dialog_cancelled = 2302;
-
 // Shows a modal dialog for the job's state (zerdix/sendfax.h), which it fills, and returns how it
-// ended; any other number than the two above means that it couldn't run. Throws nothing. While it
-// runs nothing ends the job or gives it pages: DeleteFaxDoc, SendTelex and StoreFaxPage give 8,
-// SendFaxDoc 0, AbandonFaxDoc -1. Merge data may come.
+// ended: send_dialog_accepted or send_dialog_cancelled; any other number means that it couldn't
+// run. Throws nothing. While it runs nothing ends the job or gives it pages: DeleteFaxDoc,
+// SendTelex and StoreFaxPage give 8, SendFaxDoc 0, AbandonFaxDoc -1. Merge data may come.
 using send_dialog = std::int32_t (*)(void* parent);
 
 // Whoever can show the dialog says so here; null where no dialog can run. Returns the one before.

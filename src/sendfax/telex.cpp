@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include <zerdix/values.h>
+
 #include "sendfax/job.h"
 #include "sendfax/receivers.h"
 #include "sendfax/send_dialog.h"
@@ -15,8 +17,6 @@ using namespace zerdix;
 using namespace zerdix::sendfax;
 
 namespace {
-
-constexpr std::int16_t telex_page = 6; // the picture type
 
 std::int32_t ask_user() {
     const std::int32_t rc = run_send_dialog();
@@ -63,7 +63,7 @@ sending::telex_sender telex_steps() {
 }
 
 bool print_page(std::string& content, std::size_t receiver) {
-    switch (telex_steps().print(job().lFaxid, content, telex_page, receiver)) {
+    switch (telex_steps().print(job().lFaxid, content, picture_telex, receiver)) {
     case sending::telex_sender::end::printed:
         trace_lines.info("SendTelex(): Document will be printed");
         return true;

@@ -1,5 +1,7 @@
 #include "sending/group_members.h"
 
+#include <zerdix/book_entry.h>
+
 namespace zerdix::sending {
 
 namespace {
@@ -28,7 +30,7 @@ group_end read_group(TELEBOOK& books, const std::string& id, const member_taker&
 }
 
 std::string receiver_string(const str10& book, const str10& entry) {
-    return text_of(book) + ':' + text_of(entry);
+    return book_entry{text_of(book), text_of(entry)}.text();
 }
 
 bool is_missing(const o_tebul* entry) {

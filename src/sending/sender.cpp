@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include <zerdix/values.h>
+
 #include "cover/composer.h"
 #include "imaging/page_forms.h"
 #include "journal/sent_document.h"
@@ -12,7 +14,6 @@ namespace zerdix::sending {
 namespace {
 
 constexpr std::int16_t first_page = 1;
-constexpr std::int16_t compressed_bitmap = 0; // the picture type
 
 } // namespace
 
@@ -48,7 +49,7 @@ sender::cover_end sender::store_cover(imaging::LeadBitmap& bitmap, std::int32_t 
         return cover_end::not_converted;
     }
     record_.pages = pages;
-    const std::int32_t rc = journal_.putDocPage(document, first_page, compressed_bitmap, &page);
+    const std::int32_t rc = journal_.putDocPage(document, first_page, picture_page, &page);
     std::free(page.data);
     return note(ZX_STEP_STORE, rc) ? cover_end::stored : cover_end::not_stored;
 }

@@ -1,6 +1,7 @@
 // The send dialog on documents that are on the desk already.
 
 #include <zerdix/dialogs.h>
+#include <zerdix/outcome.h>
 
 #include "cover/template_document.h"
 #include "dialogs/send_dialog_fixture.h"
@@ -81,6 +82,24 @@ TEST_F(StoredDocuments, EachGoesToEachReceiver) {
     EXPECT_EQ(user.left_over(), 0u);
     EXPECT_EQ(send(ids, {click(2302)}), 2302);
     EXPECT_THAT(server.jobs(), SizeIs(6));
+}
+
+TEST_F(StoredDocuments, WhatCameOfEachReceiverIsTold) {
+    server.drop(25, 2); // the reply to the second sendDoc
+    ASSERT_EQ(send_one(fax, three + steps{click(2301)}), 2301);
+    const zx_outcome& outcome = *LastStoredOutcome();
+    ASSERT_EQ(outcome.receiver_count, 3);
+    EXPECT_STREQ(outcome.receivers[0].receiver, "111");
+    EXPECT_EQ(outcome.receivers[0].delivery, ZX_HANDED_OVER);
+    EXPECT_EQ(outcome.receivers[0].document, fax);
+    EXPECT_EQ(outcome.receivers[0].outgoing, server.jobs().at(0).record.faxid);
+    EXPECT_EQ(outcome.receivers[1].delivery, ZX_UNKNOWN);
+    EXPECT_EQ(outcome.receivers[2].delivery, ZX_NOT_TRIED);
+    EXPECT_EQ(outcome.step, ZX_STEP_SEND);
+    EXPECT_EQ(outcome.result, 2301);
+
+    ASSERT_EQ(send_one(fax, {click(2302)}), 2302);
+    EXPECT_EQ(LastStoredOutcome()->receiver_count, 0);
 }
 
 TEST_F(StoredDocuments, EachReceiverGetsOneCoverPageOfTheirOwn) {

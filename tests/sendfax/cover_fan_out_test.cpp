@@ -190,7 +190,7 @@ TEST_F(CoverJob, ACoverPageThatCantBeCompressedEndsTheJob) {
 TEST_F(CoverJob, ADocumentForAnotherDeskGetsOneToo) {
     sendfax::install_send_dialog([](void*) {
         std::strcpy(userid, "meier");
-        return sendfax::dialog_accepted;
+        return send_dialog_accepted;
     });
     open("");
     const std::size_t before = server.desk("meier").size();

@@ -155,7 +155,7 @@ TEST_F(PrintJob, AFanOutStopsAtARefusedSendAndKeepsWhatWentOut) {
 TEST_F(PrintJob, APoolDocumentThatCannotMoveStaysAndTheUserIsGivenBack) {
     sendfax::install_send_dialog([](void*) {
         std::strcpy(userid, "meier");
-        return sendfax::dialog_accepted;
+        return send_dialog_accepted;
     });
     for (int procedure : {3, 5}) {
         SCOPED_TRACE(procedure);

@@ -97,7 +97,7 @@ TEST_F(PrintJob, WithoutReceiversAndDialogTheDocumentStays) {
 }
 
 TEST_F(PrintJob, ACancelledDialogTakesTheDocumentAway) {
-    sendfax::install_send_dialog([](void*) { return sendfax::dialog_cancelled; });
+    sendfax::install_send_dialog([](void*) { return send_dialog_cancelled; });
     open_job_with_pages("");
     EXPECT_EQ(SendFaxDoc(), 4);
     EXPECT_EQ(server.calls(), calls{6});
@@ -105,7 +105,7 @@ TEST_F(PrintJob, ACancelledDialogTakesTheDocumentAway) {
 }
 
 TEST_F(PrintJob, ADialogWithoutReceiversSendsNothing) {
-    sendfax::install_send_dialog([](void*) { return sendfax::dialog_accepted; });
+    sendfax::install_send_dialog([](void*) { return send_dialog_accepted; });
     open_job_with_pages("");
     EXPECT_EQ(SendFaxDoc(), 0);
     EXPECT_EQ(server.calls(), (calls{22, 6}));
@@ -115,7 +115,7 @@ TEST_F(PrintJob, ADialogWithoutReceiversSendsNothing) {
 TEST_F(PrintJob, TheOwnPoolDocumentStaysFlagged) {
     sendfax::install_send_dialog([](void*) {
         std::strcpy(userid, "zerdix");
-        return sendfax::dialog_accepted;
+        return send_dialog_accepted;
     });
     open_job_with_pages("");
     EXPECT_EQ(SendFaxDoc(), 0);
@@ -132,7 +132,7 @@ TEST_F(PrintJob, AWishForCoverPagesConcernsOnlyWhatIsSent) {
     sendfax::install_send_dialog([](void*) {
         std::strcpy(userid, "zerdix");
         fCoverpage = 1;
-        return sendfax::dialog_accepted;
+        return send_dialog_accepted;
     });
     open_job_with_pages("");
     EXPECT_EQ(SendFaxDoc(), 0);
@@ -141,7 +141,7 @@ TEST_F(PrintJob, AWishForCoverPagesConcernsOnlyWhatIsSent) {
 
     sendfax::install_send_dialog([](void*) {
         fCoverpage = 1;
-        return sendfax::dialog_accepted;
+        return send_dialog_accepted;
     });
     open_job_with_pages("");
     EXPECT_EQ(SendFaxDoc(), 0) << "without receivers";
@@ -152,7 +152,7 @@ TEST_F(PrintJob, AWishForCoverPagesConcernsOnlyWhatIsSent) {
 TEST_F(PrintJob, APoolDocumentForAnotherUserMoves) {
     sendfax::install_send_dialog([](void*) {
         std::strcpy(userid, "meier");
-        return sendfax::dialog_accepted;
+        return send_dialog_accepted;
     });
     open_job_with_pages("");
     const std::int32_t old = server.desk("zerdix").at(0).id;
@@ -194,7 +194,7 @@ TEST_F(PrintJob, WhileTheDialogRunsTheJobIsNeitherSentNorEndedNorGivenPages) {
         EXPECT_EQ(AbandonFaxDoc(), -1);
         EXPECT_EQ(store(driver_block(80, 100)), 8);
         EXPECT_EQ(merge("#TITLE Other#"), 0) << "merge data may come at any time";
-        return sendfax::dialog_cancelled;
+        return send_dialog_cancelled;
     });
     open_job_with_pages("");
     EXPECT_EQ(SendFaxDoc(), 4);
@@ -255,7 +255,7 @@ TEST_F(PrintJob, ATelexSpeaksAsThePoolUserUntilTheJobEnds) {
         std::strcpy(userid, "meier");
         std::strcpy(ppReceiver[0], "1");
         lPDCountReceiver = 1;
-        return sendfax::dialog_accepted;
+        return send_dialog_accepted;
     });
     for (bool refused : {false, true}) {
         ASSERT_EQ(TransmissionDlg(nullptr, "Hello", 0), 0);
@@ -266,7 +266,7 @@ TEST_F(PrintJob, ATelexSpeaksAsThePoolUserUntilTheJobEnds) {
         sendfax::close_job();
         EXPECT_STREQ(ZERDIX::clsGetUserId(), "zerdix");
     }
-    sendfax::install_send_dialog([](void*) { return sendfax::dialog_cancelled; });
+    sendfax::install_send_dialog([](void*) { return send_dialog_cancelled; });
     ASSERT_EQ(TransmissionDlg(nullptr, "Hello", 0), 0);
     server.clear_calls();
     EXPECT_EQ(SendTelex("HELLO", 5), 4);

@@ -161,7 +161,7 @@ TEST_F(JobTrace, WhatIsOnlyWarnedAndWhatFails) {
 TEST_F(JobTrace, ADialogCancelledAndAJobGivenUp) {
     sendfax::install_send_dialog([](void*) {
         SendFaxDoc();
-        return sendfax::dialog_cancelled;
+        return send_dialog_cancelled;
     });
     open_job_with_pages("");
     const std::string id = document();
@@ -192,7 +192,7 @@ TEST_F(JobTrace, ADialogCancelledAndAJobGivenUp) {
 TEST_F(JobTrace, APoolDocumentForAnotherUser) {
     sendfax::install_send_dialog([](void*) {
         std::strcpy(userid, "meier");
-        return sendfax::dialog_accepted;
+        return send_dialog_accepted;
     });
     open_job_with_pages("");
     const std::string id = document();

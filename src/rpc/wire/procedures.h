@@ -6,6 +6,8 @@
 #include <array>
 #include <cstdint>
 
+#include <zerdix/values.h>
+
 #include "rpc/wire/document_records.h"
 #include "rpc/wire/fixed.h"
 #include "rpc/wire/session_records.h"
@@ -15,8 +17,8 @@
 namespace zerdix::wire {
 
 // Program and version of the Alpha server, before the offset of ZERDIXRPCOFFSET.
-constexpr std::uint32_t ZERDIX_PROG = 0xF452BF;
-constexpr std::uint32_t ZERDIX_VERS = 1;
+using zerdix::ZERDIX_PROG;
+using zerdix::ZERDIX_VERS;
 
 namespace proc {
 #define ZERDIX_PROCEDURE(procedure_number, procedure_name, argument_type, result_type)             \

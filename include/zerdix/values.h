@@ -1,0 +1,206 @@
+// What the values in records and results mean, for callers that show them: an inbox, a list of send
+// jobs, a phone book.
+//
+// Each value is marked. "Protocol": every Alpha server means the same by it. "alphad": the library
+// carries the field between server and caller and reads none of it; what is told here is how alphad
+// fills it in, and another server may do otherwise.
+//
+// Times are seconds since 1970-01-01 00:00:00 UTC. Texts are Windows-1252, and good as long as the
+// record that they are read from.
+#ifndef ZERDIX_VALUES_H
+#define ZERDIX_VALUES_H
+
+#include <cstdint>
+#include <string_view>
+
+#include <zerdix/records.h>
+
+namespace zerdix {
+
+// Protocol: the ONC RPC program. The program number goes up by the environment's ZERDIXRPCOFFSET.
+constexpr std::uint32_t ZERDIX_PROG = 0xF452BF;
+constexpr std::uint32_t ZERDIX_VERS = 1;
+
+// Protocol: results of the long operations. Single operations add others, as their headers tell.
+enum call_result : std::int32_t {
+    call_succeeded = 0,
+    call_refused = 4, // or not found
+    call_failed = 8,  // the server may have carried it out all the same
+    call_without_connection = 12,
+};
+
+// Protocol: the forms in which a page can exist. Bit n of a page's mask (a_get_inf_o) stands for
+// type n.
+enum picture_type : std::int16_t {
+    picture_page = 0,        // a fax page, compressed (zerdix/page.h)
+    picture_second_page = 1, // another one, compressed likewise
+    picture_text = 4,        // text
+    picture_telex = 6,       // a telex: its control record, then its text
+    picture_cover_text = 10, // the commands of a cover template, beside its form in type 0
+};
+
+constexpr bool has_picture(std::int32_t mask, picture_type type) {
+    return (mask >> type & 1) != 0;
+}
+constexpr bool has_fax_data(std::int32_t mask) {
+    return has_picture(mask, picture_page) || has_picture(mask, picture_second_page);
+}
+constexpr bool has_telex_data(std::int32_t mask) {
+    return has_picture(mask, picture_text) || has_picture(mask, picture_telex);
+}
+
+// Protocol: the field `resolution` of a_s_rec.
+enum send_resolution : std::int32_t {
+    resolution_as_is = 0,
+    resolution_fine = 1,
+    resolution_normal = 2,
+};
+
+// Protocol: the two scales of priority. A user's record, and whoever asks a person, has 0 to 100;
+// a send record and chgSRec have 0 to 32767.
+constexpr int highest_user_priority = 100;
+constexpr int highest_send_priority = 32767;
+
+// Rounded to the nearest.
+constexpr std::int16_t send_priority(int priority) {
+    return static_cast<std::int16_t>((priority * highest_send_priority + 50) /
+                                     highest_user_priority);
+}
+constexpr int user_priority(std::int16_t priority) {
+    return (priority * highest_user_priority + highest_send_priority / 2) / highest_send_priority;
+}
+
+// Protocol: how SendStoredDocuments ended; -1 when it couldn't run.
+constexpr std::int32_t send_dialog_accepted = 2301;
+constexpr std::int32_t send_dialog_cancelled = 2302;
+
+// Protocol: the bits of each byte of `perms`, in the order owner, group, everybody.
+enum book_right : unsigned char {
+    right_read = 1,    // see the record and what is in it
+    right_use = 2,     // send to its entries
+    right_add = 4,     // put entries or members in
+    right_change = 8,  // change entries, and the record
+    right_remove = 16, // take entries or members out, and the record away
+    right_hold = 32,   // change owner, group and rights
+    all_rights = 63,
+};
+
+// alphad: which documents a list shows. A selection that a pool doesn't know shows all.
+enum list_selection : selectiontype {
+    select_all = 0,
+    select_new = 1,    // not looked at yet: incoming documents and the desk's
+    select_public = 2, // public desk documents, of all users
+    select_errors = 3, // outgoing documents with an error
+};
+
+// alphad: the two values of a document list's block form. The first is the id at which the block
+// begins, itself included, and this for the first block; the second is how many documents there may
+// be. Ids ascend.
+constexpr std::int32_t first_block = 0;
+
+// alphad: an incoming document.
+inline std::int32_t received_at(const a_e_rec& in) {
+    return in.e_value1;
+}
+inline int page_count(const a_e_rec& in) {
+    return in.e_value2;
+}
+inline int net_type(const a_e_rec& in) { // a nettypetype
+    return in.e_value3;
+}
+inline std::string_view title(const a_e_rec& in) {
+    return in.e_text1.view();
+}
+inline std::string_view sender_station(const a_e_rec& in) {
+    return in.e_text2.view();
+}
+inline std::string_view sender_number(const a_e_rec& in) {
+    return in.e_text4.view();
+}
+inline std::string_view forwarded_by(const a_e_rec& in) { // a user, or empty
+    return in.e_text3.view();
+}
+inline bool is_new(const a_e_rec& in) {
+    return (in.e_value4 & 1) != 0;
+}
+inline int error_status(const a_e_rec& in) { // 0: it came whole
+    return in.e_value5;
+}
+
+// alphad: a desk document.
+inline std::int32_t created_at(const a_p_rec& desk) {
+    return desk.p_value1;
+}
+inline int page_count(const a_p_rec& desk) {
+    return desk.p_value2;
+}
+inline std::string_view title(const a_p_rec& desk) {
+    return desk.p_text.view();
+}
+inline bool is_public(const a_p_rec& desk) {
+    return desk.p_flag;
+}
+inline bool is_new(const a_p_rec& desk) {
+    return (desk.p_value3 & 1) != 0;
+}
+
+// alphad: `status` of a_s_rec.
+enum send_status : std::int32_t {
+    send_waiting = 1,   // for its time or for the night tariff
+    send_spooled = 2,   // handed over; nothing can be changed any more
+    send_cancelled = 3, // can be changed, and started anew
+};
+
+// alphad: `errorstatus` of a_s_rec.
+enum send_error : std::int16_t {
+    send_error_none = 0,
+    send_error_other_net = 1, // the receiver is on the other net
+};
+
+// alphad: a printer has a place and a model, and may be stopped.
+inline bool is_stopped(const a_printer_rec& printer) {
+    return printer.pr_val1 != 0;
+}
+inline std::string_view place(const a_printer_rec& printer) {
+    return printer.pr_text1.view();
+}
+inline std::string_view model(const a_printer_rec& printer) {
+    return printer.pr_text2.view();
+}
+
+// alphad: the scanner lists' selector is this for all, else the HWF bits that a scanner must have;
+// the value of scanDoc is HWF bits as well.
+constexpr std::int32_t any_scanner = 0;
+
+inline std::string_view place(const a_scanner_rec& scanner) {
+    return scanner.sc_text1.view();
+}
+inline std::string_view model(const a_scanner_rec& scanner) {
+    return scanner.sc_text2.view();
+}
+inline std::int32_t features(const a_scanner_rec& scanner) { // HWF bits
+    return scanner.sc_val1;
+}
+inline bool is_busy(const a_scanner_rec& scanner) {
+    return scanner.sc_val2 != 0;
+}
+
+// alphad: when an entry of the bulletin board was put up.
+inline std::int32_t posted_at(const a_board_entry& entry) {
+    return entry.value;
+}
+
+// alphad: an external phone book is asked with the parameters that its t_labels name. A row of what
+// it found is "name;number;place".
+inline bool is_external(const o_tebu& book) {
+    return book.t_kind == 1;
+}
+enum fetch_state : std::int32_t {
+    fetch_finished = 0, // and forgotten by the server
+    fetch_running = 1,
+    fetch_unknown = 2,
+};
+
+} // namespace zerdix
+
+#endif
