@@ -66,8 +66,8 @@ ZX_API int32_t TransmissionDlg(void* parent, const char* title, int32_t fax);
  * their range change nothing. RETRIES has no range test: the low 16 bits count, so that 65545 is 9.
  *
  * The id of a group has at most 10 characters; which group a longer value names isn't told. One
- * that the server doesn't hold, or none of whose members fit, brings no receiver, and the result is
- * 0; the error log says so, and lPDCountReceiver how many receivers there are.
+ * that the server doesn't hold, one without members, and one whose members don't fit bring no
+ * receiver, and the result is 0; lPDCountReceiver tells how many receivers there are.
  *
  * A time is an hour, with minutes and seconds or without, in the server's zone. It is today's, also
  * when that has passed, unless a date stands in front. The form is that of the session's language:
