@@ -51,8 +51,8 @@ class HostilePrintJob : public ::testing::TestWithParam<job> {
             EXPECT_TRUE(result == 0 || result == 4 || result == 8) << result;
             worst = std::max(worst, result);
         }
-        if (pzerdix != nullptr)
-            sendfax::close_job();
+        EXPECT_NE(AbandonFaxDoc(), -1);
+        EXPECT_EQ(pzerdix, nullptr);
         EXPECT_EQ(lPDCountReceiver, 0);
         return worst;
     }

@@ -202,6 +202,13 @@ TEST_F(CoverJob, ADocumentForAnotherDeskGetsOneToo) {
     ASSERT_EQ(desk.size(), before + 1);
     EXPECT_EQ(desk.back().pages, 3);
     EXPECT_TRUE(has_cover_page(desk.back().id));
+
+    open("");
+    server.refuse(38);
+    EXPECT_EQ(SendFaxDoc(), 8) << "without a cover page there is nothing left to copy";
+    EXPECT_THAT(on_desk(), IsEmpty());
+    ASSERT_EQ(server.desk("meier").size(), before + 2);
+    EXPECT_EQ(server.desk("meier").back().pages, 0);
 }
 
 } // namespace

@@ -89,8 +89,11 @@ TEST_F(MergeData, NumbersAreTakenWithinTheirRangeOnly) {
         EXPECT_EQ(merge(std::string{"#PAPER "} + value + '#'), 0);
         EXPECT_EQ(sendfax::job().sPaperSource, after) << value;
     }
-    merge("#RETRIES 9##RETRIES #");
-    EXPECT_EQ(pa_s_rec->maxretries, 9);
+    for (const auto& [value, after] :
+         {std::pair{"7", 7}, {"", 7}, {"65545", 9}, {"40000", -25536}, {"x", 0}}) {
+        merge(std::string{"#RETRIES "} + value + '#');
+        EXPECT_EQ(pa_s_rec->maxretries, after) << value << ": any range, 16 bits";
+    }
 }
 
 TEST_F(MergeData, WordsAreComparedAsTheyStand) {
