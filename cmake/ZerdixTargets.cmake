@@ -14,6 +14,13 @@ if(ZERDIX_SANITIZE)
   target_link_options(zerdix_flags INTERFACE -fsanitize=${ZERDIX_SANITIZE})
 endif()
 
+# What a library that is loaded is linked with. clang leaves the sanitizers' own functions to the
+# program, so that they are undefined in the library.
+set(ZERDIX_LIBRARY_LINK_OPTIONS -Wl,--as-needed)
+if(NOT (ZERDIX_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES "Clang"))
+  list(APPEND ZERDIX_LIBRARY_LINK_OPTIONS -Wl,--no-undefined)
+endif()
+
 # zerdix_room(NAME SOURCES file... [LINKS target...])
 function(zerdix_room name)
   cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
