@@ -14,6 +14,17 @@ if(ZERDIX_SANITIZE)
   target_link_options(zerdix_flags INTERFACE -fsanitize=${ZERDIX_SANITIZE})
 endif()
 
+# What a test's environment says of leaks that aren't ours.
+set(ZERDIX_LEAK_OPTIONS
+  "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/leaks.supp:print_suppressions=0")
+
+# What a library that is loaded is linked with. clang leaves the sanitizers' own functions to the
+# program, so that they are undefined in the library.
+set(ZERDIX_LIBRARY_LINK_OPTIONS -Wl,--as-needed)
+if(NOT (ZERDIX_SANITIZE AND CMAKE_CXX_COMPILER_ID MATCHES "Clang"))
+  list(APPEND ZERDIX_LIBRARY_LINK_OPTIONS -Wl,--no-undefined)
+endif()
+
 # zerdix_room(NAME SOURCES file... [LINKS target...])
 function(zerdix_room name)
   cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
@@ -38,6 +49,6 @@ function(zerdix_test name)
   endif()
   target_link_libraries(${name} PRIVATE ${T_LINKS} zerdix_flags GTest::gmock GTest::gtest_main)
   gtest_discover_tests(${name} TEST_FILTER "${T_FILTER}" DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${T_TIMEOUT}
-    ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/cmake/leaks.supp:print_suppressions=0"
+    ENVIRONMENT "${ZERDIX_LEAK_OPTIONS}"
     ENVIRONMENT_MODIFICATION "ZERDIX_INI=set:${PROJECT_BINARY_DIR}/tests/zerdix.ini")
 endfunction()

@@ -8,7 +8,6 @@ namespace zerdix::dialogs {
 namespace {
 
 using platform::control_kind;
-using platform::control_place;
 using platform::control_style;
 using platform::control_template;
 using platform::dialog_template;

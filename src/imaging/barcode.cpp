@@ -65,7 +65,7 @@ unsigned char* BuildBarcodeBlock(const char* digits) {
     const std::uint32_t header[] = {static_cast<std::uint32_t>(row.size() * 8), rows};
     std::memcpy(block, header, header_size);
     for (std::uint32_t i = 0; i < rows; ++i)
-        std::memcpy(block + header_size + i * row.size(), row.data(), row.size());
+        std::copy(row.begin(), row.end(), block + header_size + i * row.size());
     return block;
 }
 

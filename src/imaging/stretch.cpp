@@ -28,7 +28,7 @@ std::unique_ptr<span[]> spans_of(std::int32_t from, std::int32_t to) {
     if (spans == nullptr)
         return spans;
     for (std::int32_t i = 0; i < to; ++i) {
-        const auto nearest = static_cast<std::int32_t>((2 * i + std::int64_t{1}) * from / 2 / to);
+        const auto nearest = static_cast<std::int32_t>((2 * std::int64_t{i} + 1) * from / 2 / to);
         spans[static_cast<std::size_t>(i)] =
             to < from ? span{first_on(i, from, to), first_on(i + 1, from, to)}
                       : span{nearest, nearest + 1};

@@ -35,7 +35,7 @@ FT_ULong code_point(const std::string& utf8) {
 void copy_rows(const FT_Bitmap& from, glyph& to) {
     to.width = static_cast<std::int32_t>(from.width);
     to.height = static_cast<std::int32_t>(from.rows);
-    to.stride = (from.width + 63) / 64 * 8;
+    to.stride = std::size_t{8} * ((from.width + 63) / 64);
     to.rows.assign(to.stride * from.rows, 0);
     for (std::size_t y = 0; y < from.rows; ++y)
         std::memcpy(to.rows.data() + to.stride * y,

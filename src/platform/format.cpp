@@ -114,7 +114,7 @@ int print(std::span<char> out, const conversion& c, argument_list& arguments) {
         return std::snprintf(out.data(), out.size(), spec, width, precision,
                              text == nullptr ? "(null)" : text);
     }
-    case 'c':
+    case 'c': // NOLINT(bugprone-branch-clone): the types differ
         return std::snprintf(out.data(), out.size(), spec, width, va_arg(arguments.list, int));
     case 'p':
         return std::snprintf(out.data(), out.size(), spec, width, va_arg(arguments.list, void*));

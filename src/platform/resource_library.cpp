@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::uintmax_t largest_file = 1024 * 1024;
+constexpr std::uintmax_t largest_file = std::uintmax_t{1024} * 1024;
 
 fs::path folder_of_this_library() {
     Dl_info info = {};

@@ -56,7 +56,7 @@ consteval void check_format(std::string_view format, const bool* is_text, std::s
             format_and_arguments_do_not_match();
         if (format[at++] == '%')
             continue;
-        if (used == count || is_text[used] != (format[at - 1] == 's'))
+        if (used == count || is_text[used] != (format[at - 1] == 's')) // NOLINT: it is filled whole
             format_and_arguments_do_not_match();
         ++used;
     }

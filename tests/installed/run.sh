@@ -15,6 +15,8 @@ libs=$(dirname "$(find "$prefix" -name libzxdrvw32.so)")
 export LD_LIBRARY_PATH=$libs PKG_CONFIG_PATH=$libs/pkgconfig ZERDIX_INI=$folder/zerdix.ini
 export ZERDIXRPCOFFSET=$((500000 + $$))
 
+grep -q "\"$(pkg-config --modversion zxdrvw32)\"" "$prefix/include/zerdix/version.h"
+
 listing() { awk -v fence="\`\`\`$1" '$0 == fence { on = 1; next } /^```/ { on = 0 } on' "$source/docs/tutorial.md"; }
 listing c | diff - <(cat "$source/examples/driver.c" "$source/examples/spooler.c")
 listing cpp | diff - "$source/examples/desktop.cpp"
@@ -83,6 +85,6 @@ grep -q '^document [1-9]' "$folder/shown"
 grep -q '^phone book common$' "$folder/shown"
 read -r width height < <(sed -n 2p "$folder/page.pbm")
 [ "$(stat -c %s "$folder/page.pbm")" -eq $((width / 8 * height + 5 + ${#width} + ${#height})) ]
-! "$desktop" 127.0.0.1 zerdix wrong "$folder/none.pbm"
+if "$desktop" 127.0.0.1 zerdix wrong "$folder/none.pbm"; then exit 1; fi
 grep -q 'Wrong password' "$folder/FAXERROR.LOG"
 echo "installed library, drivers and desktop client work"

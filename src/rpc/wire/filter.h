@@ -167,11 +167,11 @@ struct is_bounded<bounded_bytes<N>> : std::integral_constant<std::uint32_t, N> {
 template <class T>
 constexpr bool is_leaf = is_scalar<T> || !std::is_aggregate_v<T> || std::is_same_v<T, boolean>;
 template <std::size_t N>
-constexpr bool is_leaf<text<N>> = true;
+inline constexpr bool is_leaf<text<N>> = true;
 template <std::size_t N>
-constexpr bool is_leaf<opaque<N>> = true;
+inline constexpr bool is_leaf<opaque<N>> = true;
 template <class T, std::size_t N>
-constexpr bool is_leaf<std::array<T, N>> = true;
+inline constexpr bool is_leaf<std::array<T, N>> = true;
 
 // Whether a type has members of changing size anywhere, so that it can't cross in one piece.
 template <class T>
