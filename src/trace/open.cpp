@@ -34,9 +34,14 @@ std::array<char, 32> time_text() {
     return text;
 }
 
+void tell_user(std::string_view text, std::string_view caption) {
+    const platform::message_log log = platform::set_message_log(nullptr);
+    platform::message_box().show(text, caption);
+    platform::set_message_log(log);
+}
+
 void report_no_text_buffer() {
-    platform::message_box().show("T_TRACE::T_TRACE: Not enough memory to allocate text buffer",
-                                 "Tracer");
+    tell_user("T_TRACE::T_TRACE: Not enough memory to allocate text buffer", "Tracer");
 }
 
 } // namespace zerdix::trace
@@ -91,7 +96,7 @@ void open_trace_file() {
     std::array<char, 80> text;
     std::snprintf(text.data(), text.size(), "Tracesetname: Error open trace file\nerror code: %d",
                   opened.error);
-    platform::message_box().show(text.data(), platform::utf8_to_cp1252(path));
+    trace::tell_user(text.data(), platform::utf8_to_cp1252(path));
 }
 
 void write_start_line() {
@@ -145,9 +150,10 @@ void T_TRACE::traceSetName(const char*) {
     if (_errorFileName != nullptr)
         fill_path(_errorFileName, common::setting_error_file(), "FAXERROR.LOG");
     fill_path(the_trace_file.path.data(), common::setting_trace_file(), "FAXTRACE.LOG");
+    // From here on the tracer is open. A message box may let other code run, which may trace.
+    _nameSet = 1;
     if (_traceOn == 1) {
         open_trace_file();
         write_start_line();
     }
-    _nameSet = 1;
 }
