@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include <unistd.h>
+
 #include "common/settings.h"
 #include "platform/encoding.h"
 #include "platform/message_box.h"
@@ -79,7 +81,7 @@ std::string name_of_old_generation(const std::string& path) {
 void rotate() {
     const char* path = the_trace_file.path.data();
     const std::string old = name_of_old_generation(path);
-    std::remove(old.c_str());
+    ::unlink(old.c_str()); // takes files only: std::remove takes an empty folder, too
     std::rename(path, old.c_str());
 }
 
