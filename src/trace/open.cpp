@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
 #include <new>
 #include <string>
 #include <string_view>
@@ -62,15 +63,13 @@ std::uint32_t configured_width() {
     return width >= 20 && width <= 200 ? static_cast<std::uint32_t>(width) : 200;
 }
 
-// A path of the settings as it stands, else the file's own name in the folder for logs.
-void fill_path(char* path, const std::string& configured, const char* file_name) {
-    if (!configured.empty()) {
-        std::snprintf(path, trace::path_size, "%s", configured.c_str());
-        return;
-    }
-    const std::string folder = common::setting_log_dir();
-    const char* separator = folder.empty() ? "" : "/";
-    std::snprintf(path, trace::path_size, "%s%s%s", folder.c_str(), separator, file_name);
+// A folder for logs in the user's home needn't be there yet: a machine's settings name the same one
+// for everybody. Every other folder is its owner's to make.
+void fill_path(char* path, const common::log_file& file) {
+    std::snprintf(path, trace::path_size, "%s", file.path.c_str());
+    std::error_code error;
+    if (file.in_home)
+        std::filesystem::create_directories(std::filesystem::path(file.path).parent_path(), error);
 }
 
 // The generation before takes the name up to the first "." of the whole path, folders included.
@@ -150,11 +149,11 @@ void T_TRACE::traceSetName(const char*) {
     _wrapWidth = configured_width();
     _errorFileName = new (std::nothrow) char[trace::path_size];
     if (_errorFileName != nullptr)
-        fill_path(_errorFileName, common::setting_error_file(), "FAXERROR.LOG");
-    fill_path(the_trace_file.path.data(), common::setting_trace_file(), "FAXTRACE.LOG");
+        fill_path(_errorFileName, common::setting_error_file());
     // From here on the tracer is open. A message box may let other code run, which may trace.
     _nameSet = 1;
     if (_traceOn == 1) {
+        fill_path(the_trace_file.path.data(), common::setting_trace_file());
         open_trace_file();
         write_start_line();
     }

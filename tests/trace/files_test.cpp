@@ -123,6 +123,16 @@ TEST_F(Files, OwnPathsGoBeforeTheFolderForLogs) {
     EXPECT_FALSE(folder.exists("FAXTRACE.LOG") || folder.exists("FAXERROR.LOG"));
 }
 
+TEST_F(Files, FoldersOnTheWayAreMadeInTheHomeAlone) {
+    const environment_variable home("HOME", folder.path("home"));
+    configure("Trace=1\nErrorfile=~/state/e\nTracefile=" + folder.path("other/t"));
+    T_TRACE tracer;
+    EXPECT_FALSE(folder.exists("home/state"));
+    write_line(tracer, 100, "x");
+    EXPECT_TRUE(folder.exists("home/state/e"));
+    EXPECT_FALSE(folder.exists("other"));
+}
+
 TEST_F(Files, WithTracingOffOnlyErrorsAreWritten) {
     configure("Trace=0");
     folder.write("FAXTRACE.LOG", "untouched");
