@@ -106,8 +106,9 @@ log_file setting_error_file() {
 
 language_setting setting_language() {
     language_setting fields{};
+    str20 help_file;
     getTokens(',', "%20s%20s%20s", read_text(language).c_str(), fields.language.bytes,
-              fields.help_file.bytes, fields.library.bytes);
+              help_file.bytes, fields.library.bytes);
     return fields;
 }
 

@@ -32,10 +32,9 @@ log_file setting_trace_file();
 log_file setting_error_file();
 
 // The line that names language, help file and resource library with commas between them.
-// Windows-1252; each is cut to 20 characters.
+// Windows-1252; each is cut to 20 characters. There is no help that would open the help file.
 struct language_setting {
     str20 language;
-    str20 help_file;
     str20 library;
 };
 language_setting setting_language();
