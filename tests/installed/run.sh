@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Installs the project into a temporary folder, builds the two programs of the tutorial as its
-# readers would, the driver by pkg-config and the desktop client by the CMake package, and runs both
-# against the installed server. The tutorial's text must show them as they are.
+# Follows the tutorial as its readers would, with nothing set up for them: takes its programs, its
+# settings and its commands off the page, in an empty home folder, and looks at what comes of them.
+# Then what an installation promises beyond that.
 # Usage: run.sh BUILD-FOLDER SOURCE-FOLDER
 set -euo pipefail
 build=$1 source=$2
@@ -9,44 +9,80 @@ folder=$(mktemp -d)
 server=
 trap '[ -z "$server" ] || kill "$server" 2>/dev/null; wait; rm -rf "$folder"' EXIT
 
-prefix=$folder/prefix
-cmake --install "$build" --prefix "$prefix" >/dev/null
-libs=$(dirname "$(find "$prefix" -name libzxdrvw32.so)")
-export LD_LIBRARY_PATH=$libs PKG_CONFIG_PATH=$libs/pkgconfig ZERDIX_INI=$folder/zerdix.ini
-export ZERDIXRPCOFFSET=$((500000 + $$))
+export HOME=$folder/home ZERDIXRPCOFFSET=$((500000 + $$)) CMAKE_GENERATOR=Ninja
+unset ZERDIX_INI ZERDIX_RESOURCES XDG_CONFIG_HOME LD_LIBRARY_PATH PKG_CONFIG_PATH
+mkdir -p "$HOME/.config/zerdix" "$folder/work"
+cd "$folder/work"
+ln -s "$build" build
 
-listing() { awk -v fence="\`\`\`$1" '$0 == fence { on = 1; next } /^```/ { on = 0 } on' "$source/docs/tutorial.md"; }
-listing c | diff - "$source/examples/driver.c"
-listing cpp | diff - "$source/examples/desktop.cpp"
+page=$source/docs/tutorial.md
+# Whatever has a name behind the language of its fence is a file.
+awk '/^```[a-z]+ ./ { file = $2; next } /^```/ { file = "" } file { print > file }' "$page"
+for program in "$source"/examples/*; do
+    diff "$(basename "$program")" "$program"
+done
+mv zerdix.ini "$HOME/.config/zerdix/"
+commands() { # of the block with that number
+    awk -v number="$1" '/^```sh$/ { on = ++count == number; next } /^```/ { on = 0 } on' "$page"
+}
 
-# The .pc file names the configured prefix; its variables are the caller's to set.
-cc -std=c11 -Wall -Wextra -Wpedantic -Werror "$source/examples/driver.c" -o "$folder/driver" \
-    $(pkg-config --define-variable=prefix="$prefix" --cflags --libs zxdrvw32)
-mkdir "$folder/desktop"
-cp "$source/examples/desktop.cpp" "$folder/desktop/"
-cp "$source/tests/installed/desktop.cmake" "$folder/desktop/CMakeLists.txt"
-cmake -G Ninja -S "$folder/desktop" -B "$folder/desktop/build" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
-cmake --build "$folder/desktop/build" >/dev/null
-
-printf '%s\n' '[Zerdix]' 'Language32=Francais,zerdix.hlp,francais.lng' Host=127.0.0.1 \
-    "LogDir=$folder" >"$ZERDIX_INI"
-alphad=$(find "$prefix" -name alphad -type f)
-"$alphad" --data "$folder/data" --spool "$folder/spool" >"$folder/ready" &
+eval "$(commands 1)" >"$folder/set-up" 2>&1
 server=$!
 for _ in $(seq 100); do
-    [ -s "$folder/ready" ] && break
+    ! grep -q listening "$folder/set-up" || break
     sleep 0.05
 done
-"$folder/driver" "030 11" "030 22"
-[ "$(find "$folder/spool" -name '*.tif' | wc -l)" -eq 2 ]
-[ ! -e "$folder/FAXERROR.LOG" ]
 
-desktop=$folder/desktop/build/desktop
-"$desktop" 127.0.0.1 zerdix zerdix "$folder/page.pbm" >"$folder/shown"
+eval "$(commands 2)" >"$folder/jobs"
+[ "$(grep -Ec '^[0-9]+ .*(waiting|spooled)' "$folder/jobs")" -eq 2 ]
+cc -std=c11 -Wall -Wextra -Wpedantic -Werror driver.c -o driver $(pkg-config --cflags --libs zxdrvw32)
+
+eval "$(commands 3)" >"$folder/shown"
 grep -q '^document [1-9]' "$folder/shown"
 grep -q '^phone book common$' "$folder/shown"
-read -r width height < <(sed -n 2p "$folder/page.pbm")
-[ "$(stat -c %s "$folder/page.pbm")" -eq $((width / 8 * height + 5 + ${#width} + ${#height})) ]
-! "$desktop" 127.0.0.1 zerdix wrong "$folder/none.pbm"
-grep -q 'Wrong password' "$folder/FAXERROR.LOG"
-echo "installed library, driver and desktop client work"
+read -r width height < <(sed -n 2p page.pbm)
+[ "$(stat -c %s page.pbm)" -eq $(((width + 7) / 8 * height + 5 + ${#width} + ${#height})) ]
+# The name of the picture is a name and nothing more, and nothing lies beside it.
+mkdir pictures
+client/desktop 127.0.0.1 zerdix zerdix "pictures/it's \$(touch here).pbm" >/dev/null
+cmp "pictures/it's \$(touch here).pbm" page.pbm
+[ "$(ls pictures | wc -l)" -eq 1 ]
+[ ! -e here ]
+# The library asks for the C++ that it needs, whatever the program's own project has.
+cmake -B older -DCMAKE_PREFIX_PATH="$HOME/zerdix" -DCMAKE_CXX_STANDARD=14 >/dev/null
+cmake --build older >/dev/null
+
+log=$HOME/.local/state/zerdix/FAXERROR.LOG
+[ ! -e "$log" ]
+result=0
+client/desktop 127.0.0.1 zerdix wrong none.pbm || result=$?
+[ "$result" -eq 1 ]
+grep -q 'Wrong password' "$log"
+[ ! -e FAXERROR.LOG ]
+
+# Where nobody has written settings no program says more than it was asked, nor leaves a file.
+mkdir fresh
+for program in "$HOME/zerdix/bin/zerdix" "$build/apps/zerdix/zerdix"; do
+    (cd fresh && env -i HOME="$folder/nobody" "$program" --version) >"$folder/said" 2>&1
+    grep -qx 'zerdix [0-9.]*' "$folder/said"
+    [ "$(wc -l <"$folder/said")" -eq 1 ]
+done
+[ -z "$(ls fresh)" ]
+[ ! -e "$folder/nobody" ]
+
+# The machine's settings are in its language, and stay once they are there.
+language() { # LANG CONTENT-OF-LOCALE-FILE
+    echo "$2" >"$folder/locale"
+    LC_ALL='' LC_MESSAGES='' LANG=$1 cmake -D settings_file="$folder/machine.ini" \
+        -D locale_files="$folder/locale" -P "$source/cmake/ZerdixSettings.cmake"
+    sed -n 's/^Language32=\([^,]*\),.*/\1/p' "$folder/machine.ini"
+}
+[ "$(language de_DE.UTF-8 '')" = Deutsch ]
+[ "$(language de_DE.UTF-8 'LANG=C.UTF-8')" = English ]
+[ "$(language C 'LANG="fr_CH.UTF-8"')" = Francais ]
+[ "$(language C "$(printf 'LC_MESSAGES=en_US\nLANG=de_DE')")" = US ]
+[ "$(language es_ES '')" = English ]
+echo '; mine' >>"$HOME/zerdix/etc/zerdix/zerdix.ini"
+cmake --install build --prefix "$HOME/zerdix" >/dev/null
+grep -q '^; mine' "$HOME/zerdix/etc/zerdix/zerdix.ini"
+echo "what the tutorial says works"
