@@ -60,6 +60,11 @@ client/desktop 127.0.0.1 zerdix wrong none.pbm || result=$?
 grep -q 'Wrong password' "$log"
 [ ! -e FAXERROR.LOG ]
 
+# A path of the settings may begin at the home.
+echo zerdix >"$HOME/password"
+echo 'PasswordFile=~/password' >>"$HOME/.config/zerdix/zerdix.ini"
+zerdix doc list >/dev/null
+
 # Where nobody has written settings no program says more than it was asked, nor leaves a file.
 mkdir fresh
 for program in "$HOME/zerdix/bin/zerdix" "$build/apps/zerdix/zerdix"; do
