@@ -8,6 +8,8 @@ install(DIRECTORY include/zerdix DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_M
 install(FILES ${PROJECT_BINARY_DIR}/include/zerdix/version.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zerdix)
 
+# From where the .pc file lies, so that it holds under every prefix of an installation.
+file(RELATIVE_PATH way_to_prefix ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 configure_file(cmake/zxdrvw32.pc.in zxdrvw32.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/zxdrvw32.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 

@@ -3,34 +3,62 @@
 //
 //     desktop SERVER USER PASSWORD PICTURE.pbm
 #include <cstdio>
-#include <string>
+#include <memory>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <zerdix/journal.h>
 #include <zerdix/telebook.h>
 #include <zerdix/zerdix.h>
 
-// A page is stored as `compress` would: width and height, most significant byte first, then the
-// rows from the top, a set bit black, the leftmost pixel in bit 0. PBM has it in bit 7.
-static bool write_picture(const page_dat& page, const std::string& file) {
-    std::FILE* expanded = popen(("uncompress -c > '" + file + ".raw'").c_str(), "w");
-    if (expanded == nullptr)
-        return false;
-    std::fwrite(page.data, 1, page.size, expanded);
-    std::FILE* raw = pclose(expanded) == 0 ? std::fopen((file + ".raw").c_str(), "rb") : nullptr;
-    std::FILE* picture = std::fopen(file.c_str(), "wb");
+struct closing {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using open_file = std::unique_ptr<std::FILE, closing>;
+
+// A page is stored as `compress` would. Null when it can't be expanded.
+static open_file expand(const page_dat& page) {
+    const open_file stored(std::tmpfile());
+    open_file expanded(std::tmpfile());
+    if (!stored || !expanded)
+        return nullptr;
+    if (std::fwrite(page.data, 1, page.size, stored.get()) != page.size)
+        return nullptr;
+    std::rewind(stored.get());
+    const pid_t child = fork();
+    if (child == 0) {
+        dup2(fileno(stored.get()), STDIN_FILENO);
+        dup2(fileno(expanded.get()), STDOUT_FILENO);
+        execlp("uncompress", "uncompress", "-c", nullptr);
+        _exit(127);
+    }
+    int status = -1;
+    if (child < 0 || waitpid(child, &status, 0) != child || status != 0)
+        return nullptr;
+    std::rewind(expanded.get());
+    return expanded;
+}
+
+// Width and height, most significant byte first, then the rows from the top, a set bit black, the
+// leftmost pixel in bit 0. PBM has it in bit 7.
+static bool write_picture(const page_dat& page, const char* name) {
+    const open_file rows = expand(page);
     unsigned char head[8];
-    if (raw == nullptr || picture == nullptr || std::fread(head, 1, 8, raw) != 8)
+    if (!rows || std::fread(head, 1, 8, rows.get()) != 8)
         return false;
-    std::fprintf(picture, "P4\n%d %d\n", head[2] << 8 | head[3], head[6] << 8 | head[7]);
-    for (int byte; (byte = std::fgetc(raw)) != EOF;) {
+    open_file picture(std::fopen(name, "wb"));
+    if (!picture)
+        return false;
+    std::fprintf(picture.get(), "P4\n%d %d\n", head[2] << 8 | head[3], head[6] << 8 | head[7]);
+    for (int byte; (byte = std::fgetc(rows.get())) != EOF;) {
         int mirrored = 0;
         for (int bit = 0; bit < 8; ++bit)
             mirrored |= (byte >> bit & 1) << (7 - bit);
-        std::fputc(mirrored, picture);
+        std::fputc(mirrored, picture.get());
     }
-    std::fclose(raw);
-    std::remove((file + ".raw").c_str());
-    return std::fclose(picture) == 0;
+    const bool whole = std::ferror(picture.get()) == 0;
+    return std::fclose(picture.release()) == 0 && whole;
 }
 
 int main(int argc, char** argv) {

@@ -15,7 +15,7 @@ enum { width = 1728, height = 2286, header = 8, row = width / 8, size = header +
 
 static unsigned char block[size] = {0, 0, width >> 8,  width & 0xFF, /* most significant first */
                                     0, 0, height >> 8, height & 0xFF};
-static int failed; /* a line of the present job did; FAXERROR.LOG says why */
+static int failed; /* a line of the present job did; the error log says why */
 
 /* A job that can't be ended with the server is forgotten without it: as long as it is there, every
  * TransmissionDlg gives 4. The document that then stays behind is the user's to delete. */

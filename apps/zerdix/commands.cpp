@@ -12,9 +12,10 @@ void describe(CLI::App& app) {
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.require_subcommand(0, 1);
     app.get_formatter()->column_width(34);
-    app.footer("Settings are read from $ZERDIX_INI, ~/.config/zerdix/zerdix.ini or\n"
-               "/etc/zerdix/zerdix.ini: User and Host in section [Zerdix].\n"
-               "See zerdix(1) and the pages that it names.");
+    app.footer(
+        "Settings are read from ~/.config/zerdix/zerdix.ini, then from\n"
+        "/etc/zerdix/zerdix.ini, or from $ZERDIX_INI alone: User and Host in section [Zerdix].\n"
+        "See zerdix(1) and the pages that it names.");
 }
 
 void add_commands(CLI::App& app, char** arguments) {

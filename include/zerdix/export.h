@@ -8,10 +8,4 @@
 #define ZX_API
 #endif
 
-#ifdef __cplusplus
-#define ZX_EXTERN_C extern "C"
-#else
-#define ZX_EXTERN_C extern
-#endif
-
 #endif

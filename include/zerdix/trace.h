@@ -2,9 +2,10 @@
 //
 // It writes two files on the workstation. The trace file takes every line while tracing is on; it
 // is made anew by each process and keeps one older generation. The error log takes the lines of
-// level 100 to 199 whether tracing is on or off, and only grows. Settings, read from section
-// "Zerdix" of the settings file: Trace, Tracefile, Errorfile, LogDir. The environment variable
-// TRACE_WRAP_WIDTH (20 to 200) sets the width of a line's text.
+// level 100 to 199 whether tracing is on or off, and only grows. Both are ruled by Trace,
+// Tracefile, Errorfile and LogDir in section "Zerdix" of the settings; zerdix(1) tells their names
+// and places. The environment variable TRACE_WRAP_WIDTH (20 to 200) sets the width of a line's
+// text.
 //
 // The tracer never reports a failure to its caller. One thread at a time.
 #ifndef ZERDIX_TRACE_H

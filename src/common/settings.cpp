@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <cstdlib>
+#include <optional>
 
 #include <zerdix/timetext.h>
 
 #include "platform/encoding.h"
+#include "platform/home.h"
 #include "platform/profile.h"
 
 namespace zerdix::common {
@@ -53,6 +55,25 @@ std::int32_t read_number(const key& k) {
     return static_cast<std::int32_t>(std::strtol(read_bytes(k).c_str(), nullptr, 10));
 }
 
+// What is set to nothing counts as not set.
+std::optional<platform::profile_entry> find_path(const key& k) {
+    auto entry = platform::find_profile_entry(section, k.name);
+    if (!entry || entry->value.empty())
+        return std::nullopt;
+    entry->value = entry->value.substr(0, k.width - 1);
+    return entry;
+}
+
+log_file read_log_file(const key& own, const char* usual_name) {
+    const auto path = find_path(own);
+    const auto folder = find_path(log_dir);
+    std::string written = folder ? folder->value + "/" + usual_name : usual_name;
+    if (path && (!folder || path->place <= folder->place))
+        written = path->value;
+    return {platform::from_home(written).substr(0, own.width - 1),
+            platform::begins_at_home(written)};
+}
+
 font_setting read_font(const font_keys& keys) {
     return {read_number(keys.height), read_text(keys.face), read_number(keys.weight)};
 }
@@ -75,22 +96,19 @@ std::string setting_trace() {
     return read_bytes(trace);
 }
 
-std::string setting_trace_file() {
-    return read_bytes(trace_file);
+log_file setting_trace_file() {
+    return read_log_file(trace_file, "FAXTRACE.LOG");
 }
 
-std::string setting_error_file() {
-    return read_bytes(error_file);
-}
-
-std::string setting_log_dir() {
-    return read_bytes(log_dir);
+log_file setting_error_file() {
+    return read_log_file(error_file, "FAXERROR.LOG");
 }
 
 language_setting setting_language() {
     language_setting fields{};
+    str20 help_file;
     getTokens(',', "%20s%20s%20s", read_text(language).c_str(), fields.language.bytes,
-              fields.help_file.bytes, fields.library.bytes);
+              help_file.bytes, fields.library.bytes);
     return fields;
 }
 

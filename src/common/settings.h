@@ -21,16 +21,20 @@ std::int32_t setting_max_page_block_len();
 // The first two characters of the switch.
 std::string setting_trace();
 
-// Paths of at most 259 bytes, empty when not set; bytes of the file system, not converted.
-std::string setting_trace_file();
-std::string setting_error_file();
-std::string setting_log_dir();
+// A file that the tracer writes: the path of its own setting, else its usual name in the folder of
+// LogDir, else that name. A folder in the user's settings goes before a path in the machine's. At
+// most 259 bytes, those of the file system, not converted.
+struct log_file {
+    std::string path;
+    bool in_home; // set with "~/" at its head, which stands for the user's home
+};
+log_file setting_trace_file();
+log_file setting_error_file();
 
 // The line that names language, help file and resource library with commas between them.
-// Windows-1252; each is cut to 20 characters.
+// Windows-1252; each is cut to 20 characters. There is no help that would open the help file.
 struct language_setting {
     str20 language;
-    str20 help_file;
     str20 library;
 };
 language_setting setting_language();

@@ -57,7 +57,6 @@ CZerdixApp::CZerdixApp() {
     the_application = this;
     const common::language_setting line = common::setting_language();
     pszLanguage = line.language;
-    pszHelpFile = line.help_file;
     set_language();
     choose_templates(common::setting_dialog_size());
     load_resources(line.library.bytes);

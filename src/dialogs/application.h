@@ -46,10 +46,6 @@ class CZerdixApp {
     // Null while there is none.
     static CZerdixApp* current();
 
-    // The fields of the language line, at most 20 characters each.
-    const char* language() const { return pszLanguage.bytes; }
-    const char* help_file() const { return pszHelpFile.bytes; }
-
     const dialog_colors& colors() const { return colors_; }
 
     // For lists. Null when it can't be made. Made when it is first asked for, since opening fonts
@@ -74,7 +70,6 @@ class CZerdixApp {
     void choose_new_text_font();
 
     str20 pszLanguage{};
-    str20 pszHelpFile{};
     dialog_colors colors_;
     font_object list_font_;
     font_object text_font_;

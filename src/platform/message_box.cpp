@@ -60,8 +60,8 @@ message_box_port& message_box() {
     return *current;
 }
 
-void set_message_log(message_log new_log) {
-    log = new_log;
+message_log set_message_log(message_log new_log) {
+    return std::exchange(log, new_log);
 }
 
 message_box_port* replace_message_box(message_box_port* port) {

@@ -22,9 +22,9 @@ class message_box_port {
 message_box_port& message_box();
 
 // Told each line of the default port too, in Windows-1252, so that it can be kept in a log; null
-// for nobody. What it shows itself meanwhile isn't told.
+// for nobody. What it shows itself meanwhile isn't told. Returns the one that was there before.
 using message_log = void (*)(const char* line);
-void set_message_log(message_log log);
+message_log set_message_log(message_log log);
 
 // Puts `port` into its place, null for the default, and returns the one that was there before. The
 // caller keeps `port` and must take it out again before it goes.

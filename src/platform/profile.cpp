@@ -13,6 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/home.h"
+#include "platform/own_folder.h"
 #include "platform/profile_text.h"
 
 namespace zerdix::platform {
@@ -30,21 +32,29 @@ std::optional<fs::path> user_profile() {
     // A relative XDG_CONFIG_HOME is to be ignored.
     if (config.starts_with('/'))
         return fs::path(config) / "zerdix/zerdix.ini";
-    const std::string home = environment("HOME");
+    const std::string home = home_folder();
     if (home.empty())
         return std::nullopt;
     return fs::path(home) / ".config/zerdix/zerdix.ini";
 }
 
-// The places in the order in which they are looked at.
-std::vector<fs::path> places() {
-    std::vector<fs::path> list;
+// The one file that is written.
+std::optional<fs::path> own_profile() {
     if (const std::string named = environment("ZERDIX_INI"); !named.empty())
-        list.emplace_back(named);
-    if (const auto user = user_profile())
-        list.push_back(*user);
-    list.emplace_back("/etc/zerdix/zerdix.ini");
-    return list;
+        return named;
+    return user_profile();
+}
+
+// The second is for folders of libraries that lie a level deeper, and for programs in a build tree.
+std::string installed_profile() {
+    const fs::path here = own_folder();
+    std::error_code error;
+    for (const fs::path& folder : {here / "../etc", here / "../../etc"}) {
+        const fs::path file = (folder / "zerdix/zerdix.ini").lexically_normal();
+        if (!here.empty() && fs::exists(file, error))
+            return file.string();
+    }
+    return ZERDIX_SETTINGS_FOLDER "/zerdix/zerdix.ini";
 }
 
 // Nothing when the file can't be read to its end. A pipe in its place isn't waited for.
@@ -138,37 +148,48 @@ bool has_line_break(std::string_view text) {
 
 } // namespace
 
-std::string profile_path() {
-    std::error_code error;
-    for (const fs::path& place : places()) {
-        if (fs::exists(place, error))
-            return place.string();
+std::vector<std::string> profile_files() {
+    if (const std::string named = environment("ZERDIX_INI"); !named.empty())
+        return {named};
+    std::vector<std::string> files;
+    if (const auto user = user_profile())
+        files.push_back(user->string());
+    files.emplace_back("/etc/zerdix/zerdix.ini");
+    files.push_back(installed_profile());
+    return files;
+}
+
+std::optional<profile_entry> find_profile_entry(std::string_view section, std::string_view key) {
+    const std::vector<std::string> files = profile_files();
+    for (std::size_t place = 0; place < files.size(); ++place) {
+        const auto text = read_file(files[place]);
+        if (const auto value = text ? find_value(*text, section, key) : std::nullopt)
+            return profile_entry{std::string(*value), files[place], place};
     }
-    return "";
+    return std::nullopt;
 }
 
 std::string profile_string(std::string_view section, std::string_view key,
                            std::string_view fallback, std::size_t buffer_size) {
     const std::size_t limit = buffer_size == 0 ? 0 : buffer_size - 1;
-    const std::string path = profile_path();
-    const auto text = path.empty() ? std::nullopt : read_file(path);
-    const auto value = text ? find_value(*text, section, key) : std::nullopt;
-    return std::string(value.value_or(fallback).substr(0, limit));
+    const auto entry = find_profile_entry(section, key);
+    return entry ? entry->value.substr(0, limit) : std::string(fallback.substr(0, limit));
 }
 
 bool write_profile_string(std::string_view section, std::string_view key, std::string_view value) {
     if (has_line_break(section) || has_line_break(key) || has_line_break(value))
         return false;
+    const auto own = own_profile();
+    if (!own)
+        return false;
     std::error_code error;
-    const std::string existing = profile_path();
-    if (existing.empty()) {
-        const fs::path path = places().front();
-        if (path.has_parent_path())
-            fs::create_directories(path.parent_path(), error);
-        return replace_file(path, with_value("", section, key, value));
+    if (!fs::exists(*own, error)) {
+        if (own->has_parent_path())
+            fs::create_directories(own->parent_path(), error);
+        return replace_file(*own, with_value("", section, key, value));
     }
     // Behind a symbolic link the file is replaced, not the link.
-    const fs::path path = fs::canonical(existing, error);
+    const fs::path path = fs::canonical(*own, error);
     // Devices and pipes stay what they are.
     const auto text = fs::is_regular_file(path, error) ? read_file(path) : std::nullopt;
     return text && replace_file(path, with_value(*text, section, key, value));

@@ -1,13 +1,14 @@
 #include "platform/resource_library.h"
 
 #include <cstdlib>
-#include <dlfcn.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <vector>
 
 #include "platform/encoding.h"
+#include "platform/home.h"
+#include "platform/own_folder.h"
 #include "platform/profile.h"
 #include "platform/resource_text.h"
 
@@ -18,22 +19,14 @@ namespace fs = std::filesystem;
 
 constexpr std::uintmax_t largest_file = std::uintmax_t{1024} * 1024;
 
-fs::path folder_of_this_library() {
-    Dl_info info = {};
-    static const char inside = 0;
-    if (::dladdr(&inside, &info) == 0 || info.dli_fname == nullptr)
-        return {};
-    return fs::path(info.dli_fname).parent_path();
-}
-
 std::vector<fs::path> folders() {
     std::vector<fs::path> list;
     if (const char* named = std::getenv("ZERDIX_RESOURCES"); named != nullptr && *named != '\0')
         list.emplace_back(named);
-    if (const std::string settings = profile_path(); !settings.empty())
+    for (const std::string& settings : profile_files())
         list.push_back(fs::path(settings).parent_path());
-    list.push_back(folder_of_this_library() / "../share/zerdix");
-    list.push_back(folder_of_this_library() / ZERDIX_WAY_TO_RESOURCES);
+    list.push_back(own_folder() / "../share/zerdix");
+    list.push_back(own_folder() / ZERDIX_WAY_TO_RESOURCES);
     list.emplace_back(ZERDIX_RESOURCE_FOLDER);
     return list;
 }
@@ -48,7 +41,7 @@ fs::path find_file(const std::string& name) {
     if (name.empty())
         return {};
     if (name.find('/') != std::string::npos)
-        return is_file(name) ? fs::path(name) : fs::path();
+        return is_file(from_home(name)) ? fs::path(from_home(name)) : fs::path();
     for (const fs::path& folder : folders()) {
         if (is_file(folder / name))
             return folder / name;

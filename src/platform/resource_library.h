@@ -3,11 +3,11 @@
 //
 // A bare name is looked for in these folders, and the first file of that name is taken:
 //   the folder that the environment variable ZERDIX_RESOURCES names
-//   the folder of the settings file
+//   the folders of the settings files (profile.h)
 //   ../share/zerdix, seen from the folder that this library lies in, and the like where libraries
 //   are installed to deeper folders
 //   the folder that it was built to be installed to
-// A name with a "/" is a path as it stands.
+// A name with a "/" is a path; "~/" at its head is the user's home.
 #ifndef ZERDIX_PLATFORM_RESOURCE_LIBRARY_H
 #define ZERDIX_PLATFORM_RESOURCE_LIBRARY_H
 

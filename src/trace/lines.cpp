@@ -4,13 +4,15 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <new>
+#include <span>
 #include <string_view>
+#include <utility>
 
 #include <fcntl.h>
 
 #include "platform/format.h"
-#include "platform/message_box.h"
 #include "platform/tick.h"
 #include "platform/trace_file.h"
 #include "trace/state.h"
@@ -19,6 +21,8 @@
 namespace {
 
 using namespace zerdix;
+
+using text_buffer = std::unique_ptr<char[]>;
 
 constexpr std::string_view line_breaks = "\n\r";
 
@@ -71,7 +75,7 @@ std::FILE* open_error_log(const char* path) {
 void append_to_error_log(const char* path, std::FILE*& log, const char* line, bool last) {
     log = open_error_log(path);
     if (log == nullptr) {
-        platform::message_box().show("Error opening error log", "Tracer");
+        trace::tell_user("Error opening error log", "Tracer");
         return;
     }
     std::fprintf(log, last ? "\nZeit:%s\n" : "Zeit:%s\n", trace::time_text().data());
@@ -97,17 +101,20 @@ void T_TRACE::_voutTraceLine(int wrapConfigured, std::uint32_t level, const char
         _outParts(wrapConfigured, level, prefix, message);
         return;
     }
-    if (_textBuffer == nullptr)
-        _textBuffer = new (std::nothrow) char[trace::text_size];
-    if (_textBuffer == nullptr) {
+    // A message box lets other code run, whose lines mustn't be composed over this one.
+    text_buffer owned(std::exchange(_textBuffer, nullptr));
+    if (owned == nullptr)
+        owned.reset(new (std::nothrow) char[trace::text_size]);
+    if (owned == nullptr) {
         trace::report_no_text_buffer();
         return;
     }
-    const std::span<char> buffer(_textBuffer, trace::text_size);
+    const std::span<char> buffer(owned.get(), trace::text_size);
     const int start = std::snprintf(buffer.data(), buffer.size(), "%.255s: ", prefix);
     const auto used = static_cast<std::size_t>(start);
     platform::format_text(buffer.subspan(used), message, arguments);
     _outWrapped(wrapConfigured, level, buffer.data());
+    delete[] std::exchange(_textBuffer, owned.release());
 }
 
 // A message with line breaks is written as it stands: a header line, then its parts.

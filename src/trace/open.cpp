@@ -6,9 +6,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <filesystem>
 #include <new>
 #include <string>
 #include <string_view>
+
+#include <unistd.h>
 
 #include "common/settings.h"
 #include "platform/encoding.h"
@@ -34,9 +37,14 @@ std::array<char, 32> time_text() {
     return text;
 }
 
+void tell_user(std::string_view text, std::string_view caption) {
+    const platform::message_log log = platform::set_message_log(nullptr);
+    platform::message_box().show(text, caption);
+    platform::set_message_log(log);
+}
+
 void report_no_text_buffer() {
-    platform::message_box().show("T_TRACE::T_TRACE: Not enough memory to allocate text buffer",
-                                 "Tracer");
+    tell_user("T_TRACE::T_TRACE: Not enough memory to allocate text buffer", "Tracer");
 }
 
 } // namespace zerdix::trace
@@ -55,15 +63,13 @@ std::uint32_t configured_width() {
     return width >= 20 && width <= 200 ? static_cast<std::uint32_t>(width) : 200;
 }
 
-// A path of the settings as it stands, else the file's own name in the folder for logs.
-void fill_path(char* path, const std::string& configured, const char* file_name) {
-    if (!configured.empty()) {
-        std::snprintf(path, trace::path_size, "%s", configured.c_str());
-        return;
-    }
-    const std::string folder = common::setting_log_dir();
-    const char* separator = folder.empty() ? "" : "/";
-    std::snprintf(path, trace::path_size, "%s%s%s", folder.c_str(), separator, file_name);
+// A folder for logs in the user's home needn't be there yet: a machine's settings name the same one
+// for everybody. Every other folder is its owner's to make.
+void fill_path(char* path, const common::log_file& file) {
+    std::snprintf(path, trace::path_size, "%s", file.path.c_str());
+    std::error_code error;
+    if (file.in_home)
+        std::filesystem::create_directories(std::filesystem::path(file.path).parent_path(), error);
 }
 
 // The generation before takes the name up to the first "." of the whole path, folders included.
@@ -74,7 +80,7 @@ std::string name_of_old_generation(const std::string& path) {
 void rotate() {
     const char* path = the_trace_file.path.data();
     const std::string old = name_of_old_generation(path);
-    std::remove(old.c_str());
+    ::unlink(old.c_str()); // takes files only: std::remove takes an empty folder, too
     std::rename(path, old.c_str());
 }
 
@@ -91,7 +97,7 @@ void open_trace_file() {
     std::array<char, 80> text;
     std::snprintf(text.data(), text.size(), "Tracesetname: Error open trace file\nerror code: %d",
                   opened.error);
-    platform::message_box().show(text.data(), platform::utf8_to_cp1252(path));
+    trace::tell_user(text.data(), platform::utf8_to_cp1252(path));
 }
 
 void write_start_line() {
@@ -143,11 +149,12 @@ void T_TRACE::traceSetName(const char*) {
     _wrapWidth = configured_width();
     _errorFileName = new (std::nothrow) char[trace::path_size];
     if (_errorFileName != nullptr)
-        fill_path(_errorFileName, common::setting_error_file(), "FAXERROR.LOG");
-    fill_path(the_trace_file.path.data(), common::setting_trace_file(), "FAXTRACE.LOG");
+        fill_path(_errorFileName, common::setting_error_file());
+    // From here on the tracer is open. A message box may let other code run, which may trace.
+    _nameSet = 1;
     if (_traceOn == 1) {
+        fill_path(the_trace_file.path.data(), common::setting_trace_file());
         open_trace_file();
         write_start_line();
     }
-    _nameSet = 1;
 }

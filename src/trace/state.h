@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 namespace zerdix::trace {
 
@@ -30,6 +31,10 @@ inline bool is_error(std::uint32_t level) {
 
 // The present local time as asctime prints it, its line feed included.
 std::array<char, 32> time_text();
+
+// Shows the user a message of the tracer's own. It isn't kept in the log of messages, which is the
+// tracer itself.
+void tell_user(std::string_view text, std::string_view caption);
 
 // Says that a line's text has no buffer.
 void report_no_text_buffer();

@@ -23,9 +23,8 @@ TEST_F(Settings, AnEmptyFileGivesTheDefaults) {
     EXPECT_EQ(common::setting_host(), "alpha");
     EXPECT_EQ(common::setting_max_page_block_len(), 16384);
     EXPECT_EQ(common::setting_trace(), "0");
-    EXPECT_EQ(common::setting_trace_file() + common::setting_error_file() +
-                  common::setting_log_dir(),
-              "");
+    EXPECT_EQ(common::setting_trace_file().path, "FAXTRACE.LOG");
+    EXPECT_EQ(common::setting_error_file().path, "FAXERROR.LOG");
 }
 
 TEST_F(Settings, NamesBecomeWindows1252AndAreCutByCharacters) {
@@ -37,7 +36,7 @@ TEST_F(Settings, NamesBecomeWindows1252AndAreCutByCharacters) {
     set("User=" + utf8 + "x\nHost=h\xc3\xb6st\nTracefile=/tmp/\xc3\xa4");
     EXPECT_EQ(common::setting_user(), bytes);
     EXPECT_EQ(common::setting_host(), "h\xf6st");
-    EXPECT_EQ(common::setting_trace_file(), "/tmp/\xc3\xa4");
+    EXPECT_EQ(common::setting_trace_file().path, "/tmp/\xc3\xa4");
 }
 
 TEST_F(Settings, TheBlockLengthIsTheNumberInSevenCharacters) {
@@ -55,9 +54,40 @@ TEST_F(Settings, TheBlockLengthIsTheNumberInSevenCharacters) {
 
 TEST_F(Settings, PathsAndSwitchAreCutAtTheirWidths) {
     const std::string path = "/" + std::string(300, 'p');
-    set("Trace=1234\nTracefile=" + path + "\nErrorfile=" + path + "\nLogDir=" + path);
+    set("Trace=1234\nTracefile=" + path + "\nLogDir=" + path);
     EXPECT_EQ(common::setting_trace(), "12");
-    EXPECT_EQ(common::setting_trace_file(), path.substr(0, 259));
-    EXPECT_EQ(common::setting_error_file(), path.substr(0, 259));
-    EXPECT_EQ(common::setting_log_dir(), path.substr(0, 259));
+    EXPECT_EQ(common::setting_trace_file().path, path.substr(0, 259));
+    EXPECT_EQ(common::setting_error_file().path, path.substr(0, 259));
+}
+
+TEST_F(Settings, TheTracersFilesAreThePathsOfTheirOwnElseInTheFolderForLogs) {
+    const tests::environment_variable home("HOME", "/home/of/test");
+    const struct {
+        const char* lines;
+        const char* error_log;
+        bool in_home;
+    } cases[] = {{"LogDir=/logs", "/logs/FAXERROR.LOG", false},
+                 {"LogDir=/logs\nErrorfile=/e", "/e", false},
+                 {"LogDir=/logs\nErrorfile=", "/logs/FAXERROR.LOG", false},
+                 {"LogDir=~/logs", "/home/of/test/logs/FAXERROR.LOG", true},
+                 {"Errorfile=~/e", "/home/of/test/e", true},
+                 {"LogDir=~", "/home/of/test/FAXERROR.LOG", true},
+                 {"Errorfile=~other/e", "~other/e", false}};
+    for (const auto& c : cases) {
+        set(c.lines);
+        EXPECT_EQ(common::setting_error_file().path, c.error_log) << c.lines;
+        EXPECT_EQ(common::setting_error_file().in_home, c.in_home) << c.lines;
+    }
+}
+
+// The settings of the build folder stand for those of a machine. They name an error log.
+TEST_F(Settings, AFolderInTheUsersSettingsGoesBeforeAPathInTheMachines) {
+    const tests::environment_variable unset("ZERDIX_INI", nullptr);
+    const tests::environment_variable config("XDG_CONFIG_HOME", folder.path(""));
+    const std::string of_the_machine = common::setting_error_file().path;
+    EXPECT_NE(of_the_machine, "FAXERROR.LOG");
+    folder.write("zerdix/zerdix.ini", "[Zerdix]\nHost=alpha\n");
+    EXPECT_EQ(common::setting_error_file().path, of_the_machine);
+    folder.write("zerdix/zerdix.ini", "[Zerdix]\nLogDir=/logs\n");
+    EXPECT_EQ(common::setting_error_file().path, "/logs/FAXERROR.LOG");
 }

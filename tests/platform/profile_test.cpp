@@ -26,22 +26,43 @@ class Profile : public testing::Test {
 
 } // namespace
 
-TEST_F(Profile, TheFirstFileThatExistsCountsAndIsLookedUpAtEachCall) {
+TEST_F(Profile, TheUsersFileIsLookedForAtEachCall) {
+    const environment_variable unset("ZERDIX_INI", nullptr);
     EXPECT_EQ(host(), "default");
     folder.write("home/.config/zerdix/zerdix.ini", "[Zerdix]\nHost=home\n");
     EXPECT_EQ(host(), "default"); // XDG_CONFIG_HOME stands in place of ~/.config
     {
-        const environment_variable unset("XDG_CONFIG_HOME", nullptr);
+        const environment_variable no_xdg("XDG_CONFIG_HOME", nullptr);
         EXPECT_EQ(host(), "home");
         const environment_variable relative("XDG_CONFIG_HOME", "config");
         EXPECT_EQ(host(), "home");
     }
     folder.write("config/zerdix/zerdix.ini", "[Zerdix]\nHost=user\n");
     EXPECT_EQ(host(), "user");
-    folder.write("own.ini", "[Zerdix]\nHost=own\n");
-    EXPECT_EQ(host(), "own");
-    folder.write("own.ini", "[Zerdix]\n"); // no falling back key by key
-    EXPECT_EQ(host(), "default");
+}
+
+// The settings of the build folder stand for those of a machine: a test can't write into /etc.
+TEST_F(Profile, EachKeyIsLookedForInTheUsersFileFirst) {
+    const environment_variable unset("ZERDIX_INI", nullptr);
+    const auto value = [](const char* key) { return profile_string("Zerdix", key, "none", 80); };
+    const std::string language = value("Language32");
+    EXPECT_NE(language, "none");
+    EXPECT_NE(value("Errorfile"), "none");
+    EXPECT_GT(platform::find_profile_entry("Zerdix", "Language32")->place, 0u);
+    EXPECT_EQ(platform::profile_files()[1], "/etc/zerdix/zerdix.ini");
+
+    // Written to the user's file, which is made.
+    ASSERT_TRUE(write_profile_string("Zerdix", "Errorfile", ""));
+    EXPECT_EQ(folder.read("config/zerdix/zerdix.ini"), "[Zerdix]\nErrorfile=\n");
+    EXPECT_EQ(value("Errorfile"), "");
+    EXPECT_EQ(value("Language32"), language);
+    ASSERT_TRUE(write_profile_string("Zerdix", "Language32", "mine"));
+    const auto mine = platform::find_profile_entry("Zerdix", "Language32");
+    EXPECT_EQ(mine->value + " " + mine->file, "mine " + folder.path("config/zerdix/zerdix.ini"));
+    EXPECT_EQ(mine->place, 0u);
+
+    const environment_variable own("ZERDIX_INI", folder.path("own.ini"));
+    EXPECT_EQ(value("Language32"), "none"); // the file that is named is the only one
 }
 
 TEST_F(Profile, AFolderOrNoiseInPlaceOfTheFileGivesDefaults) {
@@ -131,11 +152,12 @@ TEST_F(Profile, AReaderFindsTheOldFileOrTheNewOne) {
     EXPECT_EQ(std::distance(begin(files), end(files)), 1); // nothing left beside it
 }
 
-TEST_F(Profile, AMissingFileIsMadeWithItsFolder) {
-    const environment_variable unset("ZERDIX_INI", nullptr);
+TEST_F(Profile, AFileThatIsNamedIsMadeWithItsFolder) {
+    folder.write("config/zerdix/zerdix.ini", "[Zerdix]\nHost=user\n");
+    const environment_variable named("ZERDIX_INI", folder.path("some/where/own.ini"));
     ASSERT_TRUE(write_profile_string("Zerdix", "Host", "made"));
-    EXPECT_EQ(folder.read("config/zerdix/zerdix.ini"), "[Zerdix]\nHost=made\n");
-    EXPECT_EQ(platform::profile_path(), folder.path("config/zerdix/zerdix.ini"));
+    EXPECT_EQ(folder.read("some/where/own.ini"), "[Zerdix]\nHost=made\n");
+    EXPECT_EQ(folder.read("config/zerdix/zerdix.ini"), "[Zerdix]\nHost=user\n");
 }
 
 TEST_F(Profile, ASymbolicLinkStays) {

@@ -125,6 +125,8 @@ TEST_F(Library, ComesFromTheFirstFolderThatHasIt) {
         ASSERT_NE(library_string(library, 1), nullptr) << place;
         EXPECT_EQ(*library_string(library, 1), place);
     }
+    const tests::environment_variable home("HOME", folder.path(""));
+    EXPECT_GE(keep(LoadLibraryA("~/ini/a.lng")), first_good_handle);
 }
 
 TEST_F(Library, ComesBeforeTheBuiltInWords) {

@@ -6,26 +6,34 @@
 namespace {
 
 bool failing = false;
+int arrays = 0;
 
 } // namespace
 
 // Replaced for the whole program; nothing but the tracer asks for arrays in this way here.
 void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-    return failing ? nullptr : std::malloc(size);
+    void* memory = failing ? nullptr : std::malloc(size);
+    arrays += memory != nullptr;
+    return memory;
 }
 void* operator new[](std::size_t size) {
-    if (void* memory = std::malloc(size))
+    if (void* memory = ::operator new[](size, std::nothrow))
         return memory;
     throw std::bad_alloc();
 }
 void operator delete[](void* memory) noexcept {
+    arrays -= memory != nullptr;
     std::free(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
-    std::free(memory);
+    ::operator delete[](memory);
 }
 void operator delete[](void* memory, const std::nothrow_t&) noexcept {
-    std::free(memory);
+    ::operator delete[](memory);
+}
+
+int zerdix::tests::owned_arrays() {
+    return arrays;
 }
 
 zerdix::tests::no_memory::no_memory() {

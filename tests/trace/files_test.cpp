@@ -6,6 +6,7 @@
 using namespace zerdix;
 using namespace zerdix::tests;
 using testing::ElementsAre;
+using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::Pair;
 using testing::StartsWith;
@@ -27,6 +28,11 @@ void run(const char* text) {
 std::string line(const char* label, const char* text) {
     return std::string("# ") + label + " " + padded(std::string("file: : ") + text, 82);
 }
+
+constexpr const char* seven_words = "one two three four five six seven";
+const std::vector<std::string> seven_words_in_20 = {"# Error:  file: : one two     ",
+                                                    "# Error:       three four five",
+                                                    "# Error:       six seven      "};
 
 constexpr const char* no_buffer = "T_TRACE::T_TRACE: Not enough memory to allocate text buffer";
 
@@ -100,9 +106,10 @@ TEST_F(Files, TheOldNameEndsAtTheFirstDotOfThePath) {
 TEST_F(Files, AFileThatCantBeRotatedGoesOn) {
     configure("Trace=1");
     run("first");
-    folder.write("FAXTRACE.OLD/in the way", "");
-    run("second");
+    std::filesystem::create_directory(folder.path("FAXTRACE.OLD"));
+    run("second"); // a folder in the way, even an empty one
     const auto lines = trace_lines();
+    ASSERT_FALSE(lines.empty());
     EXPECT_EQ(lines.front(), line("Info1: ", "first"));
     EXPECT_EQ(lines.back(), line("Info1: ", "second"));
     EXPECT_THAT(boxes.shown, IsEmpty());
@@ -114,6 +121,16 @@ TEST_F(Files, OwnPathsGoBeforeTheFolderForLogs) {
     write_line(tracer, 100, "x");
     EXPECT_TRUE(folder.exists("t") && folder.exists("e"));
     EXPECT_FALSE(folder.exists("FAXTRACE.LOG") || folder.exists("FAXERROR.LOG"));
+}
+
+TEST_F(Files, FoldersOnTheWayAreMadeInTheHomeAlone) {
+    const environment_variable home("HOME", folder.path("home"));
+    configure("Trace=1\nErrorfile=~/state/e\nTracefile=" + folder.path("other/t"));
+    T_TRACE tracer;
+    EXPECT_FALSE(folder.exists("home/state"));
+    write_line(tracer, 100, "x");
+    EXPECT_TRUE(folder.exists("home/state/e"));
+    EXPECT_FALSE(folder.exists("other"));
 }
 
 TEST_F(Files, WithTracingOffOnlyErrorsAreWritten) {
@@ -200,27 +217,65 @@ TEST_F(Files, WithoutATextBufferTracingIsOffAndErrorsComeLater) {
     EXPECT_FALSE(folder.exists("FAXTRACE.LOG"));
 }
 
-namespace {
-
-// What a box in front of nobody writes to standard error.
-std::string told(const char* text) {
-    platform::message_box_port* recorded = platform::replace_message_box(nullptr);
-    testing::internal::CaptureStderr();
-    platform::message_box().show(text, "C\xe4sar");
-    platform::replace_message_box(recorded);
-    return testing::internal::GetCapturedStderr();
-}
-
-} // namespace
-
 TEST_F(Files, ABoxThatNobodySeesIsInTheErrorLog) {
+    const auto show = [] { platform::message_box().show("a\n%s", "C\xe4sar"); };
     configure("");
-    EXPECT_EQ(told("a\n%s"), "C\xc3\xa4sar: a %s\n");
+    start_anew();
+    EXPECT_EQ(told_by_default_box(show), "C\xc3\xa4sar: a %s\n");
     EXPECT_THAT(folder.read("FAXERROR.LOG"),
                 testing::HasSubstr("Error:  message_box: : C\xe4sar: a %s "));
+
+    configure("Errorfile=" + folder.path("none/log"));
+    start_anew();
+    EXPECT_EQ(told_by_default_box(show), "C\xc3\xa4sar: a %s\nTracer: Error opening error log\n");
 }
 
-TEST_F(Files, ALogThatCantTakeTheBoxIsToldOnce) {
-    configure("Errorfile=" + folder.path("none/log"));
-    EXPECT_EQ(told("a"), "C\xc3\xa4sar: a\nTracer: Error opening error log\n");
+// The tracer's own boxes aren't written into the two files, which would lead back to the tracer.
+TEST_F(Files, AnErrorLogThatCantBeOpenedCostsTheTraceNothing) {
+    const environment_variable narrow("TRACE_WRAP_WIDTH", "20");
+    configure("Trace=1\nErrorfile=" + folder.path("none/log"));
+    start_anew();
+    const std::string told = told_by_default_box([] { write_line(TTrace, 100, seven_words); });
+    const std::string box = "Tracer: Error opening error log\n";
+    EXPECT_EQ(told, box + box + box);
+    EXPECT_THAT(trace_lines(), ElementsAreArray(seven_words_in_20));
+}
+
+TEST_F(Files, ATraceFileThatCantBeOpenedIsToldOnceByTheDefaultBox) {
+    configure("");
+    start_anew();
+    const int before = owned_arrays();
+    configure("Trace=1\nTracefile=" + folder.path("none/trace"));
+    start_anew();
+    const std::string told = told_by_default_box([] {
+        write_line(TTrace, 200, "x");
+        write_line(TTrace, 100, "y");
+    });
+    EXPECT_EQ(told,
+              folder.path("none/trace") + ": Tracesetname: Error open trace file error code: 2\n");
+    EXPECT_THAT(lines_of("FAXERROR.LOG"),
+                ElementsAre("", StartsWith("Zeit:"), "", line("Error: ", "y")));
+    configure("");
+    start_anew();
+    EXPECT_EQ(owned_arrays(), before);
+}
+
+// As in a program whose windows go on while a message stands in front of them.
+TEST_F(Files, ALineTracedWhileABoxStandsLeavesTheOthersWhole) {
+    struct busy_box final : platform::message_box_port {
+        T_TRACE* tracer = nullptr;
+        void show(std::string_view, std::string_view) override {
+            write_line(*tracer, 200, "busy busy busy busy busy busy");
+        }
+    } box;
+    const environment_variable narrow("TRACE_WRAP_WIDTH", "20");
+    configure("Trace=1\nErrorfile=" + folder.path("none/log"));
+    T_TRACE tracer;
+    box.tracer = &tracer;
+    platform::message_box_port* recorded = platform::replace_message_box(&box);
+    write_line(tracer, 100, seven_words);
+    platform::replace_message_box(recorded);
+    std::vector<std::string> lines = trace_lines();
+    EXPECT_EQ(std::erase_if(lines, [](auto& one) { return one.starts_with("# Info1:"); }), 9);
+    EXPECT_THAT(lines, ElementsAreArray(seven_words_in_20));
 }

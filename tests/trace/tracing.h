@@ -2,6 +2,7 @@
 #ifndef ZERDIX_TESTS_TRACE_TRACING_H
 #define ZERDIX_TESTS_TRACE_TRACING_H
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,25 @@ inline std::string without_ticks(const std::string& line) {
     const bool ticks = line.starts_with('(') && end > 1 && line.compare(end, 2, ") ") == 0;
     return ticks ? "#" + line.substr(end + 1) : line;
 }
+
+// The process's tracer, made anew under the settings of a test.
+inline void start_anew() {
+    std::destroy_at(&TTrace);
+    std::construct_at(&TTrace);
+}
+
+// What is written to standard error meanwhile. Boxes are those that nobody replaced.
+template <class Run>
+std::string told_by_default_box(Run run) {
+    platform::message_box_port* recorded = platform::replace_message_box(nullptr);
+    testing::internal::CaptureStderr();
+    run();
+    platform::replace_message_box(recorded);
+    return testing::internal::GetCapturedStderr();
+}
+
+// Arrays that the tracer owns just now.
+int owned_arrays();
 
 class Tracing : public testing::Test {
   protected:

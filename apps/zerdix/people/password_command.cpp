@@ -4,7 +4,6 @@
 #include <string>
 
 #include "commands.h"
-#include "platform/profile.h"
 #include "shell/password.h"
 #include "shell/user_command.h"
 #include "shell/value_text.h"
@@ -30,9 +29,9 @@ std::string new_password(const std::string& user, const std::string& file) {
 }
 
 // A settings file that still names the old one would lock its user out.
-void note_settings(bool from_settings) {
-    if (from_settings)
-        note("the settings still give the old password: " + platform::profile_path());
+void note_settings() {
+    if (const std::string file = settings_with_password(); !file.empty())
+        note("the settings still give the old password: " + file);
 }
 
 void run(desk& user, const desk_options& options, const std::string& file) {
@@ -49,7 +48,8 @@ void run(desk& user, const desk_options& options, const std::string& file) {
         throw failure(exit_refused,
                       "the server refused the new password (" + std::to_string(result) + ')');
     user.out().done("the password of " + user.user() + " is changed", {{"user", user.user()}});
-    note_settings(options.password_file.empty() && settings_have_password());
+    if (options.password_file.empty())
+        note_settings();
 }
 
 } // namespace

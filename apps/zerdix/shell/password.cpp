@@ -13,16 +13,17 @@
 #include <unistd.h>
 
 #include "failure.h"
+#include "platform/home.h"
 #include "platform/profile.h"
 
 namespace zerdix::app {
 
 namespace {
 
-constexpr std::size_t longest_value = 1024;
-
-std::string setting(const char* key) {
-    return platform::profile_string("Zerdix", key, "", longest_value);
+// What is set to nothing counts as not set.
+std::optional<platform::profile_entry> setting(const char* key) {
+    auto entry = platform::find_profile_entry("Zerdix", key);
+    return entry && !entry->value.empty() ? entry : std::nullopt;
 }
 
 // While it stands nothing that is typed shows, and the signals of the keyboard wait.
@@ -137,17 +138,21 @@ std::string ask_password(const std::string& prompt) {
 std::string login_password(const std::string& file, const std::string& user) {
     if (!file.empty())
         return password_from_file(file);
-    if (const std::string password = setting("Password"); !password.empty()) {
-        require_private(platform::profile_path());
-        return password;
+    if (const auto password = setting("Password")) {
+        require_private(password->file);
+        return password->value;
     }
-    if (const std::string path = setting("PasswordFile"); !path.empty())
-        return password_from_file(path);
+    if (const auto path = setting("PasswordFile"))
+        return password_from_file(platform::from_home(path->value));
     return ask_password("Password of " + user + ": ");
 }
 
-bool settings_have_password() {
-    return !setting("Password").empty() || !setting("PasswordFile").empty();
+std::string settings_with_password() {
+    for (const char* key : {"Password", "PasswordFile"}) {
+        if (const auto entry = setting(key))
+            return entry->file;
+    }
+    return "";
 }
 
 } // namespace zerdix::app

@@ -19,8 +19,8 @@ std::string ask_password(const std::string& prompt);
 // and others may read them.
 std::string login_password(const std::string& file, const std::string& user);
 
-// Whether the settings give one, so that nobody is asked.
-bool settings_have_password();
+// The settings file that gives one, so that nobody is asked; empty when none does.
+std::string settings_with_password();
 
 } // namespace zerdix::app
 

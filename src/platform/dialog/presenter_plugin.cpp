@@ -3,10 +3,11 @@
 #include <dlfcn.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "platform/own_folder.h"
 
 namespace zerdix::platform {
 
@@ -19,24 +20,12 @@ bool is_set(const char* name) {
     return value != nullptr && *value != '\0';
 }
 
-std::filesystem::path folder_of_this_library() {
-    Dl_info info = {};
-    if (dladdr(reinterpret_cast<const void*>(&load_presenter), &info) == 0)
-        return {};
-    std::error_code error;
-    return std::filesystem::canonical(info.dli_fname, error).parent_path();
-}
-
 std::vector<std::string> candidates() {
     // A program that runs with rights of its own takes no code from its user.
     if (const char* named = secure_getenv("ZERDIX_DIALOGS"); named != nullptr && *named != '\0')
         return {named};
-    const auto beside = folder_of_this_library();
-    std::vector<std::string> paths = {beside / "zerdix" / file_name, beside / file_name};
-#ifdef ZERDIX_DIALOGS_FOLDER
-    paths.push_back(std::filesystem::path(ZERDIX_DIALOGS_FOLDER) / file_name);
-#endif
-    return paths;
+    const auto beside = own_folder();
+    return {beside / "zerdix" / file_name, beside / file_name};
 }
 
 // Never unloaded: the toolkit keeps state until the process ends.

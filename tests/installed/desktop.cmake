@@ -1,6 +1,0 @@
-cmake_minimum_required(VERSION 3.24)
-project(desktop LANGUAGES CXX)
-find_package(zerdix 1 REQUIRED)
-add_executable(desktop desktop.cpp)
-target_compile_features(desktop PRIVATE cxx_std_20)
-target_link_libraries(desktop PRIVATE zerdix::zxdrvw32)
