@@ -14,7 +14,10 @@ struct book_entry {
     std::string entry; // a teleid, likewise
 
     std::string text() const { return book + ':' + entry; }
-    bool operator==(const book_entry&) const = default;
+
+    friend bool operator==(const book_entry& a, const book_entry& b) {
+        return a.book == b.book && a.entry == b.entry;
+    }
 };
 
 // Nothing for a receiver that is a number: one without a colon. What stands in front of the first

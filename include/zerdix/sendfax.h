@@ -157,6 +157,24 @@ extern ZX_API int32_t fCoverpage;       /* 1: each receiver gets a cover page. A
 extern ZX_API char userid[11];          /* user on whose desk the document is to be left, or "" */
 extern ZX_API char alphaid[36];         /* that user's Alpha server, or "" */
 
+/* The send record in a form that C can read: what merge data and the dialog have set so far, and
+ * the receiver that was at hand last. Texts are NUL-terminated. */
+struct zx_job_settings {
+    int32_t document;     /* the job's document, 0: none yet */
+    char title[31];       /* the document's comment */
+    char receiver[31];    /* "" before the first */
+    int32_t pages;        /* of the document that was sent last, a cover page included */
+    int32_t priority;     /* 0 to 32767 */
+    int32_t send_time;    /* seconds since 1970-01-01 UTC, 0: at once */
+    int32_t night_tariff; /* 1: the server waits for the night tariff */
+    int32_t retries;      /* allowed */
+    int32_t net_type;     /* 1 fax, 2 telex */
+    int32_t resolution;   /* 0 as it is, 1 fine, 2 normal */
+};
+
+/* Reads it, also after the end of a job, until the next one opens. */
+ZX_API void ReadJobSettings(struct zx_job_settings* settings);
+
 #ifdef __cplusplus
 }
 #endif

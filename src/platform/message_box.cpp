@@ -9,12 +9,21 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <zerdix/messages.h>
+
 #include "platform/encoding.h"
 
 namespace zerdix::platform {
 namespace {
 
 constinit message_log log = nullptr;
+
+// Who takes the place of standard error.
+struct host_program {
+    zx_message_handler take;
+    void* context;
+};
+constinit host_program host{nullptr, nullptr};
 
 void tell_log(const char* line) {
     const message_log teller = std::exchange(log, nullptr);
@@ -38,14 +47,15 @@ void write_line(std::string line) {
 class standard_error final : public message_box_port {
   public:
     void show(std::string_view text, std::string_view caption) override {
-        std::string line(caption);
-        line += ": ";
-        line += text;
+        std::string line = std::string(caption) + ": " + std::string(text);
         for (char& c : line) {
             if (c == '\n' || c == '\r')
                 c = ' ';
         }
-        write_line(cp1252_to_utf8(line));
+        if (host.take != nullptr)
+            host.take(host.context, std::string(text).c_str(), std::string(caption).c_str());
+        else
+            write_line(cp1252_to_utf8(line));
         tell_log(line.c_str());
     }
 };
@@ -71,3 +81,7 @@ message_box_port* replace_message_box(message_box_port* port) {
 }
 
 } // namespace zerdix::platform
+
+extern "C" void SetMessageHandler(zx_message_handler handler, void* context) {
+    zerdix::platform::host = {handler, context};
+}

@@ -17,8 +17,8 @@ class message_box_port {
     ~message_box_port() = default;
 };
 
-// The one in use. Without a replacement: a line "caption: text" on standard error, in UTF-8, or
-// nothing where nobody takes it just now.
+// The one in use. Without a replacement: the host's handler (zerdix/messages.h), else a line
+// "caption: text" on standard error, in UTF-8, or nothing where nobody takes it just now.
 message_box_port& message_box();
 
 // Told each line of the default port too, in Windows-1252, so that it can be kept in a log; null

@@ -113,3 +113,19 @@ void close_job() {
 }
 
 } // namespace zerdix::sendfax
+
+extern "C" void ReadJobSettings(zx_job_settings* settings) {
+    const a_s_rec& record = *pa_s_rec;
+    *settings = {record.faxid,
+                 {},
+                 {},
+                 record.pages,
+                 record.priority,
+                 record.sendtime,
+                 record.nighttariff.value,
+                 record.maxretries,
+                 record.nettype,
+                 record.resolution};
+    record.comment.view().copy(settings->title, sizeof settings->title - 1);
+    record.phone.view().copy(settings->receiver, sizeof settings->receiver - 1);
+}

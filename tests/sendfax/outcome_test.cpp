@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include <zerdix/messages.h>
 #include <zerdix/outcome.h>
 
 #include "sendfax/job_fixture.h"
@@ -149,6 +150,34 @@ TEST_F(JobOutcome, TellsWhatOfTheMergeDataWasntTaken) {
                     Pair(ZX_REMARK_NO_NUMBER, "PAPER"), Pair(ZX_REMARK_BAD_VALUE, "RESOLUTION"),
                     Pair(ZX_REMARK_CUT, "PHONE"), Pair(ZX_REMARK_NO_GROUP, "RECEIVERGROUP")));
     EXPECT_THAT(RemarkText(&outcome.remarks[1]), HasSubstr("25:00"));
+}
+
+TEST_F(JobOutcome, TheSendRecordCanBeReadFromC) {
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    ASSERT_EQ(merge("#PRIORITY 50##RETRIES 3##SENDTIME DELAYED##RESOLUTION FINE#"), 0);
+    zx_job_settings settings;
+    ReadJobSettings(&settings);
+    EXPECT_STREQ(settings.title, "Angebot");
+    EXPECT_STREQ(settings.receiver, "");
+    EXPECT_EQ(settings.priority, 16384);
+    EXPECT_EQ(settings.retries, 3);
+    EXPECT_EQ(settings.night_tariff, 1);
+    EXPECT_EQ(settings.net_type, 1);
+    EXPECT_EQ(settings.resolution, 1);
+}
+
+TEST_F(JobOutcome, AHostTakesTheMessages) {
+    std::vector<std::string> taken;
+    SetMessageHandler(
+        [](void* context, const char* text, const char*) {
+            static_cast<std::vector<std::string>*>(context)->emplace_back(text);
+        },
+        &taken);
+    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    EXPECT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 4);
+    SetMessageHandler(nullptr, nullptr);
+    EXPECT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 4);
+    EXPECT_THAT(taken, ElementsAre("Another FAX print job is still active"));
 }
 
 } // namespace
