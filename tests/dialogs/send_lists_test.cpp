@@ -11,6 +11,8 @@ using ::testing::ElementsAre;
 using ::testing::SizeIs;
 using texts = std::vector<std::string>;
 
+// Rows of "many" as they come block by block: a server that repeats the key, and one on which the
+// last entry has gone when the next block is asked for.
 TEST_F(SendDialog, TheListGrowsBlockByBlock) {
     server.set_config("PHONEBOOKB", "4");
     server.fill_book("many", 12);
@@ -172,8 +174,6 @@ TEST_F(SendDialog, OneHandlerAtATimeWorksOnTheLists) {
     EXPECT_GT(searches, 1);
     EXPECT_EQ(user.left_over(), 0u);
 }
-
-// A foreign message loop may let the driver call while the dialog runs.
 
 } // namespace
 } // namespace zerdix::testing

@@ -205,8 +205,7 @@ TEST_F(SendDialog, ADocumentIsLaidOnADesk) {
     EXPECT_EQ(userid[0], '\0');
 }
 
-// Rows of "many" as they come block by block: a server that repeats the key, and one on which the
-// last entry has gone when the next block is asked for.
+// A foreign message loop may let the driver call while the dialog runs.
 TEST_F(SendDialog, NothingEndsAJobWhileItsDialogRuns) {
     const auto call_all = [](dialog_view&) {
         EXPECT_EQ(DeleteFaxDoc(), 8);
