@@ -78,7 +78,8 @@ class CDialogSendSelect final : public CDialogDriver {
     int fillBlocks(int all);
     PTRLIST* fetchBlock();
     void addBlock(PTRLIST& block);
-    void fillGroups();
+    // False when they couldn't be had, which the user has been told.
+    bool fillGroups();
     void OnSelectionMoved();
     void OnScroll();
     void OnFind();
