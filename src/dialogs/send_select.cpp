@@ -80,6 +80,7 @@ void CDialogSendSelect::mapMessages() {
 
 void CDialogSendSelect::mapListMessages() {
     using self = CDialogSendSelect;
+    on(typed_recipient, control_event::changed, [this] { showUnconfirmed(); });
     on(book_choice, control_event::selection_changed, [this] { guarded(&self::OnChooseBook); });
     on(entry_list, control_event::double_clicked, [this] { OnPickEntry(); });
     on(group_list, control_event::double_clicked, [this] { OnPickGroup(); });

@@ -90,6 +90,7 @@ class CDialogSendSelect final : public CDialogDriver {
 
     // Picks (send_select_picks.cpp).
     void addPick(recipient_pick pick);
+    void showUnconfirmed();
     void OnAdd();
     void OnPickEntry();
     void OnPickGroup();

@@ -42,6 +42,7 @@ constexpr auto send_controls = std::to_array<control_template>({
     {typed_frame, control_kind::frame, {recipient_frame, 0, 0, 1, 2}},
     {2327, control_kind::edit, {typed_frame, 0, 0}, name_only},
     {2333, control_kind::push_button, {typed_frame, 0, 1}},
+    {2385, control_kind::label, {typed_frame, 1, 0, 1, 2}, hidden},
     {side_frame, control_kind::frame, {recipient_frame, 1, 0}},
     {2324, control_kind::radio_button, {side_frame, 0, 0}, radio(1)},
     {2326, control_kind::radio_button, {side_frame, 0, 1}, radio(1)},
