@@ -125,11 +125,11 @@ TEST_F(Lists, KeepsTheWidthThatTheUserDrew) {
         EXPECT_EQ(table()->horizontalScrollBar()->maximum(), 0) << "the columns fill the list";
         const int row = table()->verticalHeader()->defaultSectionSize();
         table()->horizontalHeader()->resizeSection(1, 77);
+        send(platform::set_font, reinterpret_cast<std::uintptr_t>(&large));
+        EXPECT_EQ(table()->columnWidth(1), 77);
         platform::column_record* columns = nullptr;
         EXPECT_EQ(send(platform::read_columns, 0, reinterpret_cast<std::intptr_t>(&columns)), 2);
         EXPECT_EQ(columns[1].width, 77);
-        send(platform::set_font, reinterpret_cast<std::uintptr_t>(&large));
-        EXPECT_EQ(table()->columnWidth(1), 77);
         EXPECT_GE(table()->verticalHeader()->defaultSectionSize(), row + 8);
         finish();
     }});
