@@ -88,6 +88,8 @@ void CDialogSendSelect::mapListMessages() {
     on(entry_list, control_event::scrolled, [this] { guarded(&self::OnScroll); });
     on_posted(recipient_search_command, [this] { guarded(&self::OnFindInRecipients); });
     on_posted(group_search_command, [this] { OnFindInGroups(); });
+    for (const std::int32_t command : {choose_list_font, choose_text_font})
+        on_posted(command, [this, command] { OnChooseFont(command); });
 }
 
 } // namespace zerdix::dialogs

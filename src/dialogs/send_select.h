@@ -73,6 +73,7 @@ class CDialogSendSelect final : public CDialogDriver {
 
     // Rows, blocks and the search (send_select_lists.cpp).
     void setUpLists();
+    void OnChooseFont(std::int32_t command);
     void addEntryRow(const o_tebul& entry);
     // One block of the chosen book, or all that are left. 0 when a block failed or all were there.
     int fillBlocks(int all);

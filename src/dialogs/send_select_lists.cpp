@@ -1,5 +1,6 @@
 // The lists of the send dialog: rows that come block by block, and the search in them.
 
+#include "dialogs/application.h"
 #include "dialogs/find_text.h"
 #include "dialogs/message.h"
 #include "dialogs/notify.h"
@@ -24,6 +25,16 @@ constexpr std::int32_t unknown_size = -1; // the question for it failed
 void CDialogSendSelect::setUpLists() {
     teleList.setupColumns({.titles = entry_titles, .columnKey = "SendTeleSel"});
     groupList.setupColumns({.titles = group_titles, .columnKey = "SendTGroupSel"});
+}
+
+// The application's own command; the lists show at once what the user has chosen.
+void CDialogSendSelect::OnChooseFont(std::int32_t command) {
+    CZerdixApp* application = CZerdixApp::current();
+    if (application == nullptr)
+        return;
+    application->OnCommand(command);
+    teleList.useListFont();
+    groupList.useListFont();
 }
 
 void CDialogSendSelect::addEntryRow(const o_tebul& entry) {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "dialogs/application.h"
+
 namespace zerdix::dialogs {
 
 namespace {
@@ -131,6 +133,11 @@ constexpr auto notify_controls = std::to_array<control_template>({
     {1, control_kind::push_button, {0, 2, 0}},
 });
 
+constexpr auto font_menu = std::to_array<platform::menu_command>({
+    {choose_list_font, 40004},
+    {choose_text_font, 40005},
+});
+
 constexpr dialog_template send_dialog(std::int32_t id, int list_rows, int text_percent) {
     return {.id = id,
             .captions_of = send_form,
@@ -141,7 +148,8 @@ constexpr dialog_template send_dialog(std::int32_t id, int list_rows, int text_p
             .entry_button = 2333,
             .list_rows = list_rows,
             .text_percent = text_percent,
-            .list_characters = 9600 / text_percent};
+            .list_characters = 9600 / text_percent,
+            .list_menu = font_menu};
 }
 
 constexpr auto all = std::to_array<dialog_template>({

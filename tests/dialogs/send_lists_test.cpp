@@ -1,5 +1,6 @@
 // The lists of the send dialog: blocks that come as one scrolls, sides, and the search.
 
+#include "dialogs/application.h"
 #include "dialogs/send_dialog_fixture.h"
 #include "dialogs/send_select.h"
 
@@ -159,6 +160,31 @@ TEST_F(SendDialog, SidesBooksAndNewEntries) {
     EXPECT_EQ(kept("SendTeleSel0"), kept("SendTeleSel5"));
     EXPECT_EQ(kept("SendTGroupSel3"), "150");
     EXPECT_EQ(kept("TBookId"), "common");
+}
+
+// A list that is given its font again notes the widths that the user drew.
+TEST_F(SendDialog, TheFontThatTheUserChoosesShowsInBothLists) {
+    dialogs::CZerdixApp application;
+    user.fonts = {{.height = 9, .weight = 700, .face = "Arial"}, {}};
+    const auto draw = [this](dialog_view& shown) {
+        for (const std::int32_t id : {2331, 2304})
+            user.list(shown, id).drag(1, 222);
+    };
+    const auto choose = [](std::size_t line) {
+        return
+            [line](dialog_view& shown) { shown.on_command(shown.form()->list_menu[line].command); };
+    };
+    const auto expect_shown = [](dialog_view& shown) {
+        for (const std::int32_t id : {2331, 2304}) {
+            const auto& list = *shown.find(id)->list;
+            EXPECT_EQ(list.columns[1].width, 222) << id;
+            EXPECT_EQ(list.font, list.title_font);
+            ASSERT_NE(list.font, nullptr);
+            EXPECT_EQ(list.font->face, "Arial");
+        }
+    };
+    EXPECT_EQ(send_fax({draw, choose(0), expect_shown, choose(1), expect_shown, click(2302)}), 4);
+    EXPECT_THAT(user.fonts, IsEmpty());
 }
 
 // Whatever reaches the dialog while a handler waits for the server.
