@@ -30,12 +30,6 @@ extern template_ids chosen_templates;
 constexpr std::int32_t choose_text_font = 31032;
 constexpr std::int32_t choose_list_font = 31036;
 
-// Red, green and blue in the lower 24 bits.
-struct dialog_colors {
-    std::uint32_t background = 0xc0c0c0;
-    std::uint32_t text = 0x000000;
-};
-
 class CZerdixApp {
   public:
     CZerdixApp();
@@ -46,7 +40,6 @@ class CZerdixApp {
     // Null while there is none.
     static CZerdixApp* current();
 
-    const dialog_colors& colors() const { return colors_; }
 
     // For lists. Null when it can't be made. Made when it is first asked for, since opening fonts
     // takes longer than loading the library should.
@@ -70,7 +63,6 @@ class CZerdixApp {
     void choose_new_text_font();
 
     str20 pszLanguage{};
-    dialog_colors colors_;
     font_object list_font_;
     font_object text_font_;
     bool text_font_is_read_ = false;

@@ -36,6 +36,7 @@ enum send_control : std::int32_t {
     reset_button = 2347,
     all_picks = 2348,
     cover_page = 2350,
+    unconfirmed_note = 2385, // beneath the typed recipient
 };
 
 // Most characters. A send record takes one less of the comment.

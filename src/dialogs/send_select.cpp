@@ -80,6 +80,7 @@ void CDialogSendSelect::mapMessages() {
 
 void CDialogSendSelect::mapListMessages() {
     using self = CDialogSendSelect;
+    on(typed_recipient, control_event::changed, [this] { showUnconfirmed(); });
     on(book_choice, control_event::selection_changed, [this] { guarded(&self::OnChooseBook); });
     on(entry_list, control_event::double_clicked, [this] { OnPickEntry(); });
     on(group_list, control_event::double_clicked, [this] { OnPickGroup(); });
@@ -87,6 +88,8 @@ void CDialogSendSelect::mapListMessages() {
     on(entry_list, control_event::scrolled, [this] { guarded(&self::OnScroll); });
     on_posted(recipient_search_command, [this] { guarded(&self::OnFindInRecipients); });
     on_posted(group_search_command, [this] { OnFindInGroups(); });
+    for (const std::int32_t command : {choose_list_font, choose_text_font})
+        on_posted(command, [this, command] { OnChooseFont(command); });
 }
 
 } // namespace zerdix::dialogs

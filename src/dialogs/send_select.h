@@ -73,12 +73,14 @@ class CDialogSendSelect final : public CDialogDriver {
 
     // Rows, blocks and the search (send_select_lists.cpp).
     void setUpLists();
+    void OnChooseFont(std::int32_t command);
     void addEntryRow(const o_tebul& entry);
     // One block of the chosen book, or all that are left. 0 when a block failed or all were there.
     int fillBlocks(int all);
     PTRLIST* fetchBlock();
     void addBlock(PTRLIST& block);
-    void fillGroups();
+    // False when they couldn't be had, which the user has been told.
+    bool fillGroups();
     void OnSelectionMoved();
     void OnScroll();
     void OnFind();
@@ -89,6 +91,7 @@ class CDialogSendSelect final : public CDialogDriver {
 
     // Picks (send_select_picks.cpp).
     void addPick(recipient_pick pick);
+    void showUnconfirmed();
     void OnAdd();
     void OnPickEntry();
     void OnPickGroup();

@@ -1,11 +1,13 @@
 // The lists of the send dialog: rows that come block by block, and the search in them.
 
+#include "dialogs/application.h"
 #include "dialogs/find_text.h"
 #include "dialogs/message.h"
 #include "dialogs/notify.h"
 #include "dialogs/send_controls.h"
 #include "dialogs/send_select.h"
 #include "dialogs/wait_cursor.h"
+#include "rpc/gathered_list.h"
 
 namespace zerdix::dialogs {
 
@@ -16,11 +18,23 @@ namespace {
 constexpr std::int32_t entry_titles[] = {1406, 1407, 1408, 1409, 1410, 1411};
 constexpr std::int32_t group_titles[] = {1432, 1433, 1434, 1435};
 
+constexpr std::int32_t unknown_size = -1; // the question for it failed
+
 } // namespace
 
 void CDialogSendSelect::setUpLists() {
     teleList.setupColumns({.titles = entry_titles, .columnKey = "SendTeleSel"});
     groupList.setupColumns({.titles = group_titles, .columnKey = "SendTGroupSel"});
+}
+
+// The application's own command; the lists show at once what the user has chosen.
+void CDialogSendSelect::OnChooseFont(std::int32_t command) {
+    CZerdixApp* application = CZerdixApp::current();
+    if (application == nullptr)
+        return;
+    application->OnCommand(command);
+    teleList.useListFont();
+    groupList.useListFont();
 }
 
 void CDialogSendSelect::addEntryRow(const o_tebul& entry) {
@@ -45,9 +59,16 @@ int CDialogSendSelect::fillBlocks(int all) {
     return 1;
 }
 
+// Without a size a server would send an empty block, which looks like the end of the book. So the
+// size is asked for again, and one that still can't be had counts as a block that failed.
 PTRLIST* CDialogSendSelect::fetchBlock() {
+    if (lBlockSize == unknown_size)
+        lBlockSize = rpc::block_to_gather();
     const nettypetype net = idNetType == fax ? NETTYPE_FAX : NETTYPE_TELEX;
-    PTRLIST* block = telebook.getTBookEntries(curTBook.bytes, net, startKey.bytes, lBlockSize);
+    PTRLIST* block =
+        lBlockSize == unknown_size
+            ? nullptr
+            : telebook.getTBookEntries(curTBook.bytes, net, startKey.bytes, lBlockSize);
     if (block != nullptr)
         return block;
     fListComplete = 1;
@@ -73,11 +94,11 @@ void CDialogSendSelect::addBlock(PTRLIST& block) {
     lRowCount += static_cast<std::int32_t>(size - first);
 }
 
-void CDialogSendSelect::fillGroups() {
+bool CDialogSendSelect::fillGroups() {
     PTRLIST* groups = telebook.getTGroups();
     if (groups == nullptr) {
         showMessage(window_, send::no_groups);
-        return;
+        return false;
     }
     groupList.removeRows();
     for (std::uint32_t i = 0; i < groups->getSize(); ++i) {
@@ -85,6 +106,7 @@ void CDialogSendSelect::fillGroups() {
         groupList.addRow(
             {group.groupid.view(), group.comment.view(), group.owner.view(), group.group.view()});
     }
+    return true;
 }
 
 // On the last row that was fetched, the next block follows.

@@ -1,5 +1,7 @@
 // What the user has picked so far.
 
+#include <algorithm>
+
 #include "common/string_table.h"
 #include "dialogs/message.h"
 #include "dialogs/send_controls.h"
@@ -17,6 +19,20 @@ void CDialogSendSelect::addPick(recipient_pick pick) {
     set_text(all_picks, std::string_view{shown}.substr(0, send::picks_limit));
     lShownLength += pick.text.size() + 1;
     pPicks.push_back(std::move(pick));
+    showUnconfirmed();
+}
+
+// "OK" takes what stands typed only when nothing has been picked. So the window says of a text
+// beside picks that it isn't one of them. A group of that name is no number.
+void CDialogSendSelect::showUnconfirmed() {
+    const std::string typed = text(typed_recipient, send::receiver_limit);
+    const bool is_picked =
+        std::any_of(pPicks.begin(), pPicks.end(), [&typed](const recipient_pick& pick) {
+            return pick.isGroup == 0 && pick.text == typed;
+        });
+    const bool is_lost = !typed.empty() && !pPicks.empty() && !is_picked;
+    mark(typed_recipient, is_lost ? caption_of(unconfirmed_note) : std::string());
+    show(unconfirmed_note, is_lost);
 }
 
 void CDialogSendSelect::OnAdd() {
@@ -58,6 +74,7 @@ void CDialogSendSelect::OnReset() {
     pPicks.clear();
     teleList.unselectAll();
     groupList.unselectAll();
+    showUnconfirmed();
 }
 
 } // namespace zerdix::dialogs

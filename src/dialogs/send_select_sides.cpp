@@ -31,14 +31,16 @@ void CDialogSendSelect::OnRecipientSide() {
         showSide(recipient_side);
 }
 
+// Groups that couldn't be had are asked for again when the user comes back to their side. A click
+// on the side that is there already does nothing.
 void CDialogSendSelect::OnGroupSide() {
+    if (idRecipientMode == group_side)
+        return;
     if (fGroupListEmpty != 0) {
-        fillGroups();
-        fGroupListEmpty = 0;
+        fGroupListEmpty = fillGroups() ? 0 : 1;
         enable(find_button);
     }
-    if (idRecipientMode != group_side)
-        showSide(group_side);
+    showSide(group_side);
 }
 
 // The choice of phone books, and the first block of the one that was chosen last time.

@@ -59,6 +59,8 @@ class CSftList : public CSftTree {
     void loadColumns();
     // Columns of equal width, then those that were kept, with their titles.
     void setupColumns(const column_setup& setup);
+    // The application's font, as it is just now, for rows and titles.
+    void useListFont();
 
     // The length of the cell, whose text is then in `buffer`, which holds `size` characters and a
     // NUL. A longer cell leaves the buffer alone: 0.
@@ -73,7 +75,6 @@ class CSftList : public CSftTree {
 
   private:
     std::span<platform::column_record> columns();
-    void useListFont();
 
     std::string columnKey;
     std::int32_t columnCount = 0;

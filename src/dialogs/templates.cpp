@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "dialogs/application.h"
+
 namespace zerdix::dialogs {
 
 namespace {
@@ -41,6 +43,7 @@ constexpr auto send_controls = std::to_array<control_template>({
     {typed_frame, control_kind::frame, {recipient_frame, 0, 0, 1, 2}},
     {2327, control_kind::edit, {typed_frame, 0, 0}, name_only},
     {2333, control_kind::push_button, {typed_frame, 0, 1}},
+    {2385, control_kind::label, {typed_frame, 1, 0, 1, 2}, hidden},
     {side_frame, control_kind::frame, {recipient_frame, 1, 0}},
     {2324, control_kind::radio_button, {side_frame, 0, 0}, radio(1)},
     {2326, control_kind::radio_button, {side_frame, 0, 1}, radio(1)},
@@ -129,6 +132,11 @@ constexpr auto notify_controls = std::to_array<control_template>({
     {1, control_kind::push_button, {0, 2, 0}},
 });
 
+constexpr auto font_menu = std::to_array<platform::menu_command>({
+    {choose_list_font, 40004},
+    {choose_text_font, 40005},
+});
+
 constexpr dialog_template send_dialog(std::int32_t id, int list_rows, int text_percent) {
     return {.id = id,
             .captions_of = send_form,
@@ -139,7 +147,8 @@ constexpr dialog_template send_dialog(std::int32_t id, int list_rows, int text_p
             .entry_button = 2333,
             .list_rows = list_rows,
             .text_percent = text_percent,
-            .list_characters = 9600 / text_percent};
+            .list_characters = 9600 / text_percent,
+            .list_menu = font_menu};
 }
 
 constexpr auto all = std::to_array<dialog_template>({

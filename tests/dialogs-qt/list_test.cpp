@@ -125,15 +125,54 @@ TEST_F(Lists, KeepsTheWidthThatTheUserDrew) {
         EXPECT_EQ(table()->horizontalScrollBar()->maximum(), 0) << "the columns fill the list";
         const int row = table()->verticalHeader()->defaultSectionSize();
         table()->horizontalHeader()->resizeSection(1, 77);
+        send(platform::set_font, reinterpret_cast<std::uintptr_t>(&large));
+        EXPECT_EQ(table()->columnWidth(1), 77);
         platform::column_record* columns = nullptr;
         EXPECT_EQ(send(platform::read_columns, 0, reinterpret_cast<std::intptr_t>(&columns)), 2);
         EXPECT_EQ(columns[1].width, 77);
-        send(platform::set_font, reinterpret_cast<std::uintptr_t>(&large));
-        EXPECT_EQ(table()->columnWidth(1), 77);
         EXPECT_GE(table()->verticalHeader()->defaultSectionSize(), row + 8);
         finish();
     }});
     dialog.DoModal();
+}
+
+// By the right button on the titles and by the menu key, with the box that the menu leads to.
+TEST_F(Lists, OffersTheFontsInAMenu) {
+    static platform::font_description font{-20, 400, "Courier"};
+    dialog.on_posted(31036, [&] {
+        EXPECT_TRUE(shown->choose_font(nullptr, font, false));
+        dialog.notes.push_back("list font " + font.face);
+    });
+    dialog.on_posted(31032, [&] { dialog.notes.push_back("text font"); });
+    const auto key = [](Qt::Key one) {
+        QWidget* menu = QApplication::activePopupWidget();
+        QTest::keyClick(menu != nullptr ? menu : QApplication::focusWidget(), one);
+    };
+    script({[] {
+                const auto* header = table()->horizontalHeader();
+                QTest::mouseClick(window(send_form)->windowHandle(), Qt::RightButton, {},
+                                  header->mapTo(window(send_form), header->rect().center()));
+            },
+            [&] {
+                ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+                key(Qt::Key_Up);
+                key(Qt::Key_Return);
+            },
+            [&] {
+                QContextMenuEvent by_key(QContextMenuEvent::Keyboard, {}, {});
+                QApplication::sendEvent(table(), &by_key);
+            },
+            [&] {
+                key(Qt::Key_Down);
+                key(Qt::Key_Return);
+            },
+            [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); },
+            [&] {
+                EXPECT_EQ(QApplication::focusWidget(), table());
+                finish();
+            }});
+    dialog.DoModal();
+    EXPECT_THAT(dialog.notes, ElementsAre("text font", "list font Liberation Mono"));
 }
 
 } // namespace

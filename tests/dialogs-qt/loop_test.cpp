@@ -149,7 +149,7 @@ TEST_F(Windows, WordsFitIntoTheDialogs) {
         for (const auto& form : dialogs::templates())
             for (const auto side :
                  {gallery::side::none, gallery::side::book, gallery::side::groups}) {
-                gallery::sample_dialog dialog(form.id, side);
+                gallery::sample_dialog dialog(form.id, side, side == gallery::side::book);
                 ASSERT_TRUE(dialog.Create());
                 EXPECT_TRUE(gallery::misplaced(*window(form.id)).isEmpty())
                     << language << " " << form.id << ": "

@@ -1,5 +1,6 @@
 // The lists of the send dialog: blocks that come as one scrolls, sides, and the search.
 
+#include "dialogs/application.h"
 #include "dialogs/send_dialog_fixture.h"
 #include "dialogs/send_select.h"
 
@@ -8,9 +9,12 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 using ::testing::SizeIs;
 using texts = std::vector<std::string>;
 
+// Rows of "many" as they come block by block: a server that repeats the key, and one on which the
+// last entry has gone when the next block is asked for.
 TEST_F(SendDialog, TheListGrowsBlockByBlock) {
     server.set_config("PHONEBOOKB", "4");
     server.fill_book("many", 12);
@@ -59,6 +63,25 @@ TEST_F(SendDialog, TheListGrowsBlockByBlock) {
     EXPECT_EQ(kept("TBookId"), "common") << "whichever way the dialog ends";
 }
 
+// When the dialog is built, before the first block, and before the first block of the next book.
+TEST_F(SendDialog, ABlockSizeThatCouldNotBeHadIsAskedForAgain) {
+    server.fill_book("many", 12);
+    for (const int nth : {1, 2})
+        server.fail(74, nth);
+    EXPECT_EQ(send_fax({click(2324), expect_messages({told(1312)}),
+                        [](dialog_view& shown) { EXPECT_THAT(column(shown, 2331), IsEmpty()); },
+                        [](dialog_view& shown) {
+                            const auto& books = shown.find(2310)->items;
+                            const auto many = std::find(books.begin(), books.end(), "many");
+                            shown.user_picks_item(2310,
+                                                  static_cast<std::int32_t>(many - books.begin()));
+                        },
+                        [](dialog_view& shown) { EXPECT_THAT(column(shown, 2331), SizeIs(12)); },
+                        click(2302)}),
+              4);
+    EXPECT_THAT(user.messages, IsEmpty());
+}
+
 TEST_F(SendDialog, TheSearchLoadsTheRestAndGoesRound) {
     server.set_config("PHONEBOOKB", "10");
     server.fill_book("many", 31);
@@ -101,36 +124,67 @@ TEST_F(SendDialog, SidesBooksAndNewEntries) {
     server.fail(79);
     server.fail(104);
     user.script(1900, {type(1908, "neu+1"), type(1915, "4711"), click(1901)});
-    EXPECT_EQ(
-        send_fax({click(2324), expect_messages({told(1293)}), click(2326),
-                  expect_messages({told(1296)}), click(2326), expect_messages({}), click(2324),
-                  [this](dialog_view& shown) {
-                      expect_visible(shown, {2310, 2331, 2329, 2305}, true);
-                      expect_visible(shown, {2304, 2330}, false);
-                      expect_enabled(shown, {2303, 2322}, true);
-                      EXPECT_EQ(shown.find(2310)->items.size(), 3u);
-                      EXPECT_EQ(shown.find(2310)->selected_item, 0) << "common";
-                      server.clear_calls();
-                  },
-                  click(2303),
-                  [this](dialog_view& shown) {
-                      EXPECT_EQ(shown.find(2331)->list->rows.back(),
-                                (texts{"neu+1", "", "", "4711", "Extern", "Fax"}));
-                      EXPECT_EQ(text_in(shown, 2348), "");
-                      user.list(shown, 2331).drag(1, 222);
-                  },
-                  click(2326),
-                  [](dialog_view& shown) {
-                      expect_visible(shown, {2304, 2330}, true);
-                      expect_visible(shown, {2310, 2331, 2329, 2305}, false);
-                      expect_enabled(shown, {2303}, false);
-                      shown.user_closes();
-                  }}),
-        4);
+    EXPECT_EQ(send_fax({click(2324), expect_messages({told(1293)}), click(2326),
+                        expect_messages({told(1296)}), click(2326), expect_messages({}),
+                        [this](dialog_view& shown) {
+                            EXPECT_THAT(server.calls(), Contains(104).Times(1))
+                                << "a click on the side that is there already asks for nothing";
+                            EXPECT_THAT(column(shown, 2304), IsEmpty());
+                        },
+                        click(2324),
+                        [this](dialog_view& shown) {
+                            expect_visible(shown, {2310, 2331, 2329, 2305}, true);
+                            expect_visible(shown, {2304, 2330}, false);
+                            expect_enabled(shown, {2303, 2322}, true);
+                            EXPECT_EQ(shown.find(2310)->items.size(), 3u);
+                            EXPECT_EQ(shown.find(2310)->selected_item, 0) << "common";
+                            server.clear_calls();
+                        },
+                        click(2303),
+                        [this](dialog_view& shown) {
+                            EXPECT_EQ(shown.find(2331)->list->rows.back(),
+                                      (texts{"neu+1", "", "", "4711", "Extern", "Fax"}));
+                            EXPECT_EQ(text_in(shown, 2348), "");
+                            user.list(shown, 2331).drag(1, 222);
+                        },
+                        click(2326),
+                        [](dialog_view& shown) {
+                            EXPECT_THAT(column(shown, 2304), Contains("kunden"));
+                            expect_visible(shown, {2304, 2330}, true);
+                            expect_visible(shown, {2310, 2331, 2329, 2305}, false);
+                            expect_enabled(shown, {2303}, false);
+                            shown.user_closes();
+                        }}),
+              4);
     EXPECT_EQ(kept("SendTeleSel1"), "222");
     EXPECT_EQ(kept("SendTeleSel0"), kept("SendTeleSel5"));
     EXPECT_EQ(kept("SendTGroupSel3"), "150");
     EXPECT_EQ(kept("TBookId"), "common");
+}
+
+// A list that is given its font again notes the widths that the user drew.
+TEST_F(SendDialog, TheFontThatTheUserChoosesShowsInBothLists) {
+    dialogs::CZerdixApp application;
+    user.fonts = {{.height = 9, .weight = 700, .face = "Arial"}, {}};
+    const auto draw = [this](dialog_view& shown) {
+        for (const std::int32_t id : {2331, 2304})
+            user.list(shown, id).drag(1, 222);
+    };
+    const auto choose = [](std::size_t line) {
+        return
+            [line](dialog_view& shown) { shown.on_command(shown.form()->list_menu[line].command); };
+    };
+    const auto expect_shown = [](dialog_view& shown) {
+        for (const std::int32_t id : {2331, 2304}) {
+            const auto& list = *shown.find(id)->list;
+            EXPECT_EQ(list.columns[1].width, 222) << id;
+            EXPECT_EQ(list.font, list.title_font);
+            ASSERT_NE(list.font, nullptr);
+            EXPECT_EQ(list.font->face, "Arial");
+        }
+    };
+    EXPECT_EQ(send_fax({draw, choose(0), expect_shown, choose(1), expect_shown, click(2302)}), 4);
+    EXPECT_THAT(user.fonts, IsEmpty());
 }
 
 // Whatever reaches the dialog while a handler waits for the server.
@@ -172,8 +226,6 @@ TEST_F(SendDialog, OneHandlerAtATimeWorksOnTheLists) {
     EXPECT_GT(searches, 1);
     EXPECT_EQ(user.left_over(), 0u);
 }
-
-// A foreign message loop may let the driver call while the dialog runs.
 
 } // namespace
 } // namespace zerdix::testing

@@ -18,6 +18,15 @@ void expect_checked(dialog_view& shown, const std::vector<std::int32_t>& expecte
         EXPECT_EQ(one.checked, std::count(expected.begin(), expected.end(), one.id())) << one.id();
 }
 
+// The mark on the field for a typed recipient, and the line beneath it.
+step note_shows(bool expected) {
+    return [expected](dialog_view& shown) {
+        SCOPED_TRACE(text_in(shown, 2327));
+        expect_visible(shown, {2385}, expected);
+        EXPECT_EQ(shown.find(2327)->mark, expected ? shown.find(2385)->caption : "");
+    };
+}
+
 TEST_F(SendDialog, OpensForAFaxAndForATelexWithoutFetchingAList) {
     const auto common_state = [this](dialog_view& shown) {
         expect_visible(shown, {2310, 2331, 2304, 2305, 2329, 2330, 2320}, false);
@@ -76,6 +85,7 @@ TEST_F(SendDialog, OkChecksTheInputInOrderAndReplacesTheRecord) {
                                     EXPECT_EQ(text_in(shown, 2348), "0301234 ") << "picked once";
                                     EXPECT_EQ(text_in(shown, 2327), "0301234");
                                 },
+                                note_shows(false), type(2327, "0301235"), note_shows(true),
                                 type(2319, "37"), click(2308), click(2315), click(2350),
                                 click(2301), [](dialog_view&) { ADD_FAILURE() << "accepted"; }});
     EXPECT_EQ(sendfax::run_send_dialog(), 0);
@@ -97,17 +107,35 @@ TEST_F(SendDialog, OkChecksTheInputInOrderAndReplacesTheRecord) {
 
 TEST_F(SendDialog, ReceiversAreTypedPickedAndOfGroups) {
     // Entries of "common" for faxes: baecker, buchhalt, druckerei, empfang, ...
-    EXPECT_EQ(
-        send_fax({type(2327, "111"), click(2333), click(2324), double_click(2331, 2), click(2326),
-                  double_click(2304, 1),
-                  [](dialog_view& shown) {
-                      EXPECT_EQ(text_in(shown, 2348), "111 common:druckerei kunden ");
-                      EXPECT_EQ(text_in(shown, 2327), "");
-                  },
-                  click(2347), [](dialog_view& shown) { EXPECT_EQ(text_in(shown, 2348), ""); },
-                  type(2327, "222"), click(2333), double_click(2304, 1), type(2327, "333"),
-                  click(2350), click(2350), click(2301)}),
-        0);
+    EXPECT_EQ(send_fax({type(2327, "111"),
+                        note_shows(false),
+                        click(2333),
+                        click(2324),
+                        double_click(2331, 2),
+                        click(2326),
+                        double_click(2304, 1),
+                        note_shows(false),
+                        [](dialog_view& shown) {
+                            EXPECT_EQ(text_in(shown, 2348), "111 common:druckerei kunden ");
+                            EXPECT_EQ(text_in(shown, 2327), "");
+                        },
+                        type(2327, "kunden"),
+                        note_shows(true),
+                        type(2327, "common:druckerei"),
+                        note_shows(false),
+                        type(2327, "222"),
+                        note_shows(true),
+                        click(2347),
+                        [](dialog_view& shown) { EXPECT_EQ(text_in(shown, 2348), ""); },
+                        note_shows(false),
+                        click(2333),
+                        double_click(2304, 1),
+                        type(2327, "333"),
+                        note_shows(true),
+                        click(2350),
+                        click(2350),
+                        click(2301)}),
+              0);
     EXPECT_THAT(receivers(), ElementsAre("private:kunde2", "private:kunde1", "common:spedition",
                                          "common:druckerei", "222"))
         << "the last one first, and what was typed behind the picks doesn't count";
@@ -205,8 +233,7 @@ TEST_F(SendDialog, ADocumentIsLaidOnADesk) {
     EXPECT_EQ(userid[0], '\0');
 }
 
-// Rows of "many" as they come block by block: a server that repeats the key, and one on which the
-// last entry has gone when the next block is asked for.
+// A foreign message loop may let the driver call while the dialog runs.
 TEST_F(SendDialog, NothingEndsAJobWhileItsDialogRuns) {
     const auto call_all = [](dialog_view&) {
         EXPECT_EQ(DeleteFaxDoc(), 8);

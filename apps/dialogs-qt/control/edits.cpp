@@ -45,12 +45,14 @@ void edit_control::edited(const QString& text) {
 }
 
 void edit_control::refresh_content() {
-    auto* edit = static_cast<QLineEdit*>(widget());
+    auto* edit = static_cast<typed_edit*>(widget());
     const QString text = shown(control_.text);
     edit->setMaxLength(control_.limit != 0 ? static_cast<int>(control_.limit) : widest_edit);
     edit->setReadOnly(control_.read_only);
     if (edit->text() != text)
         edit->setText(text);
+    edit->set_marked(!control_.mark.empty());
+    edit->setAccessibleDescription(plain(shown(control_.mark)));
     if (!grows_wide())
         edit->setFixedWidth(width_for(*edit, control_.limit));
 }

@@ -1,8 +1,11 @@
 #include "control/list.h"
 
 #include <QHeaderView>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+
+#include "window/words.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -14,6 +17,8 @@ list_control::list_control(window_port& window, platform::control& control, QWid
     table().set_room(form.list_characters, form.list_rows);
     list().view = this;
     listen();
+    if (!form.list_menu.empty())
+        offer_menu();
 }
 
 list_control::~list_control() = default;
@@ -41,6 +46,30 @@ void list_control::listen() {
     QObject::connect(table().verticalScrollBar(), &QScrollBar::valueChanged, &table(), scrolled);
     QObject::connect(table().selectionModel(), &QItemSelectionModel::selectionChanged, &table(),
                      [this] { selected_by_user(); });
+}
+
+// On its header and its rows, and by the menu key.
+void list_control::offer_menu() {
+    for (QAbstractScrollArea* part :
+         {static_cast<QAbstractScrollArea*>(&table()),
+          static_cast<QAbstractScrollArea*>(table().horizontalHeader())}) {
+        part->setContextMenuPolicy(Qt::CustomContextMenu);
+        QObject::connect(
+            part, &QWidget::customContextMenuRequested, &table(),
+            [this, part](const QPoint& at) { open_menu(part->viewport()->mapToGlobal(at)); });
+    }
+}
+
+void list_control::open_menu(const QPoint& place) {
+    auto* menu = new QMenu(&table());
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const auto& [command, text] : window_.dialog().form()->list_menu) {
+        const auto* line = menu->addAction(shown(window_.dialog().string_text(text)));
+        QObject::connect(line, &QAction::triggered, &table(), [this, command = command] {
+            window_.tell_later([command](auto& dialog) { dialog.on_command(command); });
+        });
+    }
+    menu->popup(place);
 }
 
 void list_control::selected_by_user() {

@@ -34,6 +34,8 @@ class list_control final : public control_widget, private platform::tree_list_vi
     platform::tree_list& list() { return *control_.list; }
     list_table& table() { return *static_cast<list_table*>(widget()); }
     void listen();
+    void offer_menu();
+    void open_menu(const QPoint& place);
     void selected_by_user();
 
     list_model* model_;

@@ -110,20 +110,9 @@ void list_table::keyPressEvent(QKeyEvent* event) {
     }
     const bool down = event->key() == Qt::Key_PageDown || event->key() == Qt::Key_Down;
     const auto before = currentIndex();
-    if (!select_first_place(event->key()))
-        QTableView::keyPressEvent(event);
+    QTableView::keyPressEvent(event);
     if (down && currentIndex().row() == before.row())
         pushed_beyond_end();
-}
-
-// A list that has got the focus stands on a row without having it selected. The first step that
-// would lead away from there selects it instead.
-bool list_table::select_first_place(int key) {
-    const bool step = key == Qt::Key_Home || key == Qt::Key_Down || key == Qt::Key_Up;
-    if (!step || selected_row() >= 0 || !currentIndex().isValid())
-        return false;
-    selectRow(currentIndex().row());
-    return true;
 }
 
 void list_table::wheelEvent(QWheelEvent* event) {

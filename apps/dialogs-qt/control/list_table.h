@@ -38,7 +38,6 @@ class list_table final : public QTableView {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
-    bool select_first_place(int key);
     int height_of(int rows) const;
 
     int text_width_ = 0;

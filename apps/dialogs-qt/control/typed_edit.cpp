@@ -1,15 +1,21 @@
 #include "control/typed_edit.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QPainter>
 
 #include "window/words.h"
 
 namespace zerdix::dialogs_qt {
 
 namespace {
+
+// Stands out from light and from dark ground.
+constexpr QRgb mark_colour = 0xffd97706;
+constexpr int mark_width = 2;
 
 bool is_enter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -41,6 +47,22 @@ bool typed_edit::may_type(const QString& text) const {
 std::int32_t typed_edit::entry_button() const {
     const auto& form = *window_.dialog().form();
     return form.entry_edit == id_ && !text().isEmpty() ? form.entry_button : 0;
+}
+
+void typed_edit::set_marked(bool marked) {
+    if (std::exchange(marked_, marked) != marked)
+        update();
+}
+
+void typed_edit::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    if (!marked_)
+        return;
+    QPainter painter(this);
+    painter.setPen(
+        QPen(QColor(mark_colour), mark_width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    constexpr int inside = mark_width / 2;
+    painter.drawRect(rect().adjusted(inside, inside, -inside, -inside));
 }
 
 void typed_edit::keyPressEvent(QKeyEvent* event) {

@@ -7,12 +7,16 @@
 
 namespace zerdix::dialogs_qt {
 
-// Swallows typed characters that the dialog doesn't take. What is pasted goes in as it stands.
+// Swallows typed characters that the dialog doesn't take. What is pasted goes in as it stands. One
+// that needs the user's attention has a coloured edge.
 class typed_edit final : public QLineEdit {
   public:
     typed_edit(window_port& window, std::int32_t id, QWidget* parent);
 
+    void set_marked(bool marked);
+
   protected:
+    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
 
@@ -23,6 +27,7 @@ class typed_edit final : public QLineEdit {
 
     window_port& window_;
     std::int32_t id_;
+    bool marked_ = false;
 };
 
 } // namespace zerdix::dialogs_qt

@@ -56,6 +56,7 @@ int main(int argc, char** argv) {
     QCommandLineParser line;
     line.addOptions({{"language", "Language file.", "file", ""},
                      {"side", "book or groups, of the send dialog.", "side", ""},
+                     {"typed", "A number stands typed beside the picks, of the send dialog."},
                      {"dark", "Light words on dark ground."}});
     line.addPositionalArgument("dialog", "Number of the template.");
     line.addPositionalArgument("picture", "PNG to write.");
@@ -67,6 +68,7 @@ int main(int argc, char** argv) {
     if (line.isSet("dark"))
         use_dark_colours();
     platform::replace_presenter(zerdix_presenter(platform::presenter_interface));
-    gallery::sample_dialog dialog(arguments[0].toInt(), side_of(line.value("side")));
+    gallery::sample_dialog dialog(arguments[0].toInt(), side_of(line.value("side")),
+                                  line.isSet("typed"));
     return take(dialog, arguments[1]);
 }

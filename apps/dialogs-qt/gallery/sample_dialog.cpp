@@ -37,8 +37,8 @@ bool use_language(const char* file) {
     return library >= platform::first_good_handle;
 }
 
-sample_dialog::sample_dialog(std::int32_t template_id, side chosen)
-    : dialog(template_id), side_(chosen) {}
+sample_dialog::sample_dialog(std::int32_t template_id, side chosen, bool typed)
+    : dialog(template_id), side_(chosen), typed_(typed) {}
 
 bool sample_dialog::OnInitDialog() {
     switch (template_id()) {
@@ -114,6 +114,11 @@ void sample_dialog::fill_send_dialog() {
     titles(2331, {1406, 1407, 1408, 1409, 1410, 1411});
     titles(2304, {1432, 1433, 1434, 1435});
     set_focus(2327);
+    if (typed_) {
+        set_text(2327, "030 123465");
+        mark(2327, caption_of(2385));
+        show(2385);
+    }
     if (side_ == side::none)
         return;
     set_text(2348, "030 123456 common:kanzlei kunden ");

@@ -15,7 +15,8 @@ enum class side { none, book, groups };
 
 class sample_dialog final : public platform::dialog {
   public:
-    sample_dialog(std::int32_t template_id, side chosen);
+    // `typed`: a number stands in the send dialog beside the picks and isn't one of them.
+    sample_dialog(std::int32_t template_id, side chosen, bool typed);
 
   private:
     bool OnInitDialog() override;
@@ -32,6 +33,7 @@ class sample_dialog final : public platform::dialog {
     void row(std::int32_t list_id, std::initializer_list<std::string_view> cells);
 
     side side_;
+    bool typed_;
 };
 
 // Makes templates and words known, of the language whose file that is (empty for the built-in one).

@@ -74,7 +74,7 @@ bool qt_presenter::choose_font(platform::window_handle owner, platform::font_des
                                bool scalable_only) {
     if (!on_own_thread())
         return false;
-    dialog_window* front = own(owner) != nullptr ? own(owner) : in_front();
+    const QPointer<dialog_window> front = own(owner) != nullptr ? own(owner) : in_front();
     open_box<QFontDialog> box(front, any(owner));
     const QString title = text_of(front, text_choose_font);
     if (!title.isEmpty())
@@ -85,7 +85,9 @@ bool qt_presenter::choose_font(platform::window_handle owner, platform::font_des
     // The box knows sizes in points only.
     present.setPointSizeF(present.pixelSize() * 72.0 / box->logicalDpiY());
     box->setCurrentFont(present);
-    if (!box.is_accepted())
+    const bool accepted = box.is_accepted();
+    give_back_focus(front);
+    if (!accepted)
         return false;
     font = describe(box->selectedFont());
     return true;

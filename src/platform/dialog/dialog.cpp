@@ -13,7 +13,7 @@ bool needs_registration(const dialog_template& form) {
                        [](const auto& one) { return one.kind == control_kind::tree_list; });
 }
 
-std::string caption_of(const dialog_template& form, std::int32_t control) {
+std::string caption_in(const dialog_template& form, std::int32_t control) {
     std::string own = resources->caption(form.id, control);
     return own.empty() ? resources->caption(form.captions_of, control) : own;
 }
@@ -32,12 +32,12 @@ dialog::~dialog() {
 }
 
 void dialog::make_controls() {
-    caption_ = caption_of(*form_, 0);
+    caption_ = caption_in(*form_, 0);
     controls_.clear();
     for (const auto& one : form_->controls) {
         control& made = controls_.emplace_back();
         made.form = &one;
-        made.caption = caption_of(*form_, one.id);
+        made.caption = caption_in(*form_, one.id);
         made.enabled = one.style.enabled;
         made.visible = one.style.visible;
         if (one.kind != control_kind::tree_list)
@@ -221,6 +221,11 @@ void dialog::set_text(std::int32_t id, std::string_view text) {
     change(id, [text](control& one) { one.text = text; });
 }
 
+std::string dialog::caption_of(std::int32_t id) {
+    const control* one = find(id);
+    return one != nullptr ? one->caption : std::string();
+}
+
 void dialog::set_caption(std::int32_t id, std::string_view caption) {
     change(id, [caption](control& one) { one.caption = caption; });
 }
@@ -235,6 +240,10 @@ void dialog::set_read_only(std::int32_t id, bool read_only) {
 
 void dialog::set_filter(std::int32_t id, bool (*accepts)(unsigned char)) {
     change(id, [accepts](control& one) { one.accepts = accepts; });
+}
+
+void dialog::mark(std::int32_t id, std::string_view why) {
+    change(id, [why](control& one) { one.mark = why; });
 }
 
 bool dialog::is_checked(std::int32_t id) {

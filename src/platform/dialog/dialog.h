@@ -74,10 +74,13 @@ class dialog : public dialog_view {
     // At most `limit` characters of it.
     std::string text(std::int32_t id, std::size_t limit);
     void set_text(std::int32_t id, std::string_view text);
+    std::string caption_of(std::int32_t id);
     void set_caption(std::int32_t id, std::string_view caption);
     void set_limit(std::int32_t id, std::size_t characters);
     void set_read_only(std::int32_t id, bool read_only = true);
     void set_filter(std::int32_t id, bool (*accepts)(unsigned char));
+    // Marks an edit, and tells those who don't see it why; an empty text takes the mark away.
+    void mark(std::int32_t id, std::string_view why);
     bool is_checked(std::int32_t id);
     void check(std::int32_t id, bool checked = true);
     void enable(std::int32_t id, bool enabled = true);

@@ -48,6 +48,13 @@ struct control_template {
     control_style style = {};
 };
 
+// A line of a menu, and the command that it sends to the dialog. Its words have that number in the
+// string table.
+struct menu_command {
+    std::int32_t command;
+    std::int32_t text;
+};
+
 struct dialog_template {
     std::int32_t id;
     // The template whose captions hold for controls that have none under `id`.
@@ -64,6 +71,8 @@ struct dialog_template {
     int text_percent = 100;
     // Least width of a list, in characters of average width.
     int list_characters = 56;
+    // The menu that opens on a list, with the mouse or the menu key.
+    std::span<const menu_command> list_menu = {};
 };
 
 } // namespace zerdix::platform

@@ -34,6 +34,8 @@ struct control {
     bool enabled = true;
     bool visible = true;
     bool read_only = false;
+    // Why an edit needs the user's attention, which shows at its edge; empty while it doesn't.
+    std::string mark;
     std::size_t limit = 0;          // most characters of an edit, 0 for no limit
     std::vector<std::string> items; // combo box
     std::int32_t selected_item = -1;

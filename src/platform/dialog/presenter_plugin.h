@@ -13,7 +13,7 @@
 namespace zerdix::platform {
 
 // Grows with each change to presenter.h, dialog_view.h, dialog_template.h or tree_list.h.
-constexpr std::int32_t presenter_interface = 2;
+constexpr std::int32_t presenter_interface = 3;
 
 // What the library exports under the name "zerdix_presenter": its presenter, which lives as long as
 // the process, or null when there is no display, when the thread isn't the one that may show

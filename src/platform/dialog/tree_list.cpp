@@ -103,10 +103,14 @@ std::intptr_t place_of(tree_list& list, std::uintptr_t row, std::intptr_t rectan
 }
 
 // The user may have drawn a column wider since it was set.
-std::intptr_t hand_out_columns(tree_list& list, std::intptr_t records) {
+void note_widths(tree_list& list) {
     if (list.view != nullptr)
         for (std::size_t i = 0; i < list.columns.size(); ++i)
             list.columns[i].width = list.view->column_width(static_cast<std::int32_t>(i));
+}
+
+std::intptr_t hand_out_columns(tree_list& list, std::intptr_t records) {
+    note_widths(list);
     if (records != 0)
         *pointer<column_record*>(records) = list.columns.data();
     return static_cast<std::intptr_t>(list.columns.size());
@@ -142,6 +146,7 @@ std::intptr_t length(tree_list& list, std::uintptr_t row) {
 
 void use_font(tree_list& list, const font_description*& place, std::uintptr_t font) {
     place = reinterpret_cast<const font_description*>(font);
+    note_widths(list);
     tell_columns(list);
 }
 
