@@ -1,10 +1,9 @@
 // The settings files on the workstation: text of sections and "key=value" lines.
 //
-// A key is looked for in these files, and the first one that has it counts, with an empty value
-// too:
-//   the user's, $XDG_CONFIG_HOME/zerdix/zerdix.ini, with ~/.config as the default of
-//   XDG_CONFIG_HOME the machine's, /etc/zerdix/zerdix.ini the one that was installed or built with
-//   this library, etc/zerdix/zerdix.ini
+// A key is looked for in these files. The first one that has it counts, with an empty value too:
+//   $XDG_CONFIG_HOME/zerdix/zerdix.ini, or in ~/.config without that variable: the user's
+//   /etc/zerdix/zerdix.ini: the machine's
+//   etc/zerdix/zerdix.ini of the installation or build folder that this library lies in
 // Where the environment variable ZERDIX_INI names a file, that file stands in place of all of them.
 //
 // Files are read anew at each call. One that isn't there is the same as an empty one. Values are
