@@ -153,7 +153,7 @@ bool transport::send(std::uint32_t procedure, record argument) {
 
 // The header of this call's reply, with the stream at its result.
 bool transport::await_reply(rpc_msg& reply) {
-    none no_result; // what follows the header is taken later
+    static none no_result; // what follows the header is taken later; the reply keeps its address
     stream_.x_op = XDR_DECODE;
     do {
         reply = {};
