@@ -167,6 +167,11 @@ TEST_F(Signatures, CopiesStayWithinWhatTheFirstAnswerSaid) {
         said_less = less;
         EXPECT_EQ(session.getSignature()->size, size);
     }
+    stored = std::string(40000, 'x');
+    said_less = 40000 - 16384;
+    server.calls();
+    EXPECT_EQ(session.getSignature()->size, 16384u);
+    EXPECT_EQ(server.calls().size(), 4u) << "one that has grown is read to its end, and no longer";
     said_less = 0;
     stored = std::string(1700000, 'y');
     server.calls();
