@@ -1,12 +1,10 @@
 // Operations on whole documents: each fills the argument of one procedure, in wire order.
 
-#include <cstdlib>
-#include <string>
-
 #include <zerdix/journal.h>
 
 #include "journal/print_user.h"
 #include "rpc/call.h"
+#include "rpc/config_number.h"
 #include "rpc/fields.h"
 
 using namespace zerdix;
@@ -133,7 +131,7 @@ std::int32_t JOURNAL::getCoverId() {
     str80* value = rpc::call<proc::a_get_config_1>(caller, handle, {field<10>("COVER"), 1});
     if (value == nullptr)
         return -1;
-    lCoverId = static_cast<std::int32_t>(std::atol(std::string{value->view()}.c_str()));
+    lCoverId = rpc::config_number(*value);
     wire::release(*value);
     return lCoverId;
 }
