@@ -139,7 +139,7 @@ class ZX_API JOURNAL {
     // made or a page was refused; what was copied until then stays on the server.
     std::int32_t combineDocs(const fax_info* list, std::uint16_t count);
 
-    // Adds a line to a document's log.
+    // Adds a line to a document's log; a null one counts as empty.
     std::int32_t putLog(topftype pool, std::int32_t faxid, const char* line);
 
     // The log from `position` on, as one text with CR LF behind each line; empty when there is
