@@ -119,10 +119,12 @@ class ZX_API JOURNAL {
     std::int32_t setReadFlag(topftype pool, std::int32_t faxid);
 
     // Makes an outgoing document of a desk document, with the settings of `record`. The desk
-    // document stays.
+    // document stays. A priority below 0 is refused with 4 and doesn't go out.
     std::int32_t sendDoc(std::int32_t faxid, const a_s_rec* record);
 
-    // Changes the settings of a send job, stops it, starts it anew.
+    // Changes the settings of a send job, stops it, starts it anew. The priority is that of
+    // a_s_rec, 0 (the lowest) to 32767, and not a user's 0 to 100; one below 0 is refused with 4
+    // and doesn't go out.
     std::int32_t chgSRec(std::int32_t faxid, std::int16_t priority, const char* comment,
                          std::int32_t sendtime, int nighttariff, std::int16_t maxretries,
                          std::int32_t resolution);

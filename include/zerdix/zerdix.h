@@ -118,8 +118,9 @@ class ZX_API ZERDIX {
     // always after setUserId.
     //
     // `trays` holds 10 values: per paper source the id of the pool document that is its background
-    // paper, 0 for none. The priority is 0 to 100. `hwfeatures` and `actions` are sums of the
-    // values below.
+    // paper, 0 for none. The priority is 0 (the lowest) to 100; others are refused with 4, before
+    // anything is fetched or written. That of a send job has another unit, 0 to 32767 (a_s_rec).
+    // `hwfeatures` and `actions` are sums of the values below.
     std::int32_t setDefPrinter(const char* printer);
     std::int32_t setDefScanner(const char* scanner, std::int32_t hwfeatures);
     std::int32_t setPaperTrays(const std::int32_t* trays);

@@ -178,6 +178,16 @@ TEST_F(Journal, TextsAreCutToTheirFields) {
     EXPECT_EQ(journal.putComment2Doc(TOPF_P, 4711, "x"), 4);
 }
 
+TEST_F(Journal, ANegativePriorityDoesntGoOut) {
+    a_s_rec record{};
+    record.priority = -1;
+    EXPECT_EQ(journal.sendDoc(document, &record), 4);
+    EXPECT_EQ(journal.chgSRec(document, -1, "", 0, 0, 0, 0), 4);
+    EXPECT_EQ(server.calls(), calls{});
+    session.CleanupHostConnection();
+    EXPECT_EQ(journal.sendDoc(document, &record), 12);
+}
+
 TEST_F(Journal, PrintDocumentsBelongToThePrintUser) {
     const std::int32_t print = journal.makePrintDoc();
     ASSERT_GT(print, 0);

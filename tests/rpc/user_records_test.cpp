@@ -66,6 +66,15 @@ TEST_F(UserRecords, ASetterFetchesOnceAndWritesTheWholeRecord) {
     EXPECT_EQ(preferences.auxtext2, before.auxtext2);
 }
 
+TEST_F(UserRecords, APriorityOutOfRangeIsRefusedHere) {
+    for (const auto priority : std::initializer_list<std::int16_t>{-1, 101, 32767})
+        EXPECT_EQ(session.setPriority(priority), 4);
+    EXPECT_TRUE(server.calls().empty());
+    EXPECT_EQ(session.setPriority(0) + session.setPriority(100), 0);
+    rpc::session().pclient = nullptr;
+    EXPECT_EQ(session.setPriority(101), 12);
+}
+
 TEST_F(UserRecords, TheKeptRecordHasWhatTheServerRefused) {
     ASSERT_EQ(session.setPriority(10), 0);
     allowed = false;
