@@ -119,10 +119,12 @@ class ZX_API JOURNAL {
     std::int32_t setReadFlag(topftype pool, std::int32_t faxid);
 
     // Makes an outgoing document of a desk document, with the settings of `record`. The desk
-    // document stays.
+    // document stays. A priority below 0 is refused with 4 and doesn't go out.
     std::int32_t sendDoc(std::int32_t faxid, const a_s_rec* record);
 
-    // Changes the settings of a send job, stops it, starts it anew.
+    // Changes the settings of a send job, stops it, starts it anew. The priority is that of
+    // a_s_rec, 0 (the lowest) to 32767, and not a user's 0 to 100; one below 0 is refused with 4
+    // and doesn't go out.
     std::int32_t chgSRec(std::int32_t faxid, std::int16_t priority, const char* comment,
                          std::int32_t sendtime, int nighttariff, std::int16_t maxretries,
                          std::int32_t resolution);
@@ -139,7 +141,7 @@ class ZX_API JOURNAL {
     // made or a page was refused; what was copied until then stays on the server.
     std::int32_t combineDocs(const fax_info* list, std::uint16_t count);
 
-    // Adds a line to a document's log.
+    // Adds a line to a document's log; a null one counts as empty.
     std::int32_t putLog(topftype pool, std::int32_t faxid, const char* line);
 
     // The log from `position` on, as one text with CR LF behind each line; empty when there is

@@ -50,7 +50,7 @@ struct fax_info {
 struct a_s_rec {
     std::int32_t faxid;    // document id
     zerdix::str10 userid;  // owner
-    std::int16_t priority; // 0 to 32767
+    std::int16_t priority; // 0 (the lowest) to 32767; a user's 0 to 100 times 327.67
     std::int32_t status;   // from the server
     std::int16_t pages;    // number of pages
     zerdix::str30 comment; // title
@@ -152,7 +152,7 @@ struct a_user_rec {
     zerdix::str10 defscanner;
     std::int16_t hwfeatures;                 // HWF bits
     std::array<std::int32_t, 10> papertrays; // per paper source a pool document, 0: none
-    std::int16_t priority;                   // 0 to 100
+    std::int16_t priority;                   // of the user's send jobs, 0 (the lowest) to 100
     std::int32_t actions;                    // AT bits
     std::int32_t aux1;
     std::int32_t aux2;

@@ -1,14 +1,16 @@
 // TELEBOOK: the phone books and recipient groups of the Alpha server, as the session's user may see
 // them.
 //
-// A phone book has an id of up to ten characters, and its entries have ids of their own, unique in
-// the book. A recipient group is a named list of references to entries, which may come from several
-// books.
+// A phone book has an id, and its entries have ids of their own, unique in the book. A recipient
+// group is a named list of references to entries, which may come from several books.
 //
 // Results of the long operations: 0 success, 4 the server refused, 8 the remote call failed, 12
 // there is no client handle. Operations that give a pointer give null in the last two cases. A list
 // or record is the library's: it is good until the same operation runs again, on whichever object,
-// or until the object goes, and the caller frees nothing. Ids that are too long are cut.
+// or until the object goes, and the caller frees nothing.
+//
+// An id that is handed in is cut at the 11 bytes of its field. An id in a record may fill its field
+// and then has no NUL; it may be handed in as it stands, since no more than 11 bytes are read.
 //
 // An object may be made before the connection stands, and outlives it. Calls must not overlap. No
 // trace lines.
@@ -46,7 +48,8 @@ class ZX_API TELEBOOK {
 
     // A block of at most `blocksize` entries of a book, in the order of their ids: a list of
     // o_tebul. It begins at the id `start`, "" for the beginning; whether the entry of that very id
-    // is among them is the server's business. A net type other than fax and telex asks for both.
+    // is among them is the server's business. An id of ten characters and the byte 0xFF behind it
+    // begin directly behind that id. A net type other than fax and telex asks for both.
     PTRLIST* getTBookEntries(const char* tbookid, nettypetype nettype, const char* start,
                              std::int32_t blocksize);
 

@@ -16,8 +16,8 @@
 // nothing. Each is good until the same operation runs again, on whichever object, or until the
 // object goes, whichever comes first; where more is promised it is said.
 //
-// A null text counts as an empty one. Texts are cut to the width of their field: ids of users,
-// groups, printers and scanners 10 characters, passwords 20, servers 35.
+// A null text counts as an empty one. The session's user is cut at 10 characters, its server at 35,
+// a password at 20. All other ids are cut at the bytes of their field: 11, and 36 for a server.
 //
 // One thread at a time: calls must not overlap, not on different objects either. A call that
 // reaches the server blocks for up to 25 seconds.
@@ -50,9 +50,15 @@ class ZX_API ZERDIX {
     // Connects to the server and logs the user on. 0; 4 the user is already logged on, 6 the user
     // is unknown, 8 no connection or a failed call, 9 wrong password, 10 client and server don't
     // fit together or the server gave a reason of its own, 11 the server can't reach the Omega
-    // server. The password crosses the wire in plain text. User and server are set even when the
-    // login is refused, and the connection then stays open for another try. After a success
-    // clsGetAlphaServer() is the name that the server gives itself.
+    // server. The password crosses the wire in plain text.
+    //
+    // Before the server is asked to log the user on, user and server become the new ones and the
+    // records that are kept of the user before are forgotten. A login that is refused leaves it so;
+    // the connection stays open for another try, and the login id stays that of a login before,
+    // which the server hasn't ended.
+    //
+    // After a success clsGetAlphaServer() is the name that the server gives itself, which needn't be
+    // a name that the network knows: a caller keeps the one that was typed, to connect again with.
     std::int32_t login(const char* userid, const char* password, const char* alphaServer);
 
     // Logs off and closes the connection. When the call fails (8) both stay as they are.
@@ -72,7 +78,7 @@ class ZX_API ZERDIX {
     static const char* clsGetUserId();
     static const char* clsGetAlphaServer();
 
-    // Cut to 10 and 35 characters.
+    // Cut to 10 and 35 characters. The records kept of the user before stay until they are fetched.
     void setUserId(const char* userid);
     void setAlphaserver(const char* alphaServer);
 
@@ -107,11 +113,14 @@ class ZX_API ZERDIX {
     static a_user_rec* clsGetAUserRecord();
 
     // Change one of the user's defaults and write the whole record back, so that what this client
-    // doesn't know survives. 8 also when the record can't be fetched first.
+    // doesn't know survives. 8 also when the record can't be fetched first. What is written is the
+    // kept record: fetch it with getAUserRecord() first, so that nobody else's change is undone, and
+    // always after setUserId.
     //
-    // Ids here may have 11 characters. `trays` holds 10 values: per paper source the id of the pool
-    // document that is its background paper, 0 for none. The priority is 0 to 100. `hwfeatures`
-    // and `actions` are sums of the values below.
+    // `trays` holds 10 values: per paper source the id of the pool document that is its background
+    // paper, 0 for none. The priority is 0 (the lowest) to 100; others are refused with 4, before
+    // anything is fetched or written. That of a send job has another unit, 0 to 32767 (a_s_rec).
+    // `hwfeatures` and `actions` are sums of the values below.
     std::int32_t setDefPrinter(const char* printer);
     std::int32_t setDefScanner(const char* scanner, std::int32_t hwfeatures);
     std::int32_t setPaperTrays(const std::int32_t* trays);
@@ -124,7 +133,8 @@ class ZX_API ZERDIX {
 
     // Names who stands in for the user, and whether that is in force. 6 when the server says that
     // it would close a cycle of replacements; then nothing is changed. 8 also when the user's
-    // record can't be fetched first. The ids may have 11 and 36 characters.
+    // record can't be fetched first. What is written back is the record that this object has
+    // fetched last: call getOUserRecord() first, as with the setters above.
     std::int32_t setReplacement(const char* userid, const char* alphaid, int active);
 
     // 0; 6 the user is unknown, 9 the old password is wrong, 8 and 12 as usual; any other value is
@@ -135,9 +145,8 @@ class ZX_API ZERDIX {
     // getUserList gathers them block by block as copies, which are good until the next getUserList
     // or _getUserList on this object. _getUserList asks for all in one call; getUserList ends its
     // list too. getUserListB brings the block of at most `number` users that begins at the given
-    // one, "" and "" for the first; the ids may have 11 and 36 characters. getUserList ends that
-    // list as well. An empty directory is an empty list. The copies of a getUserList that failed
-    // half-way go with the next load.
+    // one, "" and "" for the first. getUserList ends that list as well. An empty directory is an
+    // empty list. The copies of a getUserList that failed half-way go with the next load.
     PTRLIST* getUserList();
     PTRLIST* _getUserList();
     PTRLIST* getUserListB(const char* userid, const char* alphaid, std::int32_t number);

@@ -75,6 +75,7 @@ bool take_lines(log_text& text, const a_log_line* line) {
 } // namespace
 
 std::int32_t JOURNAL::putLog(topftype pool, std::int32_t faxid, const char* line) {
+    line = rpc::or_empty(line);
     // The filter only reads what it encodes.
     auto* text = reinterpret_cast<unsigned char*>(const_cast<char*>(line));
     const auto length = static_cast<std::uint32_t>(std::strlen(line) + 1);

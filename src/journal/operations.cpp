@@ -1,13 +1,11 @@
 // Operations on whole documents: each fills the argument of one procedure, in wire order.
 
-#include <cstdlib>
-#include <string>
-
 #include <zerdix/journal.h>
 
 #include "journal/print_user.h"
 #include "journal/sent_document.h"
 #include "rpc/call.h"
+#include "rpc/config_number.h"
 #include "rpc/fields.h"
 
 using namespace zerdix;
@@ -17,6 +15,15 @@ using rpc::field;
 using rpc::truth;
 using rpc::user_id;
 namespace proc = rpc::proc;
+
+namespace {
+
+// Whether a send job is refused for its priority. Without a handle there is nothing to refuse.
+bool cannot_be_priority(const by_object& caller, std::int16_t priority) {
+    return priority < 0 && caller.handle() != nullptr;
+}
+
+} // namespace
 
 std::int32_t JOURNAL::createDoc(const char* user) {
     const by_object caller{pClient};
@@ -100,6 +107,8 @@ std::int32_t JOURNAL::setReadFlag(topftype pool, std::int32_t faxid) {
 
 // The answer is a long; anything but 0 is a success.
 std::int32_t JOURNAL::sendDoc(std::int32_t faxid, const a_s_rec* record) {
+    if (cannot_be_priority(by_object{pClient}, record->priority))
+        return rpc::refused;
     return rpc::request<proc::a_send_doc_1>(by_object{pClient}, {user_id(), faxid, *record});
 }
 
@@ -110,6 +119,8 @@ std::int32_t journal::sent_document() {
 std::int32_t JOURNAL::chgSRec(std::int32_t faxid, std::int16_t priority, const char* comment,
                               std::int32_t sendtime, int nighttariff, std::int16_t maxretries,
                               std::int32_t resolution) {
+    if (cannot_be_priority(by_object{pClient}, priority))
+        return rpc::refused;
     return rpc::request<proc::a_chg_s_rec_1>(
         by_object{pClient}, {faxid, user_id(), priority, field<30>(comment), sendtime,
                              truth(nighttariff), maxretries, resolution});
@@ -138,7 +149,7 @@ std::int32_t JOURNAL::getCoverId() {
     str80* value = rpc::call<proc::a_get_config_1>(caller, handle, {field<10>("COVER"), 1});
     if (value == nullptr)
         return -1;
-    lCoverId = static_cast<std::int32_t>(std::atol(std::string{value->view()}.c_str()));
+    lCoverId = rpc::config_number(*value);
     wire::release(*value);
     return lCoverId;
 }

@@ -27,7 +27,8 @@ std::int32_t block_length() {
     return std::clamp(common::setting_max_page_block_len(), smallest_block, largest_block);
 }
 
-// Fills the page's room block by block; false when a call failed.
+// Fills the page's room block by block; false when a call failed. An answer without bytes is the
+// end once the room is full; before, the same block is asked for again.
 bool fetch_blocks(const by_object& caller, client* handle, a_get_pageb_i request, page_dat& page,
                   std::uint32_t room, std::uint32_t& gathered) {
     request.length = rpc::fetch_block;
@@ -35,12 +36,15 @@ bool fetch_blocks(const by_object& caller, client* handle, a_get_pageb_i request
         const auto* answer = rpc::call<proc::a_get_pageb_1>(caller, handle, request);
         if (answer == nullptr)
             return false;
-        if (answer->data.length == 0)
+        if (answer->data.length == 0) {
+            if (gathered == room)
+                break;
             continue;
+        }
         gathered += rpc::take_block(*answer, page, gathered, room);
         if (answer->size < rpc::fetch_block)
             break;
-        request.offset = static_cast<std::int32_t>(gathered);
+        request.offset = rpc::next_offset(request.offset, answer->size);
     }
     return true;
 }

@@ -1,12 +1,9 @@
 // The block sizes of lists, from the server's configuration.
 
-#include <algorithm>
-#include <cstdlib>
-#include <string>
-
 #include <zerdix/zerdix.h>
 
 #include "rpc/call.h"
+#include "rpc/config_number.h"
 #include "trace/traced.h"
 
 using namespace zerdix;
@@ -33,7 +30,7 @@ bool ask_server(const block_size& size, client* handle) {
     const str80* value = rpc::call<rpc::proc::a_get_config_1>(caller, handle, request);
     if (value == nullptr)
         return false;
-    size.cached = static_cast<std::int32_t>(std::atol(std::string{value->view()}.c_str()));
+    size.cached = rpc::config_number(*value);
     trace_lines.info("%s: %s block size %ld", size.operation, size.word, size.cached);
     return true;
 }

@@ -1,5 +1,6 @@
 // Pages and signatures cross in blocks, one remote call each. The end shows as a block that is
-// shorter than the others, if need be an empty one.
+// shorter than the others, if need be an empty one. What is fetched may have grown or shrunk since
+// the first answer told its size.
 #ifndef ZERDIX_RPC_BLOCK_TRANSFER_H
 #define ZERDIX_RPC_BLOCK_TRANSFER_H
 
@@ -32,6 +33,13 @@ std::uint32_t take_block(const Answer& answer, page_dat& into, std::uint32_t gat
     if (taken > 0)
         std::memcpy(into.data + gathered, answer.data.data, taken);
     return taken;
+}
+
+// Where the next block begins: behind all that the answer tells of, whether it found room or not.
+// An offset that a server drives beyond 2 GiB comes round; what is copied doesn't depend on it.
+inline std::int32_t next_offset(std::int32_t offset, std::int32_t told) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(offset) +
+                                     static_cast<std::uint32_t>(told));
 }
 
 // Sends data in blocks of a length: `send(offset, piece)` makes one call and gives its result, and

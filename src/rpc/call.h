@@ -110,6 +110,13 @@ void release(typename P::result*& member, const void* holder) {
     member = nullptr;
 }
 
+// Releases a result, whoever holds it.
+template <class P>
+void forget() {
+    wire::release(wire::result_slot<P>::record);
+    wire::result_slot<P>::holder = nullptr;
+}
+
 // An operation that keeps its answer in a member of `holder`: null without a handle, with the
 // member untouched, and null when the call failed, the member null too.
 template <class P, class Policy>

@@ -104,7 +104,7 @@ std::int32_t ZERDIX::clsSearchUserInGroup(const char* groupid) {
     client* handle = caller.handle();
     if (handle == nullptr)
         return rpc::no_client;
-    auto* members = rpc::call<proc::a_get_members_1>(caller, handle, rpc::field<10>(groupid));
+    auto* members = rpc::call<proc::a_get_members_1>(caller, handle, whole_field<10>(groupid));
     if (members == nullptr)
         return rpc::call_failed;
     const std::int32_t rc = has_user(*members) ? rpc::success : rpc::refused;

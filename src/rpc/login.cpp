@@ -90,6 +90,13 @@ std::int32_t refusal(std::int32_t status) {
     }
 }
 
+// From now on no record is kept, in no object: a setter would write that of the user before.
+void forget_user_records() {
+    rpc::forget<proc::a_get_user_1>();
+    session().pauserrec = nullptr;
+    rpc::forget<proc::o_get_user_1>();
+}
+
 std::int32_t log_on(const a_get_login_i& request) {
     const by_login caller{"ZERDIX::login() - a_get_login_1()"};
     auto* answer = rpc::call<proc::a_get_login_1>(caller, session().pclient, request);
@@ -115,6 +122,7 @@ std::int32_t ZERDIX::login(const char* userid, const char* password, const char*
         if (rc == rpc::success) {
             setUserId(userid);
             setAlphaserver(alphaServer);
+            forget_user_records();
             rc = log_on({session().str10UserId, rpc::field<20>(password)});
         }
         if (rc == rpc::call_failed)
@@ -124,8 +132,6 @@ std::int32_t ZERDIX::login(const char* userid, const char* password, const char*
         trace_lines.exit("--> ZERDIX::login()");
         return rc;
     }
-    // The defaults kept so far may be another user's.
-    rpc::release<proc::a_get_user_1>(session().pauserrec, &session());
     // From now on the server goes by the name that it gives itself, if it knows the user's record.
     const o_user_rec* user = getOUserRecord();
     if (user != nullptr && !user->alphaid.empty())

@@ -26,9 +26,10 @@ bool fetch_blocks(const by_session& caller, a_get_sigb_i request, a_get_sigb_o*&
         if (rpc::fetch<proc::a_get_sigb_1>(caller, request, answer, holder) == nullptr)
             return false;
         gathered += rpc::take_block(*answer, signature, gathered, room);
-        if (answer->size < rpc::fetch_block)
+        const bool ends = answer->data.length == 0 && gathered == room;
+        if (ends || answer->size < rpc::fetch_block)
             break;
-        request.offset = static_cast<std::int32_t>(gathered);
+        request.offset = rpc::next_offset(request.offset, answer->size);
     }
     signature.size = gathered;
     return true;

@@ -29,6 +29,8 @@ constexpr std::int32_t user_unknown = 6;
 constexpr std::int32_t wrong_password = 9;
 constexpr std::int32_t server_says_wrong_password = 8;
 
+constexpr std::int16_t highest_priority = 100;
+
 // The kept record for a setter to change, or null and the setter's result.
 template <class Record>
 struct kept {
@@ -153,6 +155,11 @@ std::int32_t ZERDIX::setPaperTrays(const std::int32_t* trays) {
 std::int32_t ZERDIX::setPriority(std::int16_t priority) {
     constexpr const char* name = "ZERDIX::setPriority()";
     trace_lines.entry("<-- ZERDIX::setPriority(): <%hd>", priority);
+    const bool in_range = priority >= 0 && priority <= highest_priority;
+    if (!in_range && session().pclient != nullptr) {
+        trace_lines.error("%s: a user's priority is 0 to 100, not %hd", name, priority);
+        return finish(name, rpc::refused);
+    }
     const auto [record, rc] = kept_a_user(*this, name);
     if (record == nullptr)
         return rc;

@@ -13,7 +13,8 @@ inline o_get_tbookl_i entry_request(const char* tbookid, nettypetype nettype, co
                                     std::int32_t blocksize) {
     const bool one_type = nettype == NETTYPE_FAX || nettype == NETTYPE_TELEX;
     const std::int32_t netmask = one_type ? 1 << nettype : 1 << NETTYPE_FAX | 1 << NETTYPE_TELEX;
-    return {rpc::alpha_id(), rpc::user_id(), rpc::field<10>(tbookid), netmask, start, blocksize};
+    return {rpc::alpha_id(), rpc::user_id(), rpc::whole_field<10>(tbookid),
+            netmask,         start,          blocksize};
 }
 
 } // namespace zerdix::telebook

@@ -10,7 +10,6 @@
 using namespace zerdix;
 using rpc::alpha_id;
 using rpc::by_object;
-using rpc::field;
 using rpc::user_id;
 using rpc::whole_field;
 namespace proc = rpc::proc;
@@ -20,7 +19,7 @@ namespace {
 using parameters = std::array<const char*, 10>;
 
 o_query_ext_i query_request(const char* tbookid, const parameters& given) {
-    o_query_ext_i request{alpha_id(), user_id(), field<10>(tbookid), {}};
+    o_query_ext_i request{alpha_id(), user_id(), whole_field<10>(tbookid), {}};
     for (std::size_t i = 0; i < given.size(); ++i)
         request.params[i] = whole_field<80>(given[i]);
     return request;

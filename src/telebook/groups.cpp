@@ -11,9 +11,9 @@
 using namespace zerdix;
 using rpc::alpha_id;
 using rpc::by_object;
-using rpc::field;
 using rpc::truth;
 using rpc::user_id;
+using rpc::whole_field;
 namespace proc = rpc::proc;
 
 namespace {
@@ -29,16 +29,12 @@ std::string key_of(const o_tgroupl& member) {
 
 } // namespace
 
-// Keys go from a record to the next block as fields: one that a server filled to the brim has no
-// NUL to end at.
+// A key may fill its field and then has no NUL: no more than the field is read of it.
 PTRLIST* TELEBOOK::getTGroups() {
     return rpc::gather<o_tgroup>(
         pTGroupList, fTGroupCopies,
         [this](const o_tgroup* last) {
-            str10 start{};
-            if (last != nullptr)
-                start.assign(last->groupid.view());
-            return getTGroupsB(start.bytes, rpc::block_to_gather());
+            return getTGroupsB(last != nullptr ? last->groupid.bytes : "", rpc::block_to_gather());
         },
         [](const o_tgroup& group) { return key_of(group); });
 }
@@ -52,13 +48,13 @@ PTRLIST* TELEBOOK::_getTGroups() {
 
 PTRLIST* TELEBOOK::getTGroupsB(const char* start, std::int32_t blocksize) {
     return rpc::fetch_list<proc::o_get_tgroupsb_1>(
-        by_object{pClient}, {alpha_id(), user_id(), field<10>(start), blocksize},
+        by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(start), blocksize},
         pTGroupBlockResult, pTGroupBlock, this);
 }
 
 o_tgroup* TELEBOOK::getTGroup(const char* groupid) {
     return rpc::fetch<proc::o_get_tgroup_1>(
-        by_object{pClient}, {alpha_id(), user_id(), field<10>(groupid)}, pTGroupResult, this);
+        by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(groupid)}, pTGroupResult, this);
 }
 
 std::int32_t TELEBOOK::putTGroup(const o_tgroup* group) {
@@ -67,20 +63,16 @@ std::int32_t TELEBOOK::putTGroup(const o_tgroup* group) {
 
 std::int32_t TELEBOOK::delTGroup(const char* groupid) {
     return rpc::request<proc::o_del_tgroup_1>(by_object{pClient},
-                                              {alpha_id(), user_id(), field<10>(groupid)});
+                                              {alpha_id(), user_id(), whole_field<10>(groupid)});
 }
 
 PTRLIST* TELEBOOK::getTGroupEntries(const char* groupid, int flag) {
-    const str10 group = field<10>(groupid);
+    const str10 group = whole_field<10>(groupid);
     return rpc::gather<o_tgroupl>(
         pTGroupEntryList, fTGroupEntryCopies,
         [&](const o_tgroupl* last) {
-            str10 book{}, entry{};
-            if (last != nullptr) {
-                book.assign(last->tbookid.view());
-                entry.assign(last->teleid.view());
-            }
-            return getTGroupEntriesB(group.bytes, flag, book.bytes, entry.bytes,
+            return getTGroupEntriesB(group.bytes, flag, last != nullptr ? last->tbookid.bytes : "",
+                                     last != nullptr ? last->teleid.bytes : "",
                                      rpc::block_to_gather());
         },
         [](const o_tgroupl& member) { return key_of(member); });
@@ -88,9 +80,9 @@ PTRLIST* TELEBOOK::getTGroupEntries(const char* groupid, int flag) {
 
 PTRLIST* TELEBOOK::_getTGroupEntries(const char* groupid, int flag) {
     PTRLIST* fresh = nullptr;
-    rpc::fetch_list<proc::o_get_tgroupl_1>(by_object{pClient},
-                                           {alpha_id(), user_id(), field<10>(groupid), truth(flag)},
-                                           pTGroupEntriesResult, fresh, this);
+    rpc::fetch_list<proc::o_get_tgroupl_1>(
+        by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(groupid), truth(flag)},
+        pTGroupEntriesResult, fresh, this);
     return rpc::replace_list<o_tgroupl>(pTGroupEntryList, fTGroupEntryCopies, fresh);
 }
 
@@ -98,8 +90,8 @@ PTRLIST* TELEBOOK::getTGroupEntriesB(const char* groupid, int flag, const char* 
                                      const char* starttele, std::int32_t blocksize) {
     return rpc::fetch_list<proc::o_get_tgrouplb_1>(
         by_object{pClient},
-        {alpha_id(), user_id(), field<10>(groupid), truth(flag), field<10>(starttbook),
-         field<10>(starttele), blocksize},
+        {alpha_id(), user_id(), whole_field<10>(groupid), truth(flag), whole_field<10>(starttbook),
+         whole_field<10>(starttele), blocksize},
         pTGroupEntryBlockResult, pTGroupEntryBlock, this);
 }
 
@@ -111,6 +103,6 @@ std::int32_t TELEBOOK::putTGroupEntry(const o_tgroupl* entry) {
 std::int32_t TELEBOOK::delTGroupEntry(const char* groupid, const char* tbookid,
                                       const char* teleid) {
     return rpc::request<proc::o_del_tgroupentry_1>(
-        by_object{pClient},
-        {alpha_id(), user_id(), field<10>(groupid), field<10>(tbookid), field<10>(teleid)});
+        by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(groupid),
+                             whole_field<10>(tbookid), whole_field<10>(teleid)});
 }

@@ -10,9 +10,9 @@
 using namespace zerdix;
 using rpc::alpha_id;
 using rpc::by_object;
-using rpc::field;
 using rpc::truth;
 using rpc::user_id;
+using rpc::whole_field;
 namespace proc = rpc::proc;
 
 TELEBOOK::TELEBOOK()
@@ -49,7 +49,7 @@ PTRLIST* TELEBOOK::getTBooks() {
 
 o_tebu* TELEBOOK::getTBook(const char* tbookid) {
     return rpc::fetch<proc::o_get_tbook_1>(
-        by_object{pClient}, {alpha_id(), user_id(), field<10>(tbookid)}, pTBookResult, this);
+        by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(tbookid)}, pTBookResult, this);
 }
 
 std::int32_t TELEBOOK::putTBook(const o_tebu* book) {
@@ -58,21 +58,22 @@ std::int32_t TELEBOOK::putTBook(const o_tebu* book) {
 
 std::int32_t TELEBOOK::delTBook(const char* tbookid) {
     return rpc::request<proc::o_del_tbook_1>(by_object{pClient},
-                                             {alpha_id(), user_id(), field<10>(tbookid)});
+                                             {alpha_id(), user_id(), whole_field<10>(tbookid)});
 }
 
 PTRLIST* TELEBOOK::getTBookEntries(const char* tbookid, nettypetype nettype, const char* start,
                                    std::int32_t blocksize) {
     return rpc::fetch_list<proc::o_get_tbookl_1>(
-        by_object{pClient}, telebook::entry_request(tbookid, nettype, field<10>(start), blocksize),
+        by_object{pClient},
+        telebook::entry_request(tbookid, nettype, whole_field<10>(start), blocksize),
         pEntriesResult, pEntryList, this);
 }
 
 o_tebul* TELEBOOK::getTBookEntry(const char* tbookid, const char* teleid, int flag) {
     return rpc::fetch<proc::o_get_tbookentry_1>(
         by_object{pClient},
-        {alpha_id(), user_id(), field<10>(tbookid), field<10>(teleid), truth(flag)}, pEntryResult,
-        this);
+        {alpha_id(), user_id(), whole_field<10>(tbookid), whole_field<10>(teleid), truth(flag)},
+        pEntryResult, this);
 }
 
 std::int32_t TELEBOOK::putTBookEntry(const o_tebul* entry) {
@@ -82,5 +83,6 @@ std::int32_t TELEBOOK::putTBookEntry(const o_tebul* entry) {
 
 std::int32_t TELEBOOK::delTBookEntry(const char* tbookid, const char* teleid) {
     return rpc::request<proc::o_del_tbookentry_1>(
-        by_object{pClient}, {alpha_id(), user_id(), field<10>(tbookid), field<10>(teleid)});
+        by_object{pClient},
+        {alpha_id(), user_id(), whole_field<10>(tbookid), whole_field<10>(teleid)});
 }

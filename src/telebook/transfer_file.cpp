@@ -63,7 +63,7 @@ std::size_t read_line(std::FILE* file, line_buffer& line) {
 
 o_tebul parse_line(const char* line, const char* tbookid) {
     o_tebul entry{};
-    entry.tbookid = rpc::field<10>(tbookid);
+    entry.tbookid = rpc::whole_field<10>(tbookid);
     char connection = '\0';
     char net = '\0';
     getTokens(separator, "%10s%30s%20s%c%c%30s", line, entry.teleid.bytes, entry.phone.bytes,

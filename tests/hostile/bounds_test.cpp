@@ -67,6 +67,32 @@ TEST(HostileBounds, ADripIsGivenUpAfter25Seconds) {
     EXPECT_TRUE(on_a_header == 25 || on_a_header == 26) << on_a_header;
 }
 
+// The operations that don't look at the reason of a failure.
+TEST(HostileBounds, AServerThatWasSilentCanBeAskedAgain) {
+    std::atomic<bool> silent{true};
+    connected_clients on([&silent](const incoming_call& call, peer& client) {
+        if (!silent)
+            client.send(record_of(reply_to(call, {0, 0, 0, 1})));
+    });
+    const auto give_calls = [](timeval time) {
+        clnt_control(ZERDIX::clsGetClient(), CLSET_TIMEOUT, reinterpret_cast<char*>(&time));
+    };
+    const std::function<bool()> failures[] = {
+        [&] { return on.journal.loadDocPtrList(TOPF_P, 0) == 4; },
+        [&] { return on.journal.getDocInf(TOPF_P, 5, 0) == nullptr; },
+        [] { return ZERDIX::clsCheckLogin() == 8; },
+        [&] { return on.session.logout() == 8; },
+    };
+    for (const auto& fails : failures) {
+        silent = true;
+        give_calls({0, 60'000});
+        EXPECT_TRUE(fails());
+        silent = false;
+        give_calls({5, 0});
+        EXPECT_EQ(ZERDIX::clsCheckLogin(), 0);
+    }
+}
+
 #ifndef __SANITIZE_ADDRESS__
 
 // Peak memory of the process since the last reset, in KiB.

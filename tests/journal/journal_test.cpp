@@ -8,6 +8,7 @@
 #include <zerdix/journal.h>
 #include <zerdix/zerdix.h>
 
+#include "rpc/scripted_handle.h"
 #include "support/test_server.h"
 
 namespace zerdix::testing {
@@ -74,14 +75,39 @@ TEST_F(Journal, AFetchAsksForTheSizeThenForBlocks) {
     ASSERT_EQ(put(content(16384)), 0);
     server.clear_calls();
     EXPECT_THAT(get(), SizeIs(16384));
-    const auto made = server.calls();
-    EXPECT_GE(made.size(), 2u);
-    EXPECT_EQ(made, calls(made.size(), 59));
-
+    EXPECT_EQ(server.calls(), calls(3, 59)) << "the size, a full block, an empty one";
     EXPECT_THAT(get(7), SizeIs(0)) << "a page that isn't there";
     server.fail(59, 2);
     EXPECT_EQ(journal.getDocPage(TOPF_P, document, 1, 0), nullptr);
     EXPECT_THAT(get(), SizeIs(16384)) << "the next fetch works again";
+}
+
+// A page that isn't as long any more as the first answer said.
+TEST(OddPages, AFetchEndsWhereThePageDoes) {
+    constexpr std::int32_t block = 16384;
+    const struct {
+        std::int32_t told, there;
+        std::uint32_t fetched;
+        std::size_t calls;
+    } cases[] = {
+        {block, 40000, block, 4},   // grown, so that two blocks find no room
+        {100, 2 * block, 100, 4},   // and an empty one behind them
+        {20000, block, block, 101}, // shrunk: the rest is asked for up to the limit
+        {2 * block, 2 * block, 2 * block, 4},
+    };
+    for (const auto& each : cases) {
+        scripted_handle server;
+        server.on(rpc::proc::a_get_pageb_1{}, [&](const auto& wanted, auto& answer) {
+            answer.size = std::clamp(each.there - wanted.offset, 0, wanted.length);
+            if (wanted.length == 0)
+                answer.size = each.told;
+            else if (answer.size > 0)
+                answer.data = {static_cast<std::uint32_t>(answer.size),
+                               static_cast<unsigned char*>(std::calloc(1, block))};
+        });
+        EXPECT_EQ(JOURNAL{}.getDocPage(TOPF_P, 1, 1, 0)->size, each.fetched);
+        EXPECT_EQ(server.calls().size(), each.calls) << each.told << ", " << each.there;
+    }
 }
 
 TEST_F(Journal, AHugePageComesBackCut) {
@@ -152,6 +178,16 @@ TEST_F(Journal, TextsAreCutToTheirFields) {
     EXPECT_EQ(journal.putComment2Doc(TOPF_P, 4711, "x"), 4);
 }
 
+TEST_F(Journal, ANegativePriorityDoesntGoOut) {
+    a_s_rec record{};
+    record.priority = -1;
+    EXPECT_EQ(journal.sendDoc(document, &record), 4);
+    EXPECT_EQ(journal.chgSRec(document, -1, "", 0, 0, 0, 0), 4);
+    EXPECT_EQ(server.calls(), calls{});
+    session.CleanupHostConnection();
+    EXPECT_EQ(journal.sendDoc(document, &record), 12);
+}
+
 TEST_F(Journal, PrintDocumentsBelongToThePrintUser) {
     const std::int32_t print = journal.makePrintDoc();
     ASSERT_GT(print, 0);
@@ -181,7 +217,8 @@ TEST_F(Journal, ALogIsReadWholeAndFromAPosition) {
     EXPECT_TRUE(log.starts_with("line 0\r\nline 1\r\n"));
     EXPECT_TRUE(log.ends_with("line 199\r\n"));
     journal.putLog(TOPF_P, document, "later");
-    EXPECT_STREQ(journal.getLog(TOPF_P, document, next, &next), "later\r\n");
+    EXPECT_EQ(journal.putLog(TOPF_P, document, nullptr), 0);
+    EXPECT_STREQ(journal.getLog(TOPF_P, document, next, &next), "later\r\n\r\n");
     server.fail(72);
     const std::int32_t before = next;
     EXPECT_EQ(journal.getLog(TOPF_P, document, 0, &next), nullptr);

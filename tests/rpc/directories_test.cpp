@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <zerdix/journal.h>
 #include <zerdix/zerdix.h>
 
 #include "rpc/scripted_handle.h"
@@ -95,6 +96,22 @@ TEST_F(Directories, ABlockSizeThatCantBeHadEndsTheList) {
     EXPECT_EQ(session.getUserList(), nullptr) << "nobody knows whether more would have come";
     EXPECT_EQ(ZERDIX::clsGetClient(), nullptr);
     EXPECT_EQ(session.getUserList(), nullptr) << "a block size of 12";
+}
+
+TEST_F(Directories, AConfiguredNumberBeyond32BitsDoesntComeRound) {
+    const char* value = "";
+    server.on(proc::a_get_config_1{},
+              [&value](const auto&, str80& answer) { answer.assign(value); });
+    for (const auto& [text, size] : {std::pair{"4294967298", 200},
+                                     {"99999999999999999999", 200},
+                                     {"-4294967297", -2147483647 - 1},
+                                     {"7 and more", 7}}) {
+        value = text;
+        rpc::session().lTelebookBlockSize = 0;
+        EXPECT_EQ(ZERDIX::clsGetTelebookBlockSize(), size) << text;
+    }
+    value = "4294967298";
+    EXPECT_EQ(JOURNAL{}.getCoverId(), 2147483647) << "not document 2";
 }
 
 TEST_F(Directories, AServerThatLeadsInCirclesOrLiesDoesntKeepTheClient) {

@@ -150,6 +150,27 @@ TEST_F(DeskSession, TakesUsersWithTheirPasswords) {
     EXPECT_EQ(login("zerdix", "zerdix"), 4);
 }
 
+// Its user is the session's from then on, and nothing that was kept of the one before is written.
+TEST_F(DeskSession, ARefusedLoginForgetsTheRecordsOfTheUserBefore) {
+    ZERDIX other;
+    ASSERT_EQ(login("meier", "meier"), 0);
+    ASSERT_EQ(session.setPriority(33), 0);
+    const std::int32_t id = ZERDIX::clsGetLoginId();
+    for (ZERDIX* object : {&session, &other}) {
+        ASSERT_NE(object->getOUserRecord(), nullptr);
+        EXPECT_EQ(session.login("zerdix", "wrong", "127.0.0.1"), 9);
+        EXPECT_STREQ(ZERDIX::clsGetUserId(), "zerdix");
+        EXPECT_EQ(ZERDIX::clsGetLoginId(), id) << "the login before isn't ended";
+        server.clear_calls();
+        EXPECT_EQ(session.setPriority(44), 0);
+        EXPECT_EQ(object->setReplacement("meier", "alpha", 0), 0);
+        EXPECT_THAT(server.calls(), ElementsAre(30, 31, 35, 51, 50));
+        session.setUserId("meier");
+    }
+    EXPECT_EQ(session.getAUserRecord()->priority, 33);
+    EXPECT_TRUE(session.getOUserRecord()->repl_userid.empty());
+}
+
 TEST_F(DeskSession, ReadsAndChangesWhatTheServerKeeps) {
     ASSERT_EQ(login("meier", "meier"), 0);
     const std::uint32_t users = session.getUserList()->getSize();

@@ -66,6 +66,15 @@ TEST_F(UserRecords, ASetterFetchesOnceAndWritesTheWholeRecord) {
     EXPECT_EQ(preferences.auxtext2, before.auxtext2);
 }
 
+TEST_F(UserRecords, APriorityOutOfRangeIsRefusedHere) {
+    for (const auto priority : std::initializer_list<std::int16_t>{-1, 101, 32767})
+        EXPECT_EQ(session.setPriority(priority), 4);
+    EXPECT_TRUE(server.calls().empty());
+    EXPECT_EQ(session.setPriority(0) + session.setPriority(100), 0);
+    rpc::session().pclient = nullptr;
+    EXPECT_EQ(session.setPriority(101), 12);
+}
+
 TEST_F(UserRecords, TheKeptRecordHasWhatTheServerRefused) {
     ASSERT_EQ(session.setPriority(10), 0);
     allowed = false;
@@ -167,6 +176,11 @@ TEST_F(Signatures, CopiesStayWithinWhatTheFirstAnswerSaid) {
         said_less = less;
         EXPECT_EQ(session.getSignature()->size, size);
     }
+    stored = std::string(40000, 'x');
+    said_less = 40000 - 16384;
+    server.calls();
+    EXPECT_EQ(session.getSignature()->size, 16384u);
+    EXPECT_EQ(server.calls().size(), 4u) << "one that has grown is read to its end, and no longer";
     said_less = 0;
     stored = std::string(1700000, 'y');
     server.calls();

@@ -90,7 +90,7 @@ TEST_F(UserTraceLines, OfTheSetters) {
          [](ZERDIX& z) { return z.setDefScanner("s", 0x12); }},
         {"setPaperTrays()", ": 1:<1> 2:<2> 3:<3> 4:<4> 5:<5> 6:<6> 7:<7> 8:<8> 9:<9> 10:<10>", "",
          [&](ZERDIX& z) { return z.setPaperTrays(trays); }},
-        {"setPriority()", ": <-3>", "", [](ZERDIX& z) { return z.setPriority(-3); }},
+        {"setPriority()", ": <3>", "", [](ZERDIX& z) { return z.setPriority(3); }},
         {"setActions()", ": <70000>", "", [](ZERDIX& z) { return z.setActions(70000); }},
     };
     const std::string get = "ZERDIX::getAUserRecord()", put = "ZERDIX::putAUserRecord()";
@@ -112,6 +112,11 @@ TEST_F(UserTraceLines, OfTheSetters) {
                                          "Error:Error returned from a_put_user_1()",
                                          "Exit: --> " + put, "Exit: --> " + name));
     }
+    EXPECT_EQ(session().setPriority(-3), 4);
+    EXPECT_THAT(lines(), ElementsAre("Entry:<-- ZERDIX::setPriority(): <-3>",
+                                     "Error:ZERDIX::setPriority(): a user's priority is 0 to 100, "
+                                     "not -3",
+                                     "Exit: --> ZERDIX::setPriority()"));
 }
 
 TEST_F(UserTraceLines, OfAReplacementAndAPassword) {

@@ -33,7 +33,7 @@ class Requests : public ::testing::Test {
 
 TEST_F(Requests, RightsAreTheUnionOfWhatApplies) {
     server.on(proc::a_get_members_1{}, [](const str10& group, a_get_members_o& answer) {
-        if (group == "gggggggggg")
+        if (group == "ggggggggggg")
             push_front(answer, a_member_rec{{"alpha"}, {"zerdix"}, {}});
         push_front(answer, a_member_rec{{"elsewhere"}, {"zerdix"}, {}});
     });
@@ -62,6 +62,77 @@ TEST_F(Requests, RightsAreTheUnionOfWhatApplies) {
     EXPECT_EQ(books.getPermissions(cases[2].perms, "zerdix", mine), 5) << "no member then";
 }
 
+// Notes the ids of an argument, the session's user apart.
+template <class Argument>
+void note_ids(const Argument& in, std::vector<std::string>& ids) {
+    const auto note = [&ids]<class Field>(const Field& field) {
+        if constexpr (std::is_same_v<Field, str10>)
+            if (field != "zerdix")
+                ids.emplace_back(field.view());
+    };
+    if constexpr (std::is_same_v<Argument, str10>)
+        note(in);
+    else
+        boost::pfr::for_each_field(in, note);
+}
+
+template <class... P>
+void note_ids_of(scripted_handle& server, std::vector<std::string>& ids, P... procedures) {
+    (server.on(procedures, [&ids](const auto& in, auto&) { note_ids(in, ids); }), ...);
+}
+
+TEST_F(Requests, IdsGoOutWithAllBytesOfTheirFields) {
+    std::vector<std::string> ids;
+    note_ids_of(server, ids, proc::o_get_tbook_1{}, proc::o_del_tbook_1{}, proc::o_get_tbookl_1{},
+                proc::o_get_tbookentry_1{}, proc::o_del_tbookentry_1{}, proc::o_get_tgroup_1{},
+                proc::o_del_tgroup_1{}, proc::o_get_tgroupsb_1{}, proc::o_get_tgroupl_1{},
+                proc::o_get_tgrouplb_1{}, proc::o_del_tgroupentry_1{}, proc::a_get_members_1{});
+    const char* const id = "twelve bytes";
+    books.getTBook(id);
+    books.delTBook(id);
+    books.getTBookEntries(id, NETTYPE_FAX, id, 5);
+    books.getTBookEntry(id, id, 1);
+    books.delTBookEntry(id, id);
+    books.getTGroup(id);
+    books.delTGroup(id);
+    books.getTGroupsB(id, 5);
+    books._getTGroupEntries(id, 1);
+    books.getTGroupEntriesB(id, 1, id, id, 5);
+    books.delTGroupEntry(id, id, id);
+    ZERDIX::clsSearchUserInGroup(id);
+    EXPECT_EQ(ids, std::vector<std::string>(19, "twelve byte"));
+}
+
+// The record at which a block begins, and those behind it.
+template <class Answer, class Record>
+void serve_from(const std::vector<Record>& all, str10 Record::*id, const str10& start,
+                std::int32_t most, Answer& answer) {
+    auto from = all.begin();
+    while (from != all.end() && ((*from).*id).view() < start.view())
+        ++from;
+    for (auto end = from + std::min<std::ptrdiff_t>(most, all.end() - from); end != from;)
+        push_front(answer, *--end);
+}
+
+TEST_F(Requests, IdsThatFillTheirFieldsLeadFromBlockToBlock) {
+    std::vector<o_tgroup> groups(5);
+    std::vector<o_tgroupl> members(5);
+    for (std::size_t i = 0; i < 5; ++i) {
+        groups[i].groupid.assign_field("1000000000" + std::to_string(i));
+        members[i] = {groups[0].groupid, {"b"}, groups[i].groupid};
+    }
+    server.on(proc::o_get_tgroupsb_1{}, [&](const auto& in, auto& answer) {
+        serve_from(groups, &o_tgroup::groupid, in.start, in.blocksize, answer);
+    });
+    server.on(proc::o_get_tgrouplb_1{}, [&](const auto& in, auto& answer) {
+        if (in.groupid == groups[0].groupid)
+            serve_from(members, &o_tgroupl::teleid, in.starttele, in.blocksize, answer);
+    });
+    rpc::session().lTelebookBlockSize = 3;
+    EXPECT_EQ(books.getTGroups()->getSize(), 5u);
+    EXPECT_EQ(books.getTGroupEntries("10000000000", 1)->getSize(), 5u);
+}
+
 TEST_F(Requests, AQueryCarriesItsParametersAndGivesTheStatusOfAFailure) {
     const std::string longest(100, 'p');
     o_query_ext_i asked{};
@@ -72,7 +143,7 @@ TEST_F(Requests, AQueryCarriesItsParametersAndGivesTheStatusOfAFailure) {
     EXPECT_EQ(query("first", longest.c_str()), 1001);
     EXPECT_EQ(asked.alphaid, "alpha");
     EXPECT_EQ(asked.userid, "zerdix");
-    EXPECT_EQ(asked.tbookid, "external-b");
+    EXPECT_EQ(asked.tbookid, "external-bo");
     EXPECT_EQ(asked.params[0], "first");
     EXPECT_TRUE(asked.params[1].empty() && asked.params[8].empty());
     EXPECT_EQ(asked.params[9], longest.substr(0, 81)) << "all of the field, without a NUL";

@@ -80,7 +80,7 @@ TEST_F(Telebook, BooksAreWrittenReadAndDeleted) {
     EXPECT_EQ(books.delTBook("common"), 0);
     EXPECT_EQ(books.delTBook("common"), 4);
     EXPECT_TRUE(books.getTBook("common")->tbookid.empty());
-    EXPECT_TRUE(books.getTBook("commonwealth")->tbookid.empty()) << "cut to ten characters";
+    EXPECT_TRUE(books.getTBook("commonwealth")->tbookid.empty());
 }
 
 TEST_F(Telebook, EntriesComeByNetTypeAndBlock) {
@@ -102,6 +102,9 @@ TEST_F(Telebook, EntriesComeByNetTypeAndBlock) {
     EXPECT_THAT(entries(3, "berta", 2), ElementsAre("berta", "clara"));
     EXPECT_EQ(books.getTBookEntry("b", "anna", 1)->teleid, "anna");
     EXPECT_TRUE(books.getTBookEntry("b", "dora", 1)->tbookid.empty());
+    put_entry("b", "a234567890", NETTYPE_FAX);
+    EXPECT_THAT(entries(3, "a234567890", 1), ElementsAre("a234567890"));
+    EXPECT_THAT(entries(3, "a234567890\xff", 1), ElementsAre("anna")) << "directly behind an id";
     EXPECT_EQ(books.delTBookEntry("b", "anna"), 0);
     server.refuse(81);
     o_tebul entry{};

@@ -220,6 +220,7 @@ TEST(TransferFile, LinesBecomeEntries) {
             telebook::append_line(entries.emplace_back(), telebook::parse_line(line.data(), "b"));
         EXPECT_EQ(entries, expected) << text;
     }
+    EXPECT_EQ(telebook::parse_line("a;", "twelve bytes").tbookid, "twelve byte");
 }
 
 } // namespace

@@ -24,7 +24,6 @@ void timed_socket::begin(clock::duration time) {
     end_ = clock::now() + time;
     failure_ = RPC_SUCCESS;
     error_ = 0;
-    heard_ = false;
 }
 
 int timed_socket::fail(clnt_stat failure, int error) {
@@ -71,9 +70,10 @@ int timed_socket::write(const char* from, int length) {
 int timed_socket::read(char* to, int room) {
     while (wait(POLLIN, RPC_CANTRECV)) {
         const ssize_t got = recv(file_, to, static_cast<std::size_t>(room), MSG_DONTWAIT);
-        heard_ = heard_ || got > 0;
-        if (got > 0)
+        if (got > 0) {
+            received_ += static_cast<std::uint64_t>(got);
             return static_cast<int>(got);
+        }
         if (got == 0)
             return fail(RPC_CANTRECV, ECONNRESET); // the peer closed in the middle of a call
         if (!passing(errno))

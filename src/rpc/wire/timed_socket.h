@@ -4,6 +4,7 @@
 #define ZERDIX_WIRE_TIMED_SOCKET_H
 
 #include <chrono>
+#include <cstdint>
 #include <rpc/rpc.h>
 
 namespace zerdix::wire {
@@ -26,8 +27,8 @@ class timed_socket {
     clnt_stat failure() const { return failure_; }
     int error() const { return error_; }
 
-    // Whether any byte arrived in this call.
-    bool heard() const { return heard_; }
+    // How many bytes have been read so far, in all calls.
+    std::uint64_t received() const { return received_; }
 
     // Ends the connection for both sides; whatever is tried on it from now on fails.
     void shut() const;
@@ -40,7 +41,7 @@ class timed_socket {
     std::chrono::steady_clock::time_point end_{};
     clnt_stat failure_ = RPC_SUCCESS;
     int error_ = 0;
-    bool heard_ = false;
+    std::uint64_t received_ = 0;
 };
 
 } // namespace zerdix::wire

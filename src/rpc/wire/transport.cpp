@@ -37,10 +37,11 @@ class transport {
 
   private:
     bool send(std::uint32_t procedure, record argument);
+    bool go_to_next_record();
     bool await_reply(rpc_msg& reply);
     void receive(record result);
     void fail(clnt_stat failure);
-    bool lost_its_place() const;
+    bool waits_for_record() const;
 
     CLIENT handle_{};
     CLIENT* connected_;
@@ -51,6 +52,9 @@ class transport {
     std::uint32_t program_ = 0;
     std::uint32_t version_ = 0;
     std::uint32_t call_id_ = 0;
+    // Set while the stream stands in front of a record with nothing in its buffer: how many bytes
+    // had been received when it came there.
+    std::optional<std::uint64_t> in_front_;
     char verifier_[MAX_AUTH_BYTES]; // of the reply; nobody reads it
 };
 
@@ -129,7 +133,9 @@ clnt_stat transport::call(std::uint32_t procedure, record argument, record resul
         receive(result);
     else
         fail(RPC_CANTENCODEARGS);
-    if (!sent || lost_its_place())
+    // A time-out without a byte of the next record leaves the stream where it can go on. After any
+    // other failure nobody knows where the next record begins.
+    if (!sent || (socket_.failure() != RPC_SUCCESS && !waits_for_record()))
         socket_.shut();
     // errno is what callers tell of a failure: the socket's error, or as it was.
     errno = socket_.failure() != RPC_SUCCESS ? socket_.error() : errno_before;
@@ -151,6 +157,24 @@ bool transport::send(std::uint32_t procedure, record argument) {
            xdrrec_endofrecord(&stream_, TRUE);
 }
 
+// Whether the call has timed out without a byte of a next record.
+bool transport::waits_for_record() const {
+    return socket_.failure() == RPC_TIMEDOUT && in_front_ == socket_.received();
+}
+
+// Passes over what is left of the record before. After a call to which nothing came there is
+// nothing to pass over: the record stream would take the next reply for the rest of an old one.
+bool transport::go_to_next_record() {
+    if (in_front_)
+        return true;
+    const bool buffer_is_empty = xdrrec_eof(&stream_);
+    if (!xdrrec_skiprecord(&stream_))
+        return false;
+    if (buffer_is_empty)
+        in_front_ = socket_.received();
+    return true;
+}
+
 // The header of this call's reply, with the stream at its result.
 bool transport::await_reply(rpc_msg& reply) {
     static none no_result; // what follows the header is taken later; the reply keeps its address
@@ -160,7 +184,10 @@ bool transport::await_reply(rpc_msg& reply) {
         reply.acpted_rply.ar_verf.oa_base = verifier_;
         reply.acpted_rply.ar_results.where = reinterpret_cast<char*>(&no_result);
         reply.acpted_rply.ar_results.proc = &xdr_record<none>;
-        if (!xdrrec_skiprecord(&stream_) || !xdr_replymsg(&stream_, &reply))
+        const bool came = go_to_next_record() && xdr_replymsg(&stream_, &reply);
+        if (!waits_for_record())
+            in_front_.reset();
+        if (!came)
             return false;
     } while (reply.rm_xid != call_id_);
     return true;
@@ -180,12 +207,6 @@ void transport::fail(clnt_stat failure) {
     const bool by_socket = socket_.failure() != RPC_SUCCESS;
     error_.re_status = by_socket ? socket_.failure() : failure;
     error_.re_errno = by_socket ? socket_.error() : 0;
-}
-
-// Whether a reply broke off somewhere, so that nobody knows where the next one begins.
-bool transport::lost_its_place() const {
-    const bool stayed_silent = socket_.failure() == RPC_TIMEDOUT && !socket_.heard();
-    return socket_.failure() != RPC_SUCCESS && !stayed_silent;
 }
 
 bool transport::control(u_int request, void* info) {

@@ -6,10 +6,10 @@
 // passed over until the time is up. A call that fails keeps the RPC library's status, with errno
 // as re_errno for RPC_CANTSEND, RPC_CANTRECV and RPC_TIMEDOUT (ETIMEDOUT); no SIGPIPE is raised.
 //
-// After a reply that came whole but couldn't be taken, and after a server that stayed silent, the
-// connection goes on: what is left of that reply, or comes of it later, is passed over. After any
-// other failure nobody knows where the next reply begins, so the connection is shut down, and each
-// further call on it fails at once with RPC_CANTSEND.
+// After a reply that couldn't be taken, and after a time-out between two replies, the connection
+// goes on: what is left of a reply, or comes too late, is passed over. After any other failure, a
+// time-out within a reply among them, nobody knows where the next reply begins, so the connection
+// is shut down, and each further call on it fails at once with RPC_CANTSEND.
 //
 // All macros of the RPC library work on the handle. CLSET_TIMEOUT gives every call from then on a
 // time of its own, whatever it asks for. The credentials are those of cl_auth, AUTH_NONE at first.
