@@ -63,6 +63,16 @@ class pages {
     void copy_all(std::int32_t source, std::int32_t target);
 
   private:
+    struct stored_picture {
+        std::int64_t id;
+        std::int64_t block; // length of the first block
+        std::int64_t size;
+        bool ended; // a shorter block has come
+    };
+    std::optional<stored_picture> find(picture_place place) const;
+    std::optional<stored_picture> find_whole(picture_place place) const;
+    void copy_pictures(std::int32_t source, std::int16_t first, std::int16_t last,
+                       std::int32_t target, std::int16_t by);
     void begin_picture(picture_place place, std::string_view block);
     bool continue_picture(picture_place place, std::int32_t offset, std::string_view block);
     void set_count(std::int32_t document, std::int16_t count);

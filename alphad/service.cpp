@@ -31,7 +31,7 @@ service::service(const service_options& options, alphad::gate& gate)
             add_demo_cover(store_);
         }
     }
-    if (store_.is_from_older_version())
+    if (store_.older_version() == 1)
         std::cerr << "alphad: the store was brought up from an older version; its users have no "
                      "passwords yet (alphad user password ID)"
                   << std::endl;

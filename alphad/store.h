@@ -27,13 +27,14 @@ class store {
     explicit store(const std::string& path,
                    alphad::database::access mode = alphad::database::access::read_write);
 
-    // Whether this object made the tables, or brought them up from an older version.
-    bool is_new() const { return change_ == schema_change::made; }
-    bool is_from_older_version() const { return change_ == schema_change::brought_up_to_date; }
+    // Whether this object made the tables.
+    bool is_new() const { return change_.made; }
+    // The version that it brought up to date, 0 when it found the present one.
+    std::int32_t older_version() const { return change_.older; }
 
   private:
     alphad::database db_;
-    schema_change change_ = schema_change::none;
+    schema_change change_;
 
   public:
     alphad::database& database() { return db_; }

@@ -93,32 +93,60 @@ TEST_F(Program, SaysWhyItDoesNotStart) {
     EXPECT_EQ(run_alphad({"--port", "many"}).status, EX_USAGE);
 }
 
-// Tables as the first version made them.
-TEST_F(Program, BringsAnOlderStoreUpToDate) {
-    const std::string path = data / alphad::store_file;
-    alphad_program(data, {"--no-demo"}).stop();
-    {
-        alphad::store store(path);
-        store.documents.create(TOPF_E, "zerdix", "old");
+// Puts tables as the second version made them in the place of the present ones.
+void make_second_version(alphad::database& store) {
+    store.run("DROP TABLE picture_blocks; DROP TABLE pictures;"
+              "CREATE TABLE pictures (document INTEGER NOT NULL REFERENCES documents "
+              "ON DELETE CASCADE, page INTEGER NOT NULL, type INTEGER NOT NULL, "
+              "block INTEGER NOT NULL, ended INTEGER NOT NULL, data BLOB NOT NULL, "
+              "PRIMARY KEY (document, page, type));"
+              "INSERT INTO pictures VALUES (1, 2, 6, 4, 0, x'74657874');"
+              "INSERT INTO pictures VALUES (1, 2, 0, 4, 0, x'746578740000');"
+              "UPDATE documents SET pages = 2;"
+              "PRAGMA user_version = 2");
+    execute(store, "INSERT INTO pictures VALUES (1, 1, 0, 16384, 1, ?)",
+            std::string(70'000, '\0') + "end");
+}
+
+void make_first_version(alphad::database& store) {
+    make_second_version(store);
+    for (const char* table : {"passwords", "preferences", "signatures", "user_members",
+                              "user_groups", "printers", "scanners", "board", "users"})
+        store.run((std::string{"DROP TABLE "} + table).c_str());
+    for (const char* column : {"nettype", "number", "tsi", "error", "forwarder"})
+        store.run((std::string{"ALTER TABLE documents DROP COLUMN "} + column).c_str());
+    store.run("CREATE TABLE users (userid BLOB PRIMARY KEY, name BLOB NOT NULL) WITHOUT ROWID;"
+              "INSERT INTO users VALUES (x'7a6572646978', x'436c617261');"
+              "PRAGMA user_version = 1");
+}
+
+TEST_F(Program, BringsOlderStoresUpToDate) {
+    for (const auto& make_older : {make_first_version, make_second_version}) {
+        const bool first = make_older == make_first_version;
+        SCOPED_TRACE(first ? "first version" : "second version");
+        data = folder.path() / (first ? "first" : "second");
+        const std::string path = data / alphad::store_file;
+        alphad_program(data, {"--no-demo"}).stop();
+        {
+            alphad::store store(path);
+            store.documents.create(TOPF_P, "zerdix", "old");
+            store.users.add("zerdix", "Clara");
+            make_older(store.database());
+        }
+        EXPECT_EQ(run_alphad({"jobs", "--data", data}).status, EX_CANTCREAT) << "only looks";
+        alphad_program program(data);
+        EXPECT_EQ(program.errors().find("no passwords yet") != std::string::npos, first)
+            << program.errors();
+        raw_client client(environment.program());
+        EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("zerdix")}).comment, "Clara");
+        EXPECT_EQ(client.call(proc::a_get_p_1{}, {id("zerdix"), 1}).p_text, "old");
+        EXPECT_EQ(login(client, "zerdix", "").status, 8);
+        EXPECT_EQ(masks(client, 1), (std::vector<std::int32_t>{1, 64}));
+        EXPECT_EQ(page_size(client, 1, 1), 70003);
+        EXPECT_EQ(page_part(client, 1, 1, 69998, 100), std::string(2, '\0') + "end");
+        EXPECT_FALSE(put_block(client, 1, 2, 4, "continues nothing"));
+        EXPECT_TRUE(client.call(proc::a_del_doc_1{}, {id("zerdix"), TOPF_P, 1, {1}}));
     }
-    {
-        alphad::database old(path);
-        for (const char* table : {"passwords", "preferences", "signatures", "user_members",
-                                  "user_groups", "printers", "scanners", "board", "users"})
-            old.run((std::string{"DROP TABLE "} + table).c_str());
-        for (const char* column : {"nettype", "number", "tsi", "error", "forwarder"})
-            old.run((std::string{"ALTER TABLE documents DROP COLUMN "} + column).c_str());
-        old.run("CREATE TABLE users (userid BLOB PRIMARY KEY, name BLOB NOT NULL) WITHOUT ROWID;"
-                "INSERT INTO users VALUES (x'7a6572646978', x'436c617261');"
-                "PRAGMA user_version = 1");
-    }
-    EXPECT_EQ(run_alphad({"jobs", "--data", data}).status, EX_CANTCREAT) << "only looks";
-    alphad_program program(data);
-    EXPECT_NE(program.errors().find("no passwords yet"), std::string::npos) << program.errors();
-    raw_client client(environment.program());
-    EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("zerdix")}).comment, "Clara");
-    EXPECT_EQ(client.call(proc::a_get_e_1{}, {id("zerdix"), 1}).e_text1, "old");
-    EXPECT_EQ(login(client, "zerdix", "").status, 8);
 }
 
 TEST_F(Program, AddsUsersAndMessagesWhileItRuns) {
