@@ -1,26 +1,18 @@
-// The spool folder: what would go over the line, as multi-page TIFF files in Group 4 coding.
+// The spool folder: what would go over the line or to a printer, as files.
 #ifndef ZERDIX_ALPHAD_SPOOL_H
 #define ZERDIX_ALPHAD_SPOOL_H
 
 #include <filesystem>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
-#include "alphad/page_block.h"
+#include "alphad/fax_tiff.h"
 
 namespace zerdix::alphad {
 
 class spool_error : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
-};
-
-struct spooled_picture {
-    std::vector<page_picture> pages;
-    std::string title;       // UTF-8
-    std::string description; // UTF-8
-    bool normal;             // 98 rows to the inch instead of 196
 };
 
 class spool {
