@@ -35,6 +35,11 @@ class answers {
     void use_connection(std::uint64_t number) { connection_ = number; }
     void connection_gone(std::uint64_t number) { sessions_.connection_gone(number); }
 
+    // The work of the last answer is in the store for good, or was undone: the files that belong
+    // to it appear or go. settle_files throws spool_error.
+    void settle_files() { sending_.settle_files(); }
+    void discard_files() noexcept { sending_.discard_files(); }
+
     // Documents
     std::int32_t answer(proc::a_create_doc_1, const str10&);
     boolean answer(proc::a_copy_doc_1, const a_copy_doc_i&);

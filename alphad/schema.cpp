@@ -143,7 +143,8 @@ ALTER TABLE documents ADD COLUMN error INTEGER NOT NULL DEFAULT 0;
 ALTER TABLE documents ADD COLUMN forwarder BLOB NOT NULL DEFAULT x'';
 )sql";
 
-// What version 3 changed: the bytes of a picture stand in rows of their own.
+// What version 3 changed: the bytes of a picture stand in rows of their own, and spooled files wait
+// for the work that they belong to.
 constexpr const char* third_tables = R"sql(
 ALTER TABLE pictures RENAME TO old_pictures;
 
@@ -164,6 +165,11 @@ CREATE TABLE picture_blocks (
     data    BLOB NOT NULL,
     PRIMARY KEY (picture, start)
 );
+
+CREATE TABLE file_changes (
+    file    BLOB PRIMARY KEY,   -- its name in the spool folder
+    appears INTEGER NOT NULL    -- otherwise it goes
+) WITHOUT ROWID;
 
 INSERT INTO pictures (id, document, page, type, block, size, ended)
     SELECT rowid, document, page, type, block, length(data), ended FROM old_pictures;

@@ -125,20 +125,45 @@ bool sending::spool_again(send_job& job) {
 
 void sending::spool_job(send_job& job, message what) {
     const a_s_rec& record = job.record;
-    const std::string number = platform::cp1252_to_utf8(record.phone.view());
     job.cancelled = false;
-    if (record.nettype == NETTYPE_TELEX) {
-        job.spool = spool::file_name(record.faxid, "telex" + number, ".txt");
-        spool_.write_text(job.spool, what.telex);
-    } else {
-        job.spool = spool::file_name(record.faxid, number);
-        spool_.write(job.spool,
-                     {std::move(what.pages), platform::cp1252_to_utf8(record.comment.view()),
-                      "To " + number, record.resolution == resolution_normal});
-    }
+    job.spool = write_file(record, std::move(what));
+    change_file(job.spool, true);
     store_.jobs.put(job);
     store_.logs.add(record.faxid, log_line("$as.job_spooled: $n:=" +
                                            std::string{record.phone.view()} + " $s:=" + job.spool));
+}
+
+// Its name.
+std::string sending::write_file(const a_s_rec& record, message what) {
+    const std::string number = platform::cp1252_to_utf8(record.phone.view());
+    if (record.nettype == NETTYPE_TELEX) {
+        const std::string name = spool::file_name(record.faxid, "telex" + number, ".txt");
+        spool_.write_text(name, what.telex);
+        return name;
+    }
+    const std::string name = spool::file_name(record.faxid, number);
+    spool_.write(name, {std::move(what.pages), platform::cp1252_to_utf8(record.comment.view()),
+                        "To " + number, record.resolution == resolution_normal});
+    return name;
+}
+
+void sending::change_file(const std::string& name, bool appears) {
+    store_.file_changes.put({name, appears});
+    files_to_settle_ = true;
+}
+
+void sending::settle_files() {
+    if (!files_to_settle_)
+        return;
+    files_to_settle_ = false;
+    for (const file_change& change : store_.file_changes.all())
+        change.appears ? spool_.publish(change.file) : spool_.remove(change.file);
+    store_.file_changes.clear();
+}
+
+void sending::discard_files() noexcept {
+    files_to_settle_ = false;
+    spool_.discard();
 }
 
 bool sending::change(const a_chg_s_rec_i& wanted) {
@@ -164,7 +189,7 @@ bool sending::cancel(std::int32_t id) {
     auto job = store_.jobs.find(id);
     if (!job || job->state() != job_state::waiting)
         return false;
-    spool_.remove(job->spool);
+    change_file(job->spool, false);
     job->cancelled = true;
     job->spool.clear();
     store_.jobs.put(*job);
@@ -219,6 +244,7 @@ bool sending::print(const document& printed, const a_print_doc_i& wanted) {
     const std::string name = spool::file_name(printed.id, "print" + printer);
     spool_.write(name, {std::move(*pages), platform::cp1252_to_utf8(printed.comment),
                         "For printer " + platform::cp1252_to_utf8(printer), false});
+    change_file(name, true);
     store_.logs.add(printed.id,
                     log_line("$as.printed: $p:=" + range + " $d:=" + printer + " $s:=" + name));
     return true;

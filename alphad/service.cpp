@@ -35,6 +35,8 @@ service::service(const service_options& options, alphad::gate& gate)
         std::cerr << "alphad: the store was brought up from an older version; its users have no "
                      "passwords yet (alphad user password ID)"
                   << std::endl;
+    sending_.settle_files();
+    spool_.sweep();
     use_time_zone(store_.directory);
     server_.emplace(dispatcher_, options.listen, options.port);
 }

@@ -22,12 +22,22 @@ class spool {
 
     const std::filesystem::path& folder() const { return folder_; }
 
-    // The file appears whole under its name, or not at all. Throws spool_error.
-    void write(const std::string& name, const spooled_picture& picture) const;
+    // Writes the file beside its place; it appears under its name when it is published. Throw
+    // spool_error.
+    void write(const std::string& name, const spooled_picture& picture);
+    void write_text(const std::string& name, std::string_view text);
 
-    void write_text(const std::string& name, std::string_view text) const;
+    // The file appears whole, in the place of an older one. Nothing happens when it has appeared
+    // already. Throws spool_error.
+    void publish(const std::string& name);
+
+    // Takes away what was written since the last of these calls, and not published.
+    void discard() noexcept;
 
     void remove(const std::string& name) const;
+
+    // Takes away what a server that was killed has begun to write.
+    void sweep() const;
 
     // "000017-4930123456.tif": the id and what of the text can stand in a file name.
     static std::string file_name(std::int32_t id, std::string_view text,
@@ -35,9 +45,10 @@ class spool {
 
   private:
     std::filesystem::path part_of(const std::string& name) const;
-    void finish(const std::string& name, bool written) const;
+    void require(bool done, const std::string& name, const std::string& reason = {}) const;
 
     std::filesystem::path folder_;
+    std::vector<std::string> parts_; // not published yet
 };
 
 } // namespace zerdix::alphad

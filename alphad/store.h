@@ -7,6 +7,7 @@
 #include "alphad/devices.h"
 #include "alphad/directory.h"
 #include "alphad/documents.h"
+#include "alphad/file_changes.h"
 #include "alphad/jobs.h"
 #include "alphad/logs.h"
 #include "alphad/pages.h"
@@ -44,6 +45,7 @@ class store {
     alphad::pages pages{db_};
     alphad::logs logs{db_};
     alphad::jobs jobs{db_};
+    alphad::file_changes file_changes{db_};
     alphad::phone_books phone_books{db_};
     alphad::users users{db_, directory};
     alphad::user_groups user_groups{db_};

@@ -261,5 +261,29 @@ TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
     EXPECT_EQ(read_tiff(picture)[0].down, 98);
 }
 
+// The log's line is the last thing that a job writes; here the store has no room for it.
+TEST_F(Jobs, LeaveTheSpoolFolderAsItWasWhenTheStoreFails) {
+    record.sendtime = static_cast<std::int32_t>(std::time(nullptr) + 3600);
+    const std::int32_t number = send();
+    const auto picture = server.spool() / spool_name(number, "+4930123");
+    ASSERT_EQ(read_tiff(picture).size(), 2U);
+    alphad::database& db = server.store().database();
+    db.run("CREATE TRIGGER full BEFORE INSERT ON log_lines WHEN instr(NEW.line, x'2461732E') > 0 "
+           "BEGIN SELECT raise(ABORT, 'database or disk is full'); END");
+    EXPECT_EQ(client.try_call(proc::a_send_doc_1{}, {id("zerdix"), document, record}), nullptr);
+    EXPECT_EQ(client.try_call(proc::a_print_doc_1{},
+                              {id("zerdix"), TOPF_P, document, 1, 1, id("laser1"), 1}),
+              nullptr);
+    EXPECT_EQ(client.try_call(proc::a_cancel_job_1{}, {id("zerdix"), number}), nullptr);
+    a_chg_s_rec_i change{number, id("zerdix"), 5, {}, record.sendtime, {0}, 3, 2};
+    EXPECT_EQ(client.try_call(proc::a_chg_s_rec_1{}, change), nullptr);
+    EXPECT_EQ(read_tiff(picture).at(0).down, 196);
+    using files = std::filesystem::directory_iterator;
+    EXPECT_EQ(std::distance(files{server.spool()}, files{}), 1);
+    db.run("DROP TRIGGER full");
+    EXPECT_TRUE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
+    EXPECT_TRUE(std::filesystem::is_empty(server.spool()));
+}
+
 } // namespace
 } // namespace zerdix

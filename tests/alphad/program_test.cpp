@@ -1,6 +1,7 @@
 // The program itself: its start, its end, and what a hard end leaves.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <rpc/rpc.h>
 #include <sysexits.h>
@@ -72,6 +73,28 @@ TEST_F(Program, LosesNothingThatItAcknowledgedWhenKilled) {
     EXPECT_GT(create(client), document);
 }
 
+// Killed between the end of the work in the store and that in the spool folder.
+TEST_F(Program, FinishesItsFilesAtTheNextStart) {
+    alphad_program(data).stop();
+    const auto spool = data / "spool";
+    {
+        alphad::store store(data / alphad::store_file);
+        store.file_changes.put({"000001-1.tif", true});
+        store.file_changes.put({"000002-2.tif", true});
+        store.file_changes.put({"000003-3.tif", false});
+        for (const char* file : {".000001-1.tif.part", "000002-2.tif", "000003-3.tif",
+                                 ".000004-4.tif.part", "000005-5.tif"})
+            std::ofstream(spool / file) << "picture";
+    }
+    alphad_program program(data);
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator{spool})
+        names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (std::vector<std::string>{"000001-1.tif", "000002-2.tif", "000005-5.tif"}));
+    EXPECT_TRUE(alphad::store(data / alphad::store_file).file_changes.all().empty());
+}
+
 TEST_F(Program, SaysWhyItDoesNotStart) {
     alphad_program first(data);
     alphad_program second(folder.path() / "other");
@@ -95,7 +118,7 @@ TEST_F(Program, SaysWhyItDoesNotStart) {
 
 // Puts tables as the second version made them in the place of the present ones.
 void make_second_version(alphad::database& store) {
-    store.run("DROP TABLE picture_blocks; DROP TABLE pictures;"
+    store.run("DROP TABLE file_changes; DROP TABLE picture_blocks; DROP TABLE pictures;"
               "CREATE TABLE pictures (document INTEGER NOT NULL REFERENCES documents "
               "ON DELETE CASCADE, page INTEGER NOT NULL, type INTEGER NOT NULL, "
               "block INTEGER NOT NULL, ended INTEGER NOT NULL, data BLOB NOT NULL, "
