@@ -195,6 +195,18 @@ TEST_F(Program, AddsUsersAndMessagesWhileItRuns) {
                     "e")
                   .status,
               0);
+    const auto barcode = [&](std::string digits) {
+        return run({"user", "barcode", "neu", std::move(digits)}).status;
+    };
+    const auto& user_record = client.call(proc::o_get_user_1{}, {{}, id("neu")});
+    EXPECT_EQ(barcode("3023125900"), 0);
+    EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("neu")}).barcode, "3023125900");
+    EXPECT_EQ(user_record.comment, "J\xfcrgen");
+    for (const char* wrong : {"12a", "-1", "123456789012345678901"})
+        EXPECT_NE(barcode(wrong), 0) << wrong;
+    EXPECT_EQ(run({"user", "barcode", "nobody", "1"}).status, EX_DATAERR);
+    EXPECT_EQ(barcode(""), 0);
+    EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("neu")}).barcode, "");
     const std::int32_t stamp = client.call(proc::a_get_board_1{}, {}).stamp;
     EXPECT_EQ(run({"board", "add", "new"}).status, 0);
     EXPECT_EQ(client.call(proc::a_get_board_1{}, {0, stamp, {}}).first->text, "new");
@@ -234,7 +246,13 @@ TEST_F(Program, ShowsJobsAndSettingsWhileItRuns) {
         << json;
 
     EXPECT_EQ(run_alphad({"config", "COVER", "12", "--data", data}).status, 0);
+    for (const char* wrong : {"-30", "30x", " 30", "4000000000"})
+        for (const char* size : {"PHONEBOOKB", "JOURNALBLK"})
+            EXPECT_EQ(run_alphad({"config", "--data", data, "--", size, wrong}).status, EX_DATAERR);
+    EXPECT_EQ(run_alphad({"config", "--data", data, "PHONEBOOKB", "7"}).status, 0);
+    EXPECT_EQ(run_alphad({"config", "--data", data, "JOURNALBLK", ""}).status, 0);
     raw_client client(environment.program());
+    EXPECT_EQ(client.call(proc::a_get_config_1{}, {id("PHONEBOOKB"), 1}), "7");
     EXPECT_EQ(client.call(proc::a_get_config_1{}, {id("COVER"), 1}), "12");
     EXPECT_NE(run_alphad({"jobs", "--data", folder.path() / "none"}).status, 0);
 }
