@@ -159,6 +159,10 @@ class answers {
 
     std::int32_t password_status(const str10& user, const str20& password) const;
 
+    // Whether a user of a server may be the replacement of `user`.
+    bool can_stand_in(std::string_view server, std::string_view userid,
+                      std::string_view user) const;
+
     template <class Record>
     bool may(const str10& user, right wanted, const std::optional<Record>& record) const;
     template <class Result, class Node, class Record>
