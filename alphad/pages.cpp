@@ -69,6 +69,17 @@ bool pages::continue_picture(picture_place place, std::int32_t offset, std::stri
     return true;
 }
 
+std::optional<std::string> pages::ended_by(picture_place place, std::int32_t offset,
+                                           std::string_view block) const {
+    if (offset == 0)
+        return block.size() < shortest_block ? std::optional{std::string{block}} : std::nullopt;
+    const auto found = find(place);
+    if (!found || found->ended || offset != found->size ||
+        static_cast<std::int64_t>(block.size()) >= found->block)
+        return std::nullopt;
+    return read_bytes(db_, found->id, 0, found->size).append(block);
+}
+
 std::optional<pages::stored_picture> pages::find(picture_place place) const {
     statement row(db_,
                   "SELECT id, block, size, ended FROM pictures "

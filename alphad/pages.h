@@ -22,6 +22,9 @@ constexpr std::int16_t picture_types = 32;
 // Larger pictures are refused.
 constexpr std::size_t most_picture_bytes = 16u << 20;
 
+// Clients send blocks of at least so many bytes, but for a picture's last one.
+constexpr std::size_t shortest_block = 512;
+
 // The picture types that this server knows something of.
 constexpr std::int16_t fax_picture = 0; // a compressed page block, what goes over a fax line
 constexpr std::int16_t text_page = 4;   // a text, which becomes a telex on the telex printer
@@ -45,6 +48,11 @@ class pages {
     // The place of a picture must be on a page that exists or on the one behind the last. False
     // when it isn't, or when the block doesn't fit what came before.
     bool put_block(picture_place place, std::int32_t offset, std::string_view block);
+
+    // The picture as it will be with this block, when the block is its last one for certain: a
+    // shorter one than the first, or a first one below the length of any block of a client.
+    std::optional<std::string> ended_by(picture_place place, std::int32_t offset,
+                                        std::string_view block) const;
 
     // Nothing when there is no whole picture.
     std::optional<std::string> picture(picture_place place) const;
