@@ -49,10 +49,14 @@ fs::path new_spool_folder() {
     return name;
 }
 
+fs::path own_spool(const command_line& line) {
+    return fs::path{line.data} / own_spool_name;
+}
+
 fs::path spool_folder(const command_line& line) {
     if (!line.spool.empty())
         return line.spool;
-    return line.memory ? new_spool_folder() : fs::path{line.data} / "spool";
+    return line.memory ? new_spool_folder() : own_spool(line);
 }
 
 int serve(const command_line& line) {
@@ -83,7 +87,7 @@ std::string existing_store(const command_line& line) {
 
 int show_jobs(const command_line& line) {
     const store store(existing_store(line), database::access::read_only);
-    (line.json ? print_jobs_json : print_jobs)(std::cout, store, spool_folder(line));
+    (line.json ? print_jobs_json : print_jobs)(std::cout, store, {own_spool(line), line.spool});
     return EX_OK;
 }
 

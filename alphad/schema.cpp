@@ -50,7 +50,7 @@ CREATE TABLE jobs (
     receiver BLOB NOT NULL,     -- as it was asked for
     record   BLOB NOT NULL,     -- a_s_rec
     cancelled INTEGER NOT NULL,
-    spool    BLOB NOT NULL      -- file name in the spool folder
+    spool    BLOB NOT NULL      -- file, by its name or its path
 );
 
 CREATE TABLE books (
@@ -167,7 +167,7 @@ CREATE TABLE picture_blocks (
 );
 
 CREATE TABLE file_changes (
-    file    BLOB PRIMARY KEY,   -- its name in the spool folder
+    file    BLOB PRIMARY KEY,   -- by its name or its path
     appears INTEGER NOT NULL    -- otherwise it goes
 ) WITHOUT ROWID;
 

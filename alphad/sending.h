@@ -39,6 +39,10 @@ class sending {
     void settle_files();
     void discard_files() noexcept;
 
+    // For a store of an older version, which kept the names of files and not their folder: those
+    // that lie in the present one are noted as such.
+    void adopt_files();
+
   private:
     struct receiver {
         std::string number;

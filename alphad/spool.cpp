@@ -10,9 +10,21 @@ namespace {
 
 constexpr std::string_view part_ending = ".part";
 
+std::filesystem::path whole(const std::filesystem::path& path) {
+    if (path.empty())
+        return path;
+    const std::filesystem::path normal = std::filesystem::absolute(path).lexically_normal();
+    return normal.has_filename() ? normal : normal.parent_path();
+}
+
 } // namespace
 
-spool::spool(std::filesystem::path folder) : folder_(std::move(folder)) {
+std::filesystem::path spool_places::find(const std::string& kept) const {
+    return all.empty() ? own / kept : all / std::filesystem::path{kept}.filename();
+}
+
+spool::spool(const std::filesystem::path& folder, std::filesystem::path own)
+    : folder_(whole(folder)), own_(whole(own)) {
     std::error_code error;
     std::filesystem::create_directories(folder_, error);
     if (error)
@@ -20,45 +32,54 @@ spool::spool(std::filesystem::path folder) : folder_(std::move(folder)) {
                           " can't be made: " + error.message());
 }
 
-std::filesystem::path spool::part_of(const std::string& name) const {
-    return folder_ / ("." + name).append(part_ending);
+bool spool::holds(const std::string& name) const {
+    return std::filesystem::exists(folder_ / name);
 }
 
-void spool::require(bool done, const std::string& name, const std::string& reason) const {
+std::string spool::kept(const std::string& name) const {
+    return folder_ == own_ ? name : (folder_ / name).string();
+}
+
+std::filesystem::path spool::part_of(const std::string& kept) const {
+    const std::filesystem::path path = path_of(kept);
+    return path.parent_path() / ("." + path.filename().string()).append(part_ending);
+}
+
+void spool::require(bool done, const std::string& kept, const std::string& reason) const {
     if (!done)
-        throw spool_error("the file " + (folder_ / name).string() + " can't be written" + reason);
+        throw spool_error("the file " + path_of(kept).string() + " can't be written" + reason);
 }
 
-void spool::write(const std::string& name, const spooled_picture& picture) {
-    parts_.push_back(name);
-    require(write_fax_tiff(part_of(name), picture), name);
+void spool::write(const std::string& kept, const spooled_picture& picture) {
+    parts_.push_back(kept);
+    require(write_fax_tiff(part_of(kept), picture), kept);
 }
 
-void spool::write_text(const std::string& name, std::string_view text) {
-    parts_.push_back(name);
-    std::ofstream file{part_of(name), std::ios::binary};
+void spool::write_text(const std::string& kept, std::string_view text) {
+    parts_.push_back(kept);
+    std::ofstream file{part_of(kept), std::ios::binary};
     file << text;
     file.close();
-    require(!file.fail(), name);
+    require(!file.fail(), kept);
 }
 
-void spool::publish(const std::string& name) {
-    std::erase(parts_, name);
+void spool::publish(const std::string& kept) {
+    std::erase(parts_, kept);
     std::error_code error;
-    std::filesystem::rename(part_of(name), folder_ / name, error);
-    require(!error || error == std::errc::no_such_file_or_directory, name, ": " + error.message());
+    std::filesystem::rename(part_of(kept), path_of(kept), error);
+    require(!error || error == std::errc::no_such_file_or_directory, kept, ": " + error.message());
 }
 
 void spool::discard() noexcept {
     std::error_code error;
-    for (const std::string& name : parts_)
-        std::filesystem::remove(part_of(name), error);
+    for (const std::string& kept : parts_)
+        std::filesystem::remove(part_of(kept), error);
     parts_.clear();
 }
 
-void spool::remove(const std::string& name) const {
+void spool::remove(const std::string& kept) const {
     std::error_code error;
-    std::filesystem::remove(folder_ / name, error);
+    std::filesystem::remove(path_of(kept), error);
 }
 
 void spool::sweep() const {

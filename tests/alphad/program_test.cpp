@@ -6,6 +6,7 @@
 #include <rpc/rpc.h>
 #include <sysexits.h>
 
+#include "alphad/drawn_page.h"
 #include "desk.h"
 #include "support/test_server.h"
 
@@ -154,10 +155,18 @@ TEST_F(Program, BringsOlderStoresUpToDate) {
             alphad::store store(path);
             store.documents.create(TOPF_P, "zerdix", "old");
             store.users.add("zerdix", "Clara");
+            alphad::send_job job{1, "1", {}, false, "000002-1.tif"};
+            job.record.faxid = store.documents.create(TOPF_S, "zerdix");
+            store.jobs.put(job);
             make_older(store.database());
         }
         EXPECT_EQ(run_alphad({"jobs", "--data", data}).status, EX_CANTCREAT) << "only looks";
-        alphad_program program(data);
+        const auto spool = folder.path() / "elsewhere";
+        std::filesystem::create_directory(spool);
+        std::ofstream(spool / "000002-1.tif") << "picture";
+        alphad_program program(data, {"--spool", spool});
+        EXPECT_NE(run_alphad({"jobs", "--data", data}).output.find(spool / "000002-1.tif"),
+                  std::string::npos);
         EXPECT_EQ(program.errors().find("no passwords yet") != std::string::npos, first)
             << program.errors();
         raw_client client(environment.program());
@@ -217,6 +226,35 @@ TEST_F(Program, AddsUsersAndMessagesWhileItRuns) {
     const auto& incoming = client.call(proc::a_get_elist_1{}, {user, 0});
     EXPECT_EQ(incoming.count, 2);
     EXPECT_EQ(incoming.first->record.e_value2, 2);
+}
+
+TEST_F(Program, ShowsWhereTheFilesOfJobsLie) {
+    const auto elsewhere = folder.path() / "elsewhere";
+    const auto send = [&](std::vector<std::string> arguments) {
+        alphad_program program(data, arguments);
+        raw_client client(environment.program());
+        const std::int32_t document = create(client);
+        EXPECT_TRUE(put_block(client, document, 1, 0, alphad::drawn_page("x", {})));
+        a_s_rec record{};
+        record.nettype = NETTYPE_FAX;
+        record.phone.assign("1");
+        const auto number = client.call(proc::a_send_doc_1{}, {id("zerdix"), document, record});
+        const std::string digits = std::to_string(number);
+        return std::string(6 - digits.size(), '0') + digits + "-1.tif";
+    };
+    const auto shows = [&](const std::filesystem::path& file, std::vector<std::string> more = {}) {
+        more.insert(more.begin(), {"jobs", "--data", data});
+        return run_alphad(more).output.find("  " + file.string() + "\n") != std::string::npos;
+    };
+    const std::string first = send({"--spool", elsewhere / ""});
+    EXPECT_TRUE(std::filesystem::exists(elsewhere / first));
+    EXPECT_TRUE(shows(elsewhere / first));
+    const std::string second = send({});
+    EXPECT_TRUE(shows(elsewhere / first));
+    EXPECT_TRUE(std::filesystem::exists(data / "spool" / second));
+    EXPECT_TRUE(shows(data / "spool" / second));
+    for (const std::string& file : {first, second})
+        EXPECT_TRUE(shows(folder.path() / "moved" / file, {"--spool", folder.path() / "moved"}));
 }
 
 TEST_F(Program, ShowsJobsAndSettingsWhileItRuns) {
