@@ -76,6 +76,16 @@ void set_password(store& store, const std::string& userid, const std::string& pa
     store.users.set_password(id.view(), secret.view());
 }
 
+void set_barcode(store& store, const std::string& userid, const std::string& digits) {
+    auto user = store.users.find(field_of<str10>(userid, "a user id").view());
+    if (!user)
+        throw admin_error("there is no user " + userid);
+    if (digits.find_first_not_of("0123456789") != digits.npos)
+        throw admin_error("a barcode has digits only");
+    user->barcode = digits.empty() ? str20{} : field_of<str20>(digits, "a barcode");
+    store.users.put(*user);
+}
+
 void list_users(std::ostream& out, const store& store) {
     users::rows rows = store.users.list();
     for (o_user_rec user; rows.next(user);)
@@ -83,6 +93,17 @@ void list_users(std::ostream& out, const store& store) {
             << platform::cp1252_to_utf8(user.alphaid.view()) << '\t'
             << platform::cp1252_to_utf8(user.comment.view())
             << (store.users.password_hash(user.userid.view()).empty() ? "\tno password\n" : "\n");
+}
+
+// A client that is told a negative block size sees empty lists.
+void set_setting(store& store, const std::string& key, const std::string& value) {
+    constexpr std::int32_t none = -1;
+    const bool is_size = key == "JOURNALBLK" || key == "PHONEBOOKB";
+    if (is_size && !value.empty() && whole_number(value).value_or(none) < 0)
+        throw admin_error(key + " must be a whole number, 0 or more");
+    transaction setting(store.database());
+    store.directory.set_config(key, platform::utf8_to_cp1252(value));
+    setting.commit();
 }
 
 void add_message(store& store, const std::string& text) {

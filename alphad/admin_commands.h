@@ -19,7 +19,12 @@ class admin_error : public std::runtime_error {
 // The user can't log in before a password is set.
 void add_user(store& store, const std::string& userid, const std::string& name);
 void set_password(store& store, const std::string& userid, const std::string& password);
+// The digits that the user's cover pages show as a barcode; none takes it away.
+void set_barcode(store& store, const std::string& userid, const std::string& digits);
 void list_users(std::ostream& out, const store& store);
+
+// The block sizes must be numbers from 0 on.
+void set_setting(store& store, const std::string& key, const std::string& value);
 
 void add_message(store& store, const std::string& text);
 

@@ -35,6 +35,11 @@ class answers {
     void use_connection(std::uint64_t number) { connection_ = number; }
     void connection_gone(std::uint64_t number) { sessions_.connection_gone(number); }
 
+    // The work of the last answer is in the store for good, or was undone: the files that belong
+    // to it appear or go. settle_files throws spool_error.
+    void settle_files() { sending_.settle_files(); }
+    void discard_files() noexcept { sending_.discard_files(); }
+
     // Documents
     std::int32_t answer(proc::a_create_doc_1, const str10&);
     boolean answer(proc::a_copy_doc_1, const a_copy_doc_i&);
@@ -153,6 +158,10 @@ class answers {
     std::string log_text(const str10& user, topftype pool, std::int32_t id) const;
 
     std::int32_t password_status(const str10& user, const str20& password) const;
+
+    // Whether a user of a server may be the replacement of `user`.
+    bool can_stand_in(std::string_view server, std::string_view userid,
+                      std::string_view user) const;
 
     template <class Record>
     bool may(const str10& user, right wanted, const std::optional<Record>& record) const;

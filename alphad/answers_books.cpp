@@ -7,11 +7,19 @@ namespace zerdix::alphad {
 
 namespace {
 
-// Whom a request comes from when it names nobody else.
+// The record with the owner it is meant to have: the one that it names, else the present one, and
+// for a new record whoever writes it. One that comes with neither owner nor rights says nothing of
+// them, so the present ones stay, and those of the group with them.
 template <class Record>
-Record owned(Record record, const str10& user) {
-    if (record.owner.empty())
-        record.owner = clean_key(user);
+Record owned(Record record, const std::optional<Record>& present, const str10& user) {
+    if (!record.owner.empty())
+        return record;
+    record.owner = present ? present->owner : clean_key(user);
+    if (present && record.perms == opaque<3>{}) {
+        record.perms = present->perms;
+        if (record.group.empty())
+            record.group = present->group;
+    }
     return record;
 }
 
@@ -34,8 +42,8 @@ Result answers::readable_list(const str10& user, record_rows<Record>&& rows, Rec
 }
 
 boolean answers::answer(proc::o_put_tbook_1, const o_put_tbook_i& in) {
-    const o_tebu wanted = owned(in.record, in.userid);
-    const auto present = store_.phone_books.book(wanted.tbookid);
+    const auto present = store_.phone_books.book(in.record.tbookid);
+    const o_tebu wanted = owned(in.record, present, in.userid);
     return yes((!present || rights_.may_replace(in.userid, *present, wanted)) &&
                store_.phone_books.put_book(wanted));
 }
@@ -87,8 +95,8 @@ boolean answers::answer(proc::o_del_tbookentry_1, const o_del_tbookentry_i& in) 
 }
 
 boolean answers::answer(proc::o_put_tgroup_1, const o_put_tgroup_i& in) {
-    const o_tgroup wanted = owned(in.record, in.userid);
-    const auto present = store_.phone_books.group(wanted.groupid);
+    const auto present = store_.phone_books.group(in.record.groupid);
+    const o_tgroup wanted = owned(in.record, present, in.userid);
     return yes((!present || rights_.may_replace(in.userid, *present, wanted)) &&
                store_.phone_books.put_group(wanted));
 }

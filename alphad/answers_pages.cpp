@@ -1,5 +1,6 @@
 #include "alphad/answers.h"
 #include "alphad/heap_result.h"
+#include "alphad/page_block.h"
 
 namespace zerdix::alphad {
 
@@ -10,6 +11,17 @@ constexpr std::int32_t most_block = 1 << 20;
 
 std::string_view view(const bytes& field) {
     return {reinterpret_cast<const char*>(field.data), field.length};
+}
+
+// Of other types nothing is known.
+bool is_refused(const pages& pages, picture_place place, std::int32_t offset,
+                std::string_view block) {
+    if (place.type != fax_picture)
+        return false;
+    if (offset == 0 && !may_become_picture(block))
+        return true;
+    const auto whole = pages.ended_by(place, offset, block);
+    return whole && !is_picture(*whole);
 }
 
 } // namespace
@@ -46,13 +58,15 @@ boolean answers::answer(proc::a_put_pageb_1, const a_put_pageb_i& in) {
     if (in.length < 0 || static_cast<std::uint32_t>(in.length) != in.data.length ||
         !own(in.userid, TOPF_P, in.faxid))
         return yes(false);
-    return yes(
-        store_.pages.put_block({in.faxid, in.page, in.picturetype}, in.offset, view(in.data)));
+    const picture_place place{in.faxid, in.page, in.picturetype};
+    return yes(!is_refused(store_.pages, place, in.offset, view(in.data)) &&
+               store_.pages.put_block(place, in.offset, view(in.data)));
 }
 
 // The older forms, a page in one piece.
 boolean answers::answer(proc::a_put_page_1, const a_put_page_i& in) {
     return yes(own(in.userid, TOPF_P, in.faxid) &&
+               (in.picturetype != fax_picture || is_picture(view(in.data))) &&
                store_.pages.put_block({in.faxid, in.page, in.picturetype}, 0, view(in.data)));
 }
 

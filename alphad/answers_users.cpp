@@ -24,7 +24,7 @@ boolean answers::answer(proc::o_put_user_1, const o_user_rec& in) {
     if (!record || !store_.directory.is_here(in.alphaid.view()))
         return yes(false);
     if (in.repl_active &&
-        store_.users.closes_cycle(in.userid.view(), in.repl_alphaid.view(), in.repl_userid.view()))
+        !can_stand_in(in.repl_alphaid.view(), in.repl_userid.view(), in.userid.view()))
         return yes(false);
     record->comment = in.comment;
     record->repl_alphaid = in.repl_alphaid;
@@ -34,14 +34,19 @@ boolean answers::answer(proc::o_put_user_1, const o_user_rec& in) {
     return yes(true);
 }
 
-// Whom other servers know isn't known here; their users are taken.
-boolean answers::answer(proc::a_check_cycle_1, const a_check_cycle_i& in) {
-    const std::string_view server = in.repl_alphaid.view(), userid = in.repl_userid.view();
-    if (!store_.users.find(in.userid.view()))
-        return yes(false);
+// Whom other servers know isn't known here; their users are taken. No user at all stands in for
+// nobody, which is right too.
+bool answers::can_stand_in(std::string_view server, std::string_view userid,
+                           std::string_view user) const {
     const bool unknown =
         !userid.empty() && store_.directory.is_here(server) && !store_.users.find(userid);
-    return yes(!unknown && !store_.users.closes_cycle(in.userid.view(), server, userid));
+    return !unknown && !store_.users.closes_cycle(user, server, userid);
+}
+
+// The answer has no room for a reason, so an unknown user is refused in the same way as a cycle.
+boolean answers::answer(proc::a_check_cycle_1, const a_check_cycle_i& in) {
+    return yes(store_.users.find(in.userid.view()) &&
+               can_stand_in(in.repl_alphaid.view(), in.repl_userid.view(), in.userid.view()));
 }
 
 a_get_users_o answers::answer(proc::a_get_users_1, const wire::none&) {

@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include <zerdix/records.h>
+
 #include "alphad/stored_record.h"
 
 namespace zerdix::alphad {
@@ -10,13 +12,48 @@ namespace {
 
 constexpr std::string_view name_id = "ALPHAID";
 
+// Goes through the stored records that name the server. `select` gives the record and its key of
+// two parts, which `update` takes in this order. All are read before the first is changed.
+template <class Record>
+void rename_in(database& db, const char* select, const char* update, str35 Record::*server,
+               const str35& from, const str35& to) {
+    struct keyed {
+        Record record;
+        std::string first, second;
+    };
+    std::vector<keyed> found;
+    for (statement row(db, select); row.step();) {
+        Record record = from_stored<Record>(row.bytes(0));
+        if ((record.*server).view() == from.view())
+            found.push_back({record, row.text(1), row.text(2)});
+    }
+    for (keyed& each : found) {
+        each.record.*server = to;
+        execute(db, update, to_stored(each.record), each.first, each.second);
+    }
+}
+
 void rename_server(database& db, const str35& from, const str35& to) {
     execute(db, "UPDATE users SET alphaid = ? WHERE alphaid = ?", whole_key(to), whole_key(from));
     execute(db, "UPDATE user_members SET alphaid = ? WHERE alphaid = ?", whole_key(to),
             whole_key(from));
+    rename_in(db, "SELECT record, userid, alphaid FROM users",
+              "UPDATE users SET record = ? WHERE userid = ? AND alphaid = ?",
+              &o_user_rec::repl_alphaid, from, to);
+    rename_in(db, "SELECT record, id, id FROM books",
+              "UPDATE books SET record = ? WHERE id = ? AND id = ?", &o_tebu::alphaid, from, to);
+    rename_in(db, "SELECT record, id, id FROM groups",
+              "UPDATE groups SET record = ? WHERE id = ? AND id = ?", &o_tgroup::alphaid, from, to);
 }
 
 } // namespace
+
+std::optional<std::int32_t> whole_number(std::string_view text) {
+    std::int32_t value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const bool is_whole = error == std::errc{} && end == text.data() + text.size();
+    return is_whole ? std::optional{value} : std::nullopt;
+}
 
 std::string directory::config(std::string_view id) const {
     statement row(db_, "SELECT value FROM config WHERE id = ?", id);
@@ -31,10 +68,7 @@ void directory::set_config(std::string_view id, std::string_view value) {
 }
 
 std::int32_t directory::number(std::string_view id, std::int32_t otherwise) const {
-    const std::string text = config(id);
-    std::int32_t value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc{} && end == text.data() + text.size() ? value : otherwise;
+    return whole_number(config(id)).value_or(otherwise);
 }
 
 str35 directory::server_name() const {

@@ -2,11 +2,16 @@
 #ifndef ZERDIX_ALPHAD_DIRECTORY_H
 #define ZERDIX_ALPHAD_DIRECTORY_H
 
+#include <optional>
+
 #include <zerdix/text.h>
 
 #include "alphad/database.h"
 
 namespace zerdix::alphad {
+
+// Nothing when the text isn't a whole number of 32 bits and nothing else.
+std::optional<std::int32_t> whole_number(std::string_view text);
 
 class directory {
   public:
@@ -14,10 +19,10 @@ class directory {
 
     // Empty when there is no such value.
     std::string config(std::string_view id) const;
-    // Another ALPHAID takes the users of this server with it.
+    // Another ALPHAID goes into all records that name this server.
     void set_config(std::string_view id, std::string_view value);
 
-    // A whole number, or another one when there is no value or it isn't one.
+    // The value as a whole number, or another one when there is no value or it isn't one.
     std::int32_t number(std::string_view id, std::int32_t otherwise) const;
 
     // The value ALPHAID, "alpha" when there is none.

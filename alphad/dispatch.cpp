@@ -19,6 +19,29 @@ struct held {
     held& operator=(const held&) = delete;
 };
 
+// One answer's work: in the store as a whole, with the files that belong to it, or undone.
+class unit_of_work {
+  public:
+    unit_of_work(database& db, answers& answers) : stored_(db), answers_(answers) {}
+    ~unit_of_work() {
+        if (!committed_)
+            answers_.discard_files();
+    }
+    unit_of_work(const unit_of_work&) = delete;
+    unit_of_work& operator=(const unit_of_work&) = delete;
+
+    void commit() {
+        stored_.commit();
+        committed_ = true;
+        answers_.settle_files();
+    }
+
+  private:
+    transaction stored_;
+    answers& answers_;
+    bool committed_ = false;
+};
+
 template <class P>
 concept answered = requires(answers& a, const typename P::argument& argument) {
     { a.answer(P{}, argument) } -> std::same_as<typename P::result>;
@@ -46,7 +69,7 @@ void dispatcher::reply(const typename P::argument& argument, bool refused, call&
     if constexpr (answered<P>) {
         if (!refused) {
             answers_.use_connection(taken.connection_number());
-            transaction work(store_.database());
+            unit_of_work work(store_.database(), answers_);
             result.record = answers_.answer(P{}, argument);
             work.commit();
         }

@@ -31,20 +31,20 @@ const char* word_of(job_state state) {
     }
 }
 
-std::string picture_path(const send_job& job, const std::filesystem::path& spool) {
-    return job.spool.empty() ? std::string{} : (spool / job.spool).string();
+std::string picture_path(const send_job& job, const spool_places& files) {
+    return job.spool.empty() ? std::string{} : files.find(job.spool).string();
 }
 
 using row = std::array<std::string, 7>;
 
-row row_of(const send_job& job, const std::filesystem::path& spool) {
+row row_of(const send_job& job, const spool_places& files) {
     return {std::to_string(job.record.faxid),
             readable(job.receiver),
             readable(job.record.phone.view()),
             std::to_string(job.record.pages),
             word_of(job.state()),
             readable(job.record.comment.view()),
-            picture_path(job, spool)};
+            picture_path(job, files)};
 }
 
 // In characters: bytes that only continue one don't count.
@@ -71,8 +71,8 @@ std::string quoted(const std::string& text) {
 }
 
 void print_json(std::ostream& out, const send_job& job, const std::vector<std::string>& log,
-                const std::filesystem::path& spool) {
-    const row cells = row_of(job, spool);
+                const spool_places& files) {
+    const row cells = row_of(job, files);
     out << "  {\"job\": " << cells[0] << ", \"desk\": " << job.desk
         << ", \"user\": " << quoted(readable(job.record.userid.view()))
         << ",\n   \"receiver\": " << quoted(cells[1]) << ", \"number\": " << quoted(cells[2])
@@ -90,7 +90,7 @@ void print_json(std::ostream& out, const send_job& job, const std::vector<std::s
 
 } // namespace
 
-void print_jobs(std::ostream& out, const store& store, const std::filesystem::path& spool) {
+void print_jobs(std::ostream& out, const store& store, const spool_places& files) {
     const std::vector<send_job> jobs = store.jobs.all();
     if (jobs.empty()) {
         out << "no send jobs\n";
@@ -98,7 +98,7 @@ void print_jobs(std::ostream& out, const store& store, const std::filesystem::pa
     }
     std::vector<row> rows{{"JOB", "RECEIVER", "NUMBER", "PAGES", "STATE", "TITLE", "PICTURE"}};
     for (const send_job& job : jobs)
-        rows.push_back(row_of(job, spool));
+        rows.push_back(row_of(job, files));
     std::array<std::size_t, 7> widths{};
     for (const row& cells : rows)
         for (std::size_t i = 0; i < cells.size(); ++i)
@@ -111,12 +111,12 @@ void print_jobs(std::ostream& out, const store& store, const std::filesystem::pa
     }
 }
 
-void print_jobs_json(std::ostream& out, const store& store, const std::filesystem::path& spool) {
+void print_jobs_json(std::ostream& out, const store& store, const spool_places& files) {
     out << "[";
     bool first = true;
     for (const send_job& job : store.jobs.all()) {
         out << (first ? "\n" : ",\n");
-        print_json(out, job, store.logs.all(job.record.faxid), spool);
+        print_json(out, job, store.logs.all(job.record.faxid), files);
         first = false;
     }
     out << (first ? "]\n" : "\n]\n");

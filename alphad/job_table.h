@@ -2,18 +2,18 @@
 #ifndef ZERDIX_ALPHAD_JOB_TABLE_H
 #define ZERDIX_ALPHAD_JOB_TABLE_H
 
-#include <filesystem>
 #include <ostream>
 
+#include "alphad/spool.h"
 #include "alphad/store.h"
 
 namespace zerdix::alphad {
 
 // UTF-8. Each job in a line, its log indented below.
-void print_jobs(std::ostream& out, const store& store, const std::filesystem::path& spool);
+void print_jobs(std::ostream& out, const store& store, const spool_places& files);
 
 // An array with an object for each job.
-void print_jobs_json(std::ostream& out, const store& store, const std::filesystem::path& spool);
+void print_jobs_json(std::ostream& out, const store& store, const spool_places& files);
 
 } // namespace zerdix::alphad
 

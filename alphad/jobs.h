@@ -14,7 +14,7 @@ namespace zerdix::alphad {
 // The status field of an outgoing document.
 enum class job_state : std::int32_t {
     waiting = 1, // for its time or for the night tariff
-    spooled = 2, // its picture lies in the spool folder; this server has no line to send it on
+    spooled = 2, // its file lies in the spool folder; this server has no line to send it on
     cancelled = 3,
 };
 
@@ -23,7 +23,7 @@ struct send_job {
     std::string receiver; // as it was asked for: a number, or BOOK:ENTRY
     a_s_rec record;       // with the receiver's number as phone
     bool cancelled;
-    std::string spool; // name of the TIFF file, empty when there is none
+    std::string spool; // the file as spool_places finds it, empty when there is none
 
     job_state state() const;
 };

@@ -30,6 +30,10 @@ constexpr sentence sentences[] = {
     {"$ps.document_deleted", "Dokument gel\xf6scht", "document supprim\xe9", "document deleted"},
     {"$as.job_spooled", "f\xfcr {n} abgelegt als {s}", "d\xe9pos\xe9 pour {n} : {s}",
      "spooled for {n} as {s}"},
+    {"$as.job_waits_for_time", "Auftrag f\xfcr {n} wartet bis {t}: {s}",
+     "envoi pour {n} attend jusqu'au {t} : {s}", "job for {n} waits until {t}: {s}"},
+    {"$as.job_waits_for_night", "Auftrag f\xfcr {n} wartet auf den Nachttarif: {s}",
+     "envoi pour {n} attend le tarif de nuit : {s}", "job for {n} waits for the night tariff: {s}"},
     {"$as.demo_document",
      "Beispieldokument, nicht \xfc"
      "bertragen",

@@ -49,10 +49,14 @@ fs::path new_spool_folder() {
     return name;
 }
 
+fs::path own_spool(const command_line& line) {
+    return fs::path{line.data} / own_spool_name;
+}
+
 fs::path spool_folder(const command_line& line) {
     if (!line.spool.empty())
         return line.spool;
-    return line.memory ? new_spool_folder() : fs::path{line.data} / "spool";
+    return line.memory ? new_spool_folder() : own_spool(line);
 }
 
 int serve(const command_line& line) {
@@ -83,7 +87,7 @@ std::string existing_store(const command_line& line) {
 
 int show_jobs(const command_line& line) {
     const store store(existing_store(line), database::access::read_only);
-    (line.json ? print_jobs_json : print_jobs)(std::cout, store, spool_folder(line));
+    (line.json ? print_jobs_json : print_jobs)(std::cout, store, {own_spool(line), line.spool});
     return EX_OK;
 }
 
@@ -94,8 +98,8 @@ int show_setting(const command_line& line) {
 }
 
 int change_setting(const command_line& line) {
-    store(existing_store(line))
-        .directory.set_config(line.key, zerdix::platform::utf8_to_cp1252(line.value));
+    store store(existing_store(line));
+    set_setting(store, line.key, line.value);
     return EX_OK;
 }
 
@@ -108,6 +112,12 @@ int new_user(const command_line& line) {
 int new_password(const command_line& line) {
     store store(existing_store(line));
     set_password(store, line.user, read_password(line.password_file));
+    return EX_OK;
+}
+
+int new_barcode(const command_line& line) {
+    store store(existing_store(line));
+    set_barcode(store, line.user, line.text);
     return EX_OK;
 }
 
@@ -158,8 +168,8 @@ int guarded(command run, const command_line& line) {
 }
 
 void add_user_commands(CLI::App& app, command_line& line, command& chosen) {
-    auto* user =
-        app.add_subcommand("user", "Add users, set passwords, list users")->require_subcommand(1);
+    auto* user = app.add_subcommand("user", "Add users, set passwords and barcodes, list users")
+                     ->require_subcommand(1);
     auto* add = user->add_subcommand("add", "Add a user, who can log in once there is a password");
     add->add_option("ID", line.user, "Up to 10 characters")->required();
     add->add_option("--name", line.name, "The user's name")->required();
@@ -169,6 +179,10 @@ void add_user_commands(CLI::App& app, command_line& line, command& chosen) {
     password->add_option("--password-file", line.password_file,
                          "Read it from this file's first line");
     password->callback([&chosen] { chosen = new_password; });
+    auto* barcode = user->add_subcommand("barcode", "Set the barcode of a user's cover pages");
+    barcode->add_option("ID", line.user, "The user")->required();
+    barcode->add_option("DIGITS", line.text, "Up to 20; \"\" for none")->required();
+    barcode->callback([&chosen] { chosen = new_barcode; });
     user->add_subcommand("list", "List the users")->callback([&chosen] { chosen = show_users; });
 }
 

@@ -34,32 +34,61 @@ std::uint32_t header_word(const unsigned char* from) {
     return word;
 }
 
+bool is_possible(std::uint32_t pixels) {
+    return pixels > 0 && pixels <= most_pixels;
+}
+
 std::optional<page_picture> picture_of(const unsigned char* block, std::size_t size) {
     if (size < header_size)
         return std::nullopt;
     const std::uint32_t width = header_word(block), height = header_word(block + 4);
     const std::size_t rows = (std::size_t{width} + 7) / 8 * height;
-    if (width == 0 || height == 0 || width > most_pixels || height > most_pixels ||
-        rows > size - header_size)
+    if (!is_possible(width) || !is_possible(height) || rows > size - header_size)
         return std::nullopt;
     return page_picture{static_cast<std::int32_t>(width),
                         static_cast<std::int32_t>(height),
                         {block + header_size, block + header_size + rows}};
 }
 
-} // namespace
+// What a stream gives; no bytes when it is none.
+struct expanded {
+    std::unique_ptr<unsigned char, free_block> bytes;
+    std::size_t size = 0;
+};
 
-std::optional<page_picture> expand_page(std::string_view compressed) {
+expanded expand(std::string_view compressed) {
     unsigned char* output = nullptr;
     std::int32_t length = 0;
     const auto* input = reinterpret_cast<const unsigned char*>(compressed.data());
     const bool good =
         pages::uncompress_mem_2_mem(input, static_cast<std::int32_t>(compressed.size()), &output,
                                     &length) == 0;
-    const std::unique_ptr<unsigned char, free_block> owner{output};
-    if (!good || length <= 0)
-        return std::nullopt;
-    return picture_of(output, static_cast<std::size_t>(length));
+    return {std::unique_ptr<unsigned char, free_block>{output},
+            good ? static_cast<std::size_t>(length) : 0};
+}
+
+bool is_stream(std::string_view bytes) {
+    return bytes.starts_with("\x1f\x9d");
+}
+
+} // namespace
+
+std::optional<page_picture> expand_page(std::string_view compressed) {
+    const expanded page = expand(compressed);
+    return picture_of(page.bytes.get(), page.size);
+}
+
+bool may_become_picture(std::string_view beginning) {
+    constexpr std::size_t enough = 64; // bytes of a stream, for those of the header
+    if (!is_stream(beginning))
+        return true;
+    const expanded head = expand(beginning.substr(0, enough));
+    return head.size < header_size || (is_possible(header_word(head.bytes.get())) &&
+                                       is_possible(header_word(head.bytes.get() + 4)));
+}
+
+bool is_picture(std::string_view compressed) {
+    return !is_stream(compressed) || expand_page(compressed);
 }
 
 // The stored form has the leftmost pixel in bit 0; its header words aren't mirrored.

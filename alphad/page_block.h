@@ -27,6 +27,15 @@ struct page_picture {
 // Nothing unless the bytes are a compressed page block whose rows are all there.
 std::optional<page_picture> expand_page(std::string_view compressed);
 
+// What a fax can't be made of is refused as early as it shows. Bytes that don't begin as a
+// compressed stream are nobody's page, and not refused here.
+//
+// Whether a page that begins so may become a picture: its width and its height are possible ones,
+// or haven't come yet.
+bool may_become_picture(std::string_view beginning);
+// Whether a page that is all there is one.
+bool is_picture(std::string_view compressed);
+
 // The picture as it is stored. Throws std::bad_alloc.
 std::string compress_page(const page_picture& page);
 

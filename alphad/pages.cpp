@@ -1,11 +1,13 @@
 #include "alphad/pages.h"
 
+#include "alphad/picture_blocks.h"
+
 namespace zerdix::alphad {
 
 namespace {
 
 // Of a row of pictures: it ended, or it is a single block.
-#define WHOLE "(ended OR length(data) = block)"
+#define WHOLE "(ended OR size = block)"
 
 bool on_page(std::int16_t page, std::int16_t last) {
     return page >= 1 && page <= last;
@@ -45,58 +47,70 @@ bool pages::put_block(picture_place place, std::int32_t offset, std::string_view
 }
 
 void pages::begin_picture(picture_place place, std::string_view block) {
+    const auto size = static_cast<std::int64_t>(block.size());
+    execute(db_, "DELETE FROM pictures WHERE document = ? AND page = ? AND type = ?",
+            place.document, place.page, place.type);
     execute(db_,
-            "INSERT OR REPLACE INTO pictures (document, page, type, block, ended, data) "
-            "VALUES (?, ?, ?, ?, 0, ?)",
-            place.document, place.page, place.type, static_cast<std::int64_t>(block.size()), block);
+            "INSERT INTO pictures (document, page, type, block, size, ended) "
+            "VALUES (?, ?, ?, ?, ?, 0)",
+            place.document, place.page, place.type, size, size);
+    append_bytes(db_, db_.last_id(), 0, block);
 }
 
 bool pages::continue_picture(picture_place place, std::int32_t offset, std::string_view block) {
-    statement row(db_,
-                  "SELECT data, block FROM pictures "
-                  "WHERE document = ? AND page = ? AND type = ? AND NOT ended",
-                  place.document, place.page, place.type);
-    if (!row.step())
+    const auto found = find(place);
+    const auto size = static_cast<std::int64_t>(block.size());
+    if (!found || found->ended || offset != found->size || size > found->block ||
+        found->size + size > std::int64_t{most_picture_bytes})
         return false;
-    std::string data = row.text(0);
-    const auto full = static_cast<std::size_t>(row.integer(1));
-    if (static_cast<std::size_t>(offset) != data.size() || block.size() > full ||
-        data.size() + block.size() > most_picture_bytes)
-        return false;
-    data += block;
-    return execute(db_,
-                   "UPDATE pictures SET data = ?, ended = ? "
-                   "WHERE document = ? AND page = ? AND type = ?",
-                   data, block.size() < full, place.document, place.page, place.type) == 1;
+    append_bytes(db_, found->id, found->size, block);
+    execute(db_, "UPDATE pictures SET size = size + ?, ended = ? WHERE id = ?", size,
+            size < found->block, found->id);
+    return true;
 }
 
-std::optional<std::string> pages::picture(picture_place place) const {
+std::optional<std::string> pages::ended_by(picture_place place, std::int32_t offset,
+                                           std::string_view block) const {
+    if (offset == 0)
+        return block.size() < shortest_block ? std::optional{std::string{block}} : std::nullopt;
+    const auto found = find(place);
+    if (!found || found->ended || offset != found->size ||
+        static_cast<std::int64_t>(block.size()) >= found->block)
+        return std::nullopt;
+    return read_bytes(db_, found->id, 0, found->size).append(block);
+}
+
+std::optional<pages::stored_picture> pages::find(picture_place place) const {
     statement row(db_,
-                  "SELECT data FROM pictures WHERE document = ? AND page = ? AND type = ? "
-                  "AND " WHOLE,
+                  "SELECT id, block, size, ended FROM pictures "
+                  "WHERE document = ? AND page = ? AND type = ?",
                   place.document, place.page, place.type);
     if (!row.step())
         return std::nullopt;
-    return row.text(0);
+    return stored_picture{row.integer(0), row.integer(1), row.integer(2), row.flag(3)};
+}
+
+std::optional<pages::stored_picture> pages::find_whole(picture_place place) const {
+    const auto found = find(place);
+    return found && (found->ended || found->size == found->block) ? found : std::nullopt;
+}
+
+std::optional<std::string> pages::picture(picture_place place) const {
+    const auto found = find_whole(place);
+    return found ? std::optional{read_bytes(db_, found->id, 0, found->size)} : std::nullopt;
 }
 
 std::int32_t pages::picture_size(picture_place place) const {
-    statement row(db_,
-                  "SELECT length(data) FROM pictures WHERE document = ? AND page = ? AND type = ? "
-                  "AND " WHOLE,
-                  place.document, place.page, place.type);
-    return row.step() ? row.number(0) : 0;
+    const auto found = find_whole(place);
+    return found ? static_cast<std::int32_t>(found->size) : 0;
 }
 
 std::string pages::picture_part(picture_place place, std::int32_t offset,
                                 std::int32_t length) const {
-    if (offset < 0 || length <= 0)
+    const auto found = find_whole(place);
+    if (!found || offset < 0 || length <= 0)
         return {};
-    statement row(db_,
-                  "SELECT substr(data, ? + 1, ?) FROM pictures "
-                  "WHERE document = ? AND page = ? AND type = ? AND " WHOLE,
-                  std::int64_t{offset}, length, place.document, place.page, place.type);
-    return row.step() ? row.text(0) : std::string{};
+    return read_bytes(db_, found->id, offset, length);
 }
 
 bool pages::insert(std::int32_t document, std::int16_t page) {
@@ -126,12 +140,8 @@ bool pages::copy(std::int32_t source, std::int16_t source_page, std::int32_t tar
         return false;
     if (source == target && source_page == target_page)
         return true;
-    execute(db_, "DELETE FROM pictures WHERE document = ? AND page = ?", target, target_page);
-    execute(db_,
-            "INSERT INTO pictures (document, page, type, block, ended, data) "
-            "SELECT ?, ?, type, block, 1, data FROM pictures "
-            "WHERE document = ? AND page = ? AND " WHOLE,
-            target, target_page, source, source_page);
+    copy_pictures(source, source_page, source_page, target,
+                  static_cast<std::int16_t>(target_page - source_page));
     if (target_page > last)
         set_count(target, target_page);
     return true;
@@ -139,11 +149,28 @@ bool pages::copy(std::int32_t source, std::int16_t source_page, std::int32_t tar
 
 void pages::copy_all(std::int32_t source, std::int32_t target) {
     execute(db_, "DELETE FROM pictures WHERE document = ?", target);
-    execute(db_,
-            "INSERT INTO pictures (document, page, type, block, ended, data) "
-            "SELECT ?, page, type, block, 1, data FROM pictures WHERE document = ? AND " WHOLE,
-            target, source);
+    copy_pictures(source, 1, most_pages, target, 0);
     set_count(target, count(source));
+}
+
+// Those of the source's pages from one to another, each `by` pages further on.
+void pages::copy_pictures(std::int32_t source, std::int16_t first, std::int16_t last,
+                          std::int32_t target, std::int16_t by) {
+    execute(db_, "DELETE FROM pictures WHERE document = ? AND page BETWEEN ? AND ?", target,
+            first + by, last + by);
+    execute(db_,
+            "INSERT INTO pictures (document, page, type, block, size, ended) "
+            "SELECT ?, page + ?, type, block, size, 1 FROM pictures "
+            "WHERE document = ? AND page BETWEEN ? AND ? AND " WHOLE,
+            target, by, source, first, last);
+    execute(db_,
+            "INSERT INTO picture_blocks (picture, start, data) "
+            "SELECT copy.id, start, data FROM pictures AS copy "
+            "JOIN pictures AS original ON original.document = ? "
+            "AND original.page = copy.page - ? AND original.type = copy.type "
+            "JOIN picture_blocks ON picture = original.id "
+            "WHERE copy.document = ? AND copy.page BETWEEN ? AND ?",
+            source, by, target, first + by, last + by);
 }
 
 void pages::set_count(std::int32_t document, std::int16_t count) {

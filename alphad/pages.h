@@ -22,6 +22,9 @@ constexpr std::int16_t picture_types = 32;
 // Larger pictures are refused.
 constexpr std::size_t most_picture_bytes = 16u << 20;
 
+// Clients send blocks of at least so many bytes, but for a picture's last one.
+constexpr std::size_t shortest_block = 512;
+
 // The picture types that this server knows something of.
 constexpr std::int16_t fax_picture = 0; // a compressed page block, what goes over a fax line
 constexpr std::int16_t text_page = 4;   // a text, which becomes a telex on the telex printer
@@ -46,6 +49,11 @@ class pages {
     // when it isn't, or when the block doesn't fit what came before.
     bool put_block(picture_place place, std::int32_t offset, std::string_view block);
 
+    // The picture as it will be with this block, when the block is its last one for certain: a
+    // shorter one than the first, or a first one below the length of any block of a client.
+    std::optional<std::string> ended_by(picture_place place, std::int32_t offset,
+                                        std::string_view block) const;
+
     // Nothing when there is no whole picture.
     std::optional<std::string> picture(picture_place place) const;
     std::int32_t picture_size(picture_place place) const;
@@ -63,6 +71,16 @@ class pages {
     void copy_all(std::int32_t source, std::int32_t target);
 
   private:
+    struct stored_picture {
+        std::int64_t id;
+        std::int64_t block; // length of the first block
+        std::int64_t size;
+        bool ended; // a shorter block has come
+    };
+    std::optional<stored_picture> find(picture_place place) const;
+    std::optional<stored_picture> find_whole(picture_place place) const;
+    void copy_pictures(std::int32_t source, std::int16_t first, std::int16_t last,
+                       std::int32_t target, std::int16_t by);
     void begin_picture(picture_place place, std::string_view block);
     bool continue_picture(picture_place place, std::int32_t offset, std::string_view block);
     void set_count(std::int32_t document, std::int16_t count);

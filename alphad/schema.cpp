@@ -1,6 +1,7 @@
 #include "alphad/schema.h"
 
 #include "alphad/directory.h"
+#include "alphad/picture_blocks.h"
 #include "alphad/users.h"
 
 namespace zerdix::alphad {
@@ -49,7 +50,7 @@ CREATE TABLE jobs (
     receiver BLOB NOT NULL,     -- as it was asked for
     record   BLOB NOT NULL,     -- a_s_rec
     cancelled INTEGER NOT NULL,
-    spool    BLOB NOT NULL      -- file name in the spool folder
+    spool    BLOB NOT NULL      -- file, by its name or its path
 );
 
 CREATE TABLE books (
@@ -142,6 +143,38 @@ ALTER TABLE documents ADD COLUMN error INTEGER NOT NULL DEFAULT 0;
 ALTER TABLE documents ADD COLUMN forwarder BLOB NOT NULL DEFAULT x'';
 )sql";
 
+// What version 3 changed: the bytes of a picture stand in rows of their own, and spooled files wait
+// for the work that they belong to.
+constexpr const char* third_tables = R"sql(
+ALTER TABLE pictures RENAME TO old_pictures;
+
+CREATE TABLE pictures (
+    id       INTEGER PRIMARY KEY,
+    document INTEGER NOT NULL REFERENCES documents ON DELETE CASCADE,
+    page     INTEGER NOT NULL,
+    type     INTEGER NOT NULL,
+    block    INTEGER NOT NULL,  -- length of the first block
+    size     INTEGER NOT NULL,
+    ended    INTEGER NOT NULL,  -- a shorter block has come
+    UNIQUE (document, page, type)
+);
+
+CREATE TABLE picture_blocks (
+    picture INTEGER NOT NULL REFERENCES pictures ON DELETE CASCADE,
+    start   INTEGER NOT NULL,   -- offset in the picture
+    data    BLOB NOT NULL,
+    PRIMARY KEY (picture, start)
+);
+
+CREATE TABLE file_changes (
+    file    BLOB PRIMARY KEY,   -- by its name or its path
+    appears INTEGER NOT NULL    -- otherwise it goes
+) WITHOUT ROWID;
+
+INSERT INTO pictures (id, document, page, type, block, size, ended)
+    SELECT rowid, document, page, type, block, length(data), ended FROM old_pictures;
+)sql";
+
 std::int32_t pragma(database& db, const char* sql) {
     statement row(db, sql);
     return row.step() ? row.number(0) : 0;
@@ -156,7 +189,7 @@ void set_version(database& db) {
 }
 
 // Users of version 1 had a name alone.
-void bring_up_to_date(database& db) {
+void bring_to_second(database& db) {
     db.run("ALTER TABLE users RENAME TO old_users");
     db.run(second_tables);
     {
@@ -167,13 +200,29 @@ void bring_up_to_date(database& db) {
             known.add(row.bytes(0), row.bytes(1));
     }
     db.run("DROP TABLE old_users");
-    set_version(db);
+}
+
+// Pictures of version 2 were one value each.
+void bring_to_third(database& db) {
+    db.run(third_tables);
+    {
+        statement row(db, "SELECT rowid, data FROM old_pictures");
+        while (row.step())
+            append_bytes(db, row.integer(0), 0, row.bytes(1));
+    }
+    db.run("DROP TABLE old_pictures");
 }
 
 void make(database& db) {
     db.run(first_tables);
     db.run(second_tables);
-    set_version(db);
+    bring_to_third(db);
+}
+
+void bring_up_to_date(database& db, std::int32_t from) {
+    if (from == 1)
+        bring_to_second(db);
+    bring_to_third(db);
 }
 
 } // namespace
@@ -186,7 +235,7 @@ void require_schema(database& db) {
         throw database_error("the store was written by a newer version of alphad (tables " +
                              std::to_string(found) + ", this one knows " +
                              std::to_string(schema_version) + ")");
-    if (found == 1)
+    if (found >= 1)
         throw database_error("the store was written by an older version of alphad; start the "
                              "server on it once to bring it up to date");
     throw database_error("the store isn't one of alphad's");
@@ -198,18 +247,18 @@ schema_change prepare_schema(database& db) {
     db.run("PRAGMA synchronous = NORMAL");
     transaction making(db);
     const std::int32_t found = pragma(db, "PRAGMA user_version");
-    schema_change change = schema_change::none;
-    if (found == 0 && is_empty(db)) {
+    const bool is_new = found == 0 && is_empty(db);
+    const bool is_older = found >= 1 && found < schema_version;
+    if (is_new)
         make(db);
-        change = schema_change::made;
-    } else if (found == 1) {
-        bring_up_to_date(db);
-        change = schema_change::brought_up_to_date;
-    } else {
+    else if (is_older)
+        bring_up_to_date(db, found);
+    else
         require_schema(db);
-    }
+    if (is_new || is_older)
+        set_version(db);
     making.commit();
-    return change;
+    return {is_new, is_older ? found : 0};
 }
 
 } // namespace zerdix::alphad

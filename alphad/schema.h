@@ -6,9 +6,12 @@
 
 namespace zerdix::alphad {
 
-constexpr std::int32_t schema_version = 2;
+constexpr std::int32_t schema_version = 3;
 
-enum class schema_change { none, made, brought_up_to_date };
+struct schema_change {
+    bool made = false;
+    std::int32_t older = 0; // the version that was brought up to date, 0 for none
+};
 
 // Makes the tables of an empty store, and brings those of an older version up to date. Throws
 // database_error when the store was written by a newer version or isn't ours.

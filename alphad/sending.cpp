@@ -1,5 +1,7 @@
 #include "alphad/sending.h"
 
+#include <ctime>
+
 #include "alphad/log_text.h"
 #include "platform/encoding.h"
 
@@ -25,6 +27,30 @@ std::optional<reference> read_reference(std::string_view phone) {
     found.book.assign(phone.substr(0, colon));
     found.entry.assign(phone.substr(colon + 1));
     return found;
+}
+
+std::string file_name_of(const std::string& kept) {
+    return std::filesystem::path{kept}.filename().string();
+}
+
+std::string time_of(std::int32_t seconds) {
+    const std::time_t time = seconds;
+    std::tm local{};
+    localtime_r(&time, &local);
+    char text[32];
+    std::strftime(text, sizeof text, "%Y-%m-%d %H:%M", &local);
+    return text;
+}
+
+// The log's line about a job whose file lies ready.
+std::string event_of(const send_job& job) {
+    const a_s_rec& record = job.record;
+    std::string event = "$as.job_spooled:";
+    if (record.nighttariff)
+        event = "$as.job_waits_for_night:";
+    else if (job.state() == job_state::waiting)
+        event = "$as.job_waits_for_time: $t:=" + time_of(record.sendtime);
+    return event + " $n:=" + std::string{record.phone.view()} + " $s:=" + file_name_of(job.spool);
 }
 
 } // namespace
@@ -125,20 +151,55 @@ bool sending::spool_again(send_job& job) {
 
 void sending::spool_job(send_job& job, message what) {
     const a_s_rec& record = job.record;
-    const std::string number = platform::cp1252_to_utf8(record.phone.view());
     job.cancelled = false;
-    if (record.nettype == NETTYPE_TELEX) {
-        job.spool = spool::file_name(record.faxid, "telex" + number, ".txt");
-        spool_.write_text(job.spool, what.telex);
-    } else {
-        job.spool = spool::file_name(record.faxid, number);
-        spool_.write(job.spool,
-                     {std::move(what.pages), platform::cp1252_to_utf8(record.comment.view()),
-                      "To " + number, record.resolution == resolution_normal});
-    }
+    job.spool = write_file(record, std::move(what));
+    change_file(job.spool, true);
     store_.jobs.put(job);
-    store_.logs.add(record.faxid, log_line("$as.job_spooled: $n:=" +
-                                           std::string{record.phone.view()} + " $s:=" + job.spool));
+    store_.logs.add(record.faxid, log_line(event_of(job)));
+}
+
+// As it is kept.
+std::string sending::write_file(const a_s_rec& record, message what) {
+    const std::string number = platform::cp1252_to_utf8(record.phone.view());
+    if (record.nettype == NETTYPE_TELEX) {
+        const std::string name =
+            spool_.kept(spool::file_name(record.faxid, "telex" + number, ".txt"));
+        spool_.write_text(name, what.telex);
+        return name;
+    }
+    const std::string name = spool_.kept(spool::file_name(record.faxid, number));
+    spool_.write(name, {std::move(what.pages), platform::cp1252_to_utf8(record.comment.view()),
+                        "To " + number, record.resolution == resolution_normal});
+    return name;
+}
+
+void sending::change_file(const std::string& name, bool appears) {
+    store_.file_changes.put({name, appears});
+    files_to_settle_ = true;
+}
+
+void sending::settle_files() {
+    if (!files_to_settle_)
+        return;
+    files_to_settle_ = false;
+    for (const file_change& change : store_.file_changes.all())
+        change.appears ? spool_.publish(change.file) : spool_.remove(change.file);
+    store_.file_changes.clear();
+}
+
+void sending::adopt_files() {
+    transaction work(store_.database());
+    for (send_job job : store_.jobs.all())
+        if (!job.spool.empty() && spool_.holds(job.spool)) {
+            job.spool = spool_.kept(job.spool);
+            store_.jobs.put(job);
+        }
+    work.commit();
+}
+
+void sending::discard_files() noexcept {
+    files_to_settle_ = false;
+    spool_.discard();
 }
 
 bool sending::change(const a_chg_s_rec_i& wanted) {
@@ -164,7 +225,7 @@ bool sending::cancel(std::int32_t id) {
     auto job = store_.jobs.find(id);
     if (!job || job->state() != job_state::waiting)
         return false;
-    spool_.remove(job->spool);
+    change_file(job->spool, false);
     job->cancelled = true;
     job->spool.clear();
     store_.jobs.put(*job);
@@ -217,8 +278,9 @@ bool sending::print(const document& printed, const a_print_doc_i& wanted) {
     const std::string printer{wanted.printer.view()};
     const std::string range = std::to_string(wanted.frompage) + "-" + std::to_string(wanted.topage);
     const std::string name = spool::file_name(printed.id, "print" + printer);
-    spool_.write(name, {std::move(*pages), platform::cp1252_to_utf8(printed.comment),
-                        "For printer " + platform::cp1252_to_utf8(printer), false});
+    spool_.write(spool_.kept(name), {std::move(*pages), platform::cp1252_to_utf8(printed.comment),
+                                     "For printer " + platform::cp1252_to_utf8(printer), false});
+    change_file(spool_.kept(name), true);
     store_.logs.add(printed.id,
                     log_line("$as.printed: $p:=" + range + " $d:=" + printer + " $s:=" + name));
     return true;

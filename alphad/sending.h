@@ -15,7 +15,7 @@ namespace zerdix::alphad {
 class sending {
   public:
     // Both must outlive the object.
-    sending(alphad::store& store, const alphad::spool& spool)
+    sending(alphad::store& store, alphad::spool& spool)
         : store_(store), spool_(spool), rights_(store.users, store.user_groups) {}
 
     // Makes an outgoing document, the server's own copy, with a send job, and spools its picture.
@@ -32,6 +32,16 @@ class sending {
     // its control record in front: it becomes an outgoing document of the user that the record
     // names, with a send job; when the record names no receiver, a document on that user's desk.
     bool print(const document& printed, const a_print_doc_i& wanted);
+
+    // Files change in two steps: an operation writes them beside their places and notes in the
+    // store what is to become of them. Call settle_files once its work is in the store for good,
+    // and at the start; discard_files when the work was undone. settle_files throws spool_error.
+    void settle_files();
+    void discard_files() noexcept;
+
+    // For a store of an older version, which kept the names of files and not their folder: those
+    // that lie in the present one are noted as such.
+    void adopt_files();
 
   private:
     struct receiver {
@@ -55,11 +65,14 @@ class sending {
     void lay_on_desk(const document& telex, const telex_order& order);
     void end_without_line(send_job& job);
     void spool_job(send_job& job, message what);
+    std::string write_file(const a_s_rec& record, message what);
+    void change_file(const std::string& name, bool appears);
     bool spool_again(send_job& job);
 
     alphad::store& store_;
-    const alphad::spool& spool_;
+    alphad::spool& spool_;
     alphad::rights rights_;
+    bool files_to_settle_ = true; // at the start those of a server that was killed
 };
 
 } // namespace zerdix::alphad

@@ -17,10 +17,16 @@ void use_time_zone(const directory& directory) {
     tzset();
 }
 
+std::filesystem::path own_spool(const service_options& options) {
+    if (options.store == ":memory:")
+        return {};
+    return std::filesystem::path{options.store}.parent_path() / own_spool_name;
+}
+
 } // namespace
 
 service::service(const service_options& options, alphad::gate& gate)
-    : store_(options.store), spool_(options.spool), sending_(store_, spool_),
+    : store_(options.store), spool_(options.spool, own_spool(options)), sending_(store_, spool_),
       answers_(store_, sending_), calls_(options.calls),
       dispatcher_(store_, answers_, gate, calls_) {
     if (options.demo_data && store_.is_new()) {
@@ -31,10 +37,14 @@ service::service(const service_options& options, alphad::gate& gate)
             add_demo_cover(store_);
         }
     }
-    if (store_.is_from_older_version())
+    if (store_.older_version() == 1)
         std::cerr << "alphad: the store was brought up from an older version; its users have no "
                      "passwords yet (alphad user password ID)"
                   << std::endl;
+    if (store_.older_version() != 0)
+        sending_.adopt_files();
+    sending_.settle_files();
+    spool_.sweep();
     use_time_zone(store_.directory);
     server_.emplace(dispatcher_, options.listen, options.port);
 }

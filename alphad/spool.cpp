@@ -2,77 +2,29 @@
 
 #include <cctype>
 #include <cstdio>
-#include <ctime>
 #include <fstream>
-#include <memory>
-#include <tiffio.h>
 
 namespace zerdix::alphad {
 
 namespace {
 
-constexpr double across = 204, fine = 196, normal = 98; // dots per inch
+constexpr std::string_view part_ending = ".part";
 
-struct close_tiff {
-    void operator()(TIFF* file) const { TIFFClose(file); }
-};
-
-std::string tiff_time() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    char text[32];
-    std::strftime(text, sizeof text, "%Y:%m:%d %H:%M:%S", &local);
-    return text;
-}
-
-void set_form(TIFF* file, const page_picture& page, bool is_normal) {
-    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(page.width));
-    TIFFSetField(file, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(page.height));
-    TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 1);
-    TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, 1);
-    TIFFSetField(file, TIFFTAG_COMPRESSION, COMPRESSION_CCITTFAX4);
-    TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
-    TIFFSetField(file, TIFFTAG_FILLORDER, FILLORDER_MSB2LSB);
-    TIFFSetField(file, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
-    TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, static_cast<std::uint32_t>(page.height));
-    TIFFSetField(file, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
-    TIFFSetField(file, TIFFTAG_XRESOLUTION, across);
-    TIFFSetField(file, TIFFTAG_YRESOLUTION, is_normal ? normal : fine);
-}
-
-void set_labels(TIFF* file, const spooled_picture& picture, std::size_t index) {
-    TIFFSetField(file, TIFFTAG_SUBFILETYPE, FILETYPE_PAGE);
-    TIFFSetField(file, TIFFTAG_PAGENUMBER, static_cast<int>(index),
-                 static_cast<int>(picture.pages.size()));
-    TIFFSetField(file, TIFFTAG_DOCUMENTNAME, picture.title.c_str());
-    TIFFSetField(file, TIFFTAG_IMAGEDESCRIPTION, picture.description.c_str());
-    TIFFSetField(file, TIFFTAG_DATETIME, tiff_time().c_str());
-    TIFFSetField(file, TIFFTAG_SOFTWARE, "alphad");
-}
-
-// The encoder reads the rows and doesn't change them.
-bool write_rows(TIFF* file, const page_picture& page) {
-    auto* rows = const_cast<unsigned char*>(page.rows.data());
-    return TIFFWriteEncodedStrip(file, 0, rows, static_cast<tmsize_t>(page.rows.size())) >= 0;
-}
-
-bool write_file(const char* path, const spooled_picture& picture) {
-    const std::unique_ptr<TIFF, close_tiff> file{TIFFOpen(path, "w")};
-    if (!file)
-        return false;
-    for (std::size_t i = 0; i < picture.pages.size(); ++i) {
-        set_form(file.get(), picture.pages[i], picture.normal);
-        set_labels(file.get(), picture, i);
-        if (!write_rows(file.get(), picture.pages[i]) || !TIFFWriteDirectory(file.get()))
-            return false;
-    }
-    return TIFFFlush(file.get()) == 1;
+std::filesystem::path whole(const std::filesystem::path& path) {
+    if (path.empty())
+        return path;
+    const std::filesystem::path normal = std::filesystem::absolute(path).lexically_normal();
+    return normal.has_filename() ? normal : normal.parent_path();
 }
 
 } // namespace
 
-spool::spool(std::filesystem::path folder) : folder_(std::move(folder)) {
+std::filesystem::path spool_places::find(const std::string& kept) const {
+    return all.empty() ? own / kept : all / std::filesystem::path{kept}.filename();
+}
+
+spool::spool(const std::filesystem::path& folder, std::filesystem::path own)
+    : folder_(whole(folder)), own_(whole(own)) {
     std::error_code error;
     std::filesystem::create_directories(folder_, error);
     if (error)
@@ -80,36 +32,63 @@ spool::spool(std::filesystem::path folder) : folder_(std::move(folder)) {
                           " can't be made: " + error.message());
 }
 
-std::filesystem::path spool::part_of(const std::string& name) const {
-    return folder_ / ("." + name + ".part");
+bool spool::holds(const std::string& name) const {
+    return std::filesystem::exists(folder_ / name);
 }
 
-void spool::finish(const std::string& name, bool written) const {
-    std::error_code error;
-    if (written)
-        std::filesystem::rename(part_of(name), folder_ / name, error);
-    if (written && !error)
-        return;
-    const std::string reason = error ? ": " + error.message() : "";
-    std::filesystem::remove(part_of(name), error);
-    throw spool_error("the file " + (folder_ / name).string() + " can't be written" + reason);
+std::string spool::kept(const std::string& name) const {
+    return folder_ == own_ ? name : (folder_ / name).string();
 }
 
-void spool::write(const std::string& name, const spooled_picture& picture) const {
-    finish(name, write_file(part_of(name).c_str(), picture));
+std::filesystem::path spool::part_of(const std::string& kept) const {
+    const std::filesystem::path path = path_of(kept);
+    return path.parent_path() / ("." + path.filename().string()).append(part_ending);
 }
 
-void spool::write_text(const std::string& name, std::string_view text) const {
-    std::ofstream file{part_of(name), std::ios::binary};
+void spool::require(bool done, const std::string& kept, const std::string& reason) const {
+    if (!done)
+        throw spool_error("the file " + path_of(kept).string() + " can't be written" + reason);
+}
+
+void spool::write(const std::string& kept, const spooled_picture& picture) {
+    parts_.push_back(kept);
+    require(write_fax_tiff(part_of(kept), picture), kept);
+}
+
+void spool::write_text(const std::string& kept, std::string_view text) {
+    parts_.push_back(kept);
+    std::ofstream file{part_of(kept), std::ios::binary};
     file << text;
     file.close();
-    finish(name, !file.fail());
+    require(!file.fail(), kept);
 }
 
-void spool::remove(const std::string& name) const {
+void spool::publish(const std::string& kept) {
+    std::erase(parts_, kept);
     std::error_code error;
-    if (!name.empty())
-        std::filesystem::remove(folder_ / name, error);
+    std::filesystem::rename(part_of(kept), path_of(kept), error);
+    require(!error || error == std::errc::no_such_file_or_directory, kept, ": " + error.message());
+}
+
+void spool::discard() noexcept {
+    std::error_code error;
+    for (const std::string& kept : parts_)
+        std::filesystem::remove(part_of(kept), error);
+    parts_.clear();
+}
+
+void spool::remove(const std::string& kept) const {
+    std::error_code error;
+    std::filesystem::remove(path_of(kept), error);
+}
+
+void spool::sweep() const {
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_, error)) {
+        const std::string name = entry.path().filename().string();
+        if (name.starts_with('.') && name.ends_with(part_ending))
+            std::filesystem::remove(entry.path(), error);
+    }
 }
 
 std::string spool::file_name(std::int32_t id, std::string_view text, std::string_view ending) {

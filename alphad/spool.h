@@ -1,13 +1,12 @@
-// The spool folder: what would go over the line, as multi-page TIFF files in Group 4 coding.
+// The spool folder: what would go over the line or to a printer, as files.
 #ifndef ZERDIX_ALPHAD_SPOOL_H
 #define ZERDIX_ALPHAD_SPOOL_H
 
 #include <filesystem>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
-#include "alphad/page_block.h"
+#include "alphad/fax_tiff.h"
 
 namespace zerdix::alphad {
 
@@ -16,36 +15,58 @@ class spool_error : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-struct spooled_picture {
-    std::vector<page_picture> pages;
-    std::string title;       // UTF-8
-    std::string description; // UTF-8
-    bool normal;             // 98 rows to the inch instead of 196
+// The spool folder in the data folder.
+constexpr const char* own_spool_name = "spool";
+
+// Where the files of a store lie. The store keeps the name of a file in its own folder and the
+// whole path of any other, so that a store can move with its folder.
+struct spool_places {
+    std::filesystem::path own; // the folder "spool" beside the store, empty for a store in memory
+    std::filesystem::path all; // where all files are now, whatever was kept; empty: as kept
+
+    // Of a file as it is kept.
+    std::filesystem::path find(const std::string& kept) const;
 };
 
 class spool {
   public:
-    // Makes the folder. Throws spool_error.
-    explicit spool(std::filesystem::path folder);
+    // Makes the folder. Files are called as they are kept in a store whose own folder is `own`.
+    // Throws spool_error.
+    explicit spool(const std::filesystem::path& folder, std::filesystem::path own = {});
 
-    const std::filesystem::path& folder() const { return folder_; }
+    // Whether there is such a file in the folder, and how a file of the folder is kept.
+    bool holds(const std::string& name) const;
+    std::string kept(const std::string& name) const;
 
-    // The file appears whole under its name, or not at all. Throws spool_error.
-    void write(const std::string& name, const spooled_picture& picture) const;
+    // Writes the file beside its place; it appears under its name when it is published. Throw
+    // spool_error.
+    void write(const std::string& kept, const spooled_picture& picture);
+    void write_text(const std::string& kept, std::string_view text);
 
-    void write_text(const std::string& name, std::string_view text) const;
+    // The file appears whole, in the place of an older one. Nothing happens when it has appeared
+    // already. Throws spool_error.
+    void publish(const std::string& kept);
 
-    void remove(const std::string& name) const;
+    // Takes away what was written since the last of these calls, and not published.
+    void discard() noexcept;
+
+    void remove(const std::string& kept) const;
+
+    // Takes away what a server that was killed has begun to write.
+    void sweep() const;
 
     // "000017-4930123456.tif": the id and what of the text can stand in a file name.
     static std::string file_name(std::int32_t id, std::string_view text,
                                  std::string_view ending = ".tif");
 
   private:
-    std::filesystem::path part_of(const std::string& name) const;
-    void finish(const std::string& name, bool written) const;
+    std::filesystem::path path_of(const std::string& kept) const { return own_ / kept; }
+    std::filesystem::path part_of(const std::string& kept) const;
+    void require(bool done, const std::string& kept, const std::string& reason = {}) const;
 
-    std::filesystem::path folder_;
+    std::filesystem::path folder_; // absolute, as the next one
+    std::filesystem::path own_;
+    std::vector<std::string> parts_; // not published yet
 };
 
 } // namespace zerdix::alphad

@@ -7,6 +7,7 @@
 #include "alphad/devices.h"
 #include "alphad/directory.h"
 #include "alphad/documents.h"
+#include "alphad/file_changes.h"
 #include "alphad/jobs.h"
 #include "alphad/logs.h"
 #include "alphad/pages.h"
@@ -27,13 +28,14 @@ class store {
     explicit store(const std::string& path,
                    alphad::database::access mode = alphad::database::access::read_write);
 
-    // Whether this object made the tables, or brought them up from an older version.
-    bool is_new() const { return change_ == schema_change::made; }
-    bool is_from_older_version() const { return change_ == schema_change::brought_up_to_date; }
+    // Whether this object made the tables.
+    bool is_new() const { return change_.made; }
+    // The version that it brought up to date, 0 when it found the present one.
+    std::int32_t older_version() const { return change_.older; }
 
   private:
     alphad::database db_;
-    schema_change change_ = schema_change::none;
+    schema_change change_;
 
   public:
     alphad::database& database() { return db_; }
@@ -43,6 +45,7 @@ class store {
     alphad::pages pages{db_};
     alphad::logs logs{db_};
     alphad::jobs jobs{db_};
+    alphad::file_changes file_changes{db_};
     alphad::phone_books phone_books{db_};
     alphad::users users{db_, directory};
     alphad::user_groups user_groups{db_};

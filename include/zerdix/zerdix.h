@@ -131,10 +131,11 @@ class ZX_API ZERDIX {
     // too.
     o_user_rec* getOUserRecord();
 
-    // Names who stands in for the user, and whether that is in force. 6 when the server says that
-    // it would close a cycle of replacements; then nothing is changed. 8 also when the user's
-    // record can't be fetched first. What is written back is the record that this object has
-    // fetched last: call getOUserRecord() first, as with the setters above.
+    // Names who stands in for the user, and whether that is in force. 6 when the server refuses,
+    // since it would close a cycle of replacements or since it doesn't know that user; then nothing
+    // is changed. 8 also when the user's record can't be fetched first. What is written back is the
+    // record that this object has fetched last: call getOUserRecord() first, as with the setters
+    // above. The ids may have 11 and 36 characters.
     std::int32_t setReplacement(const char* userid, const char* alphaid, int active);
 
     // 0; 6 the user is unknown, 9 the old password is wrong, 8 and 12 as usual; any other value is

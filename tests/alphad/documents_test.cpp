@@ -1,6 +1,8 @@
 // Documents, their pages and logs, as a client sees them.
 #include <gtest/gtest.h>
 
+#include <sqlite3.h>
+
 #include "desk.h"
 #include "support/test_server.h"
 
@@ -95,6 +97,50 @@ TEST_F(Documents, TakePagesInBlocks) {
     EXPECT_FALSE(put_block(client, document, 2, 0, "x", "zerdix", 32));
     EXPECT_TRUE(put_block(client, document, 2, 0, "x", "zerdix", 6));
     EXPECT_EQ(masks(client, document), (std::vector<std::int32_t>{1, 64}));
+}
+
+// Rows of the store hold 32,768 bytes of a picture each.
+TEST_F(Documents, TakeAndGiveLargePagesWhole) {
+    std::string page;
+    for (int i = 0; page.size() < 200'000; ++i)
+        page += std::to_string(i);
+    for (const std::size_t block : {page.size(), std::size_t{33'000}, std::size_t{20'000}}) {
+        SCOPED_TRACE(block);
+        std::size_t at = 0;
+        do {
+            ASSERT_TRUE(put_block(client, document, 1, static_cast<std::int32_t>(at),
+                                  page.substr(at, block)));
+            at += block;
+        } while (at <= page.size());
+        ASSERT_EQ(page_size(client, document, 1), static_cast<std::int32_t>(page.size()));
+        for (const auto& [offset, length] :
+             {std::pair{0, 200'000}, {32'767, 2}, {32'768, 32'768}, {100'000, 90'000}})
+            EXPECT_EQ(
+                page_part(client, document, 1, offset, length),
+                page.substr(static_cast<std::size_t>(offset), static_cast<std::size_t>(length)));
+        const std::int32_t copy = create(client);
+        EXPECT_TRUE(client.call(proc::a_copy_doc_1{}, {id("zerdix"), TOPF_P, document, copy}));
+        EXPECT_EQ(page_part(client, copy, 1, 0, 1 << 20), page);
+        EXPECT_EQ(server.store().pages.picture({copy, 1, 0}), page);
+    }
+}
+
+// A block costs what it holds, however much of the page came before it.
+TEST_F(Documents, AreWrittenOnce) {
+    alphad::database& db = server.store().database();
+    const auto pages_written = [&] {
+        int written = 0, unused = 0;
+        sqlite3_db_status(db.handle(), SQLITE_DBSTATUS_CACHE_WRITE, &written, &unused, 0);
+        return written;
+    };
+    const std::string block(16'384, 'x');
+    const int before = pages_written();
+    for (std::int32_t i = 0; i < 64; ++i) {
+        alphad::transaction each(db);
+        ASSERT_TRUE(server.store().pages.put_block({document, 1, 0}, i * 16'384, block));
+        each.commit();
+    }
+    EXPECT_LT(pages_written() - before, 3 * 64 * 16'384 / 4096);
 }
 
 TEST_F(Documents, MovePagesAround) {

@@ -216,9 +216,12 @@ TEST_F(Jobs, AreRefusedAsAWhole) {
     odd[3] = page_width + 1;
     for (const std::string& block :
          {good.substr(0, 7), good.substr(0, good.size() - 1), wide, endless, odd, std::string{}}) {
-        ASSERT_TRUE(put_block(client, document, 2, 0, compressed(block)));
-        EXPECT_EQ(send(), 0);
+        EXPECT_FALSE(put_block(client, document, 2, 0, compressed(block)));
+        EXPECT_FALSE(client.call(proc::a_put_page_1{},
+                                 {id("zerdix"), document, 2, 0, lent(compressed(block))}));
     }
+    EXPECT_EQ(page_part(client, document, 2, 0, 1000), compressed(page_block(2))) << "stays";
+    // What isn't even a stream is kept, and not sent.
     for (const char* stored : {"", "no stream"}) {
         ASSERT_TRUE(put_block(client, document, 2, 0, stored));
         EXPECT_EQ(send(), 0);
@@ -234,6 +237,30 @@ TEST_F(Jobs, AreRefusedAsAWhole) {
     EXPECT_TRUE(std::filesystem::is_empty(server.spool()));
 }
 
+// In blocks of 512 bytes, of which the last one is refused.
+TEST_F(Jobs, TakeNoPageThatIsNoPicture) {
+    const auto block_refused = [&](const std::string& page) {
+        for (std::size_t at = 0, block = 1; at <= page.size(); at += 512, ++block)
+            if (!put_block(client, document, 3, static_cast<std::int32_t>(at),
+                           page.substr(at, 512)))
+                return at + 512 > page.size() ? "the last" : block == 1 ? "the first" : "another";
+        return "none";
+    };
+    std::string long_page{"\0\0\0\x48\0\0\x08\0", 8}; // 72 by 2,048
+    for (unsigned i = 0, value = 1; i < 9 * 2048; ++i)
+        long_page += static_cast<char>((value = value * 69069 + 1) >> 24);
+    EXPECT_STREQ(block_refused(compressed(long_page.substr(0, long_page.size() - 1))), "the last");
+    EXPECT_EQ(page_size(client, document, 3), 0);
+    EXPECT_STREQ(block_refused(compressed(long_page)), "none");
+    EXPECT_EQ(page_size(client, document, 3),
+              static_cast<std::int32_t>(compressed(long_page).size()));
+    const std::string high{"\0\0\0\x08\0\x01\x11\x70", 8}; // 8 by 70,000
+    EXPECT_STREQ(block_refused(compressed(high + std::string(70'000, '\0'))), "the last");
+    EXPECT_STREQ(block_refused(compressed(high + long_page + std::string(70'000, '\0'))),
+                 "the first");
+    EXPECT_GT(send(), 0) << "the page before it stays";
+}
+
 TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
     const std::int32_t done = send();
     EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), done}));
@@ -242,6 +269,12 @@ TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
     record.sendtime = static_cast<std::int32_t>(std::time(nullptr) + 3600);
     const std::int32_t number = send();
     const auto picture = server.spool() / spool_name(number, "+4930123");
+    const auto log_of = [&](std::int32_t sent) {
+        return get_log(client, sent, 0, "english_us", TOPF_S).lines.back();
+    };
+    EXPECT_NE(log_of(done).find("spooled for"), std::string::npos) << log_of(done);
+    EXPECT_NE(log_of(number).find("job for +49 30/123 waits until 20"), std::string::npos)
+        << log_of(number);
     EXPECT_EQ(job(number).status, static_cast<std::int32_t>(alphad::job_state::waiting));
     EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("meier"), number}));
     EXPECT_TRUE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
@@ -259,6 +292,36 @@ TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
     EXPECT_EQ(changed.maxretries, 3);
     ASSERT_EQ(read_tiff(picture).size(), 2u);
     EXPECT_EQ(read_tiff(picture)[0].down, 98);
+
+    record.nighttariff = {1};
+    const std::int32_t night = send();
+    EXPECT_EQ(job(night).status, static_cast<std::int32_t>(alphad::job_state::waiting));
+    EXPECT_NE(log_of(night).find("waits for the night tariff: 0000"), std::string::npos)
+        << log_of(night);
+}
+
+// The log's line is the last thing that a job writes; here the store has no room for it.
+TEST_F(Jobs, LeaveTheSpoolFolderAsItWasWhenTheStoreFails) {
+    record.sendtime = static_cast<std::int32_t>(std::time(nullptr) + 3600);
+    const std::int32_t number = send();
+    const auto picture = server.spool() / spool_name(number, "+4930123");
+    ASSERT_EQ(read_tiff(picture).size(), 2U);
+    alphad::database& db = server.store().database();
+    db.run("CREATE TRIGGER full BEFORE INSERT ON log_lines WHEN instr(NEW.line, x'2461732E') > 0 "
+           "BEGIN SELECT raise(ABORT, 'database or disk is full'); END");
+    EXPECT_EQ(client.try_call(proc::a_send_doc_1{}, {id("zerdix"), document, record}), nullptr);
+    EXPECT_EQ(client.try_call(proc::a_print_doc_1{},
+                              {id("zerdix"), TOPF_P, document, 1, 1, id("laser1"), 1}),
+              nullptr);
+    EXPECT_EQ(client.try_call(proc::a_cancel_job_1{}, {id("zerdix"), number}), nullptr);
+    a_chg_s_rec_i change{number, id("zerdix"), 5, {}, record.sendtime, {0}, 3, 2};
+    EXPECT_EQ(client.try_call(proc::a_chg_s_rec_1{}, change), nullptr);
+    EXPECT_EQ(read_tiff(picture).at(0).down, 196);
+    using files = std::filesystem::directory_iterator;
+    EXPECT_EQ(std::distance(files{server.spool()}, files{}), 1);
+    db.run("DROP TRIGGER full");
+    EXPECT_TRUE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
+    EXPECT_TRUE(std::filesystem::is_empty(server.spool()));
 }
 
 } // namespace

@@ -198,6 +198,18 @@ TEST_F(Rights, GuardTheRecordItself) {
     EXPECT_EQ(made.owner, "friend");
     EXPECT_EQ(made.perms, alphad::default_rights);
 
+    // Without owner and rights it says nothing of them.
+    ASSERT_TRUE(put_book("friend", {{0x3F, 0x08, 0x01}}, "friend"));
+    o_tebu bare{};
+    bare.tbookid = id("book");
+    bare.comment.assign("bare");
+    ASSERT_TRUE(client.call(proc::o_put_tbook_1{}, {{}, id("FAXADM"), bare}));
+    const o_tebu kept = client.call(proc::o_get_tbook_1{}, {{}, id("friend"), id("book")});
+    EXPECT_EQ(kept.comment, "bare");
+    EXPECT_EQ(kept.owner, "friend");
+    EXPECT_EQ(kept.group, "team");
+    EXPECT_EQ(kept.perms, (opaque<3>{{0x3F, 0x08, 0x01}}));
+
     constexpr opaque<3> all{{0x3F, 0x08, 0x20}}; // the group changes, everybody holds the rights
     force(all);
     EXPECT_TRUE(put_book("friend", all, "owner", "new words"));
@@ -215,6 +227,10 @@ TEST_F(Rights, HoldForGroupsAndForSending) {
     group.groupid = id("group");
     group.perms = {{0x3F, 0, 0}};
     ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, id("owner"), group}));
+    group.perms = {};
+    ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, id("owner"), group}));
+    ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, id("owner"), group})) << "still the owner";
+    EXPECT_FALSE(client.call(proc::o_put_tgroup_1{}, {{}, id("guest"), group}));
     const auto add = [&](const char* user) {
         return bool{client.call(proc::o_put_tgroupentry_1{},
                                 {{}, id(user), {id("group"), id("b"), id("e")}})};

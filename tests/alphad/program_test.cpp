@@ -1,10 +1,12 @@
 // The program itself: its start, its end, and what a hard end leaves.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <rpc/rpc.h>
 #include <sysexits.h>
 
+#include "alphad/drawn_page.h"
 #include "desk.h"
 #include "support/test_server.h"
 
@@ -72,6 +74,28 @@ TEST_F(Program, LosesNothingThatItAcknowledgedWhenKilled) {
     EXPECT_GT(create(client), document);
 }
 
+// Killed between the end of the work in the store and that in the spool folder.
+TEST_F(Program, FinishesItsFilesAtTheNextStart) {
+    alphad_program(data).stop();
+    const auto spool = data / "spool";
+    {
+        alphad::store store(data / alphad::store_file);
+        store.file_changes.put({"000001-1.tif", true});
+        store.file_changes.put({"000002-2.tif", true});
+        store.file_changes.put({"000003-3.tif", false});
+        for (const char* file : {".000001-1.tif.part", "000002-2.tif", "000003-3.tif",
+                                 ".000004-4.tif.part", "000005-5.tif"})
+            std::ofstream(spool / file) << "picture";
+    }
+    alphad_program program(data);
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator{spool})
+        names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    EXPECT_EQ(names, (std::vector<std::string>{"000001-1.tif", "000002-2.tif", "000005-5.tif"}));
+    EXPECT_TRUE(alphad::store(data / alphad::store_file).file_changes.all().empty());
+}
+
 TEST_F(Program, SaysWhyItDoesNotStart) {
     alphad_program first(data);
     alphad_program second(folder.path() / "other");
@@ -93,32 +117,68 @@ TEST_F(Program, SaysWhyItDoesNotStart) {
     EXPECT_EQ(run_alphad({"--port", "many"}).status, EX_USAGE);
 }
 
-// Tables as the first version made them.
-TEST_F(Program, BringsAnOlderStoreUpToDate) {
-    const std::string path = data / alphad::store_file;
-    alphad_program(data, {"--no-demo"}).stop();
-    {
-        alphad::store store(path);
-        store.documents.create(TOPF_E, "zerdix", "old");
+// Puts tables as the second version made them in the place of the present ones.
+void make_second_version(alphad::database& store) {
+    store.run("DROP TABLE file_changes; DROP TABLE picture_blocks; DROP TABLE pictures;"
+              "CREATE TABLE pictures (document INTEGER NOT NULL REFERENCES documents "
+              "ON DELETE CASCADE, page INTEGER NOT NULL, type INTEGER NOT NULL, "
+              "block INTEGER NOT NULL, ended INTEGER NOT NULL, data BLOB NOT NULL, "
+              "PRIMARY KEY (document, page, type));"
+              "INSERT INTO pictures VALUES (1, 2, 6, 4, 0, x'74657874');"
+              "INSERT INTO pictures VALUES (1, 2, 0, 4, 0, x'746578740000');"
+              "UPDATE documents SET pages = 2;"
+              "PRAGMA user_version = 2");
+    execute(store, "INSERT INTO pictures VALUES (1, 1, 0, 16384, 1, ?)",
+            std::string(70'000, '\0') + "end");
+}
+
+void make_first_version(alphad::database& store) {
+    make_second_version(store);
+    for (const char* table : {"passwords", "preferences", "signatures", "user_members",
+                              "user_groups", "printers", "scanners", "board", "users"})
+        store.run((std::string{"DROP TABLE "} + table).c_str());
+    for (const char* column : {"nettype", "number", "tsi", "error", "forwarder"})
+        store.run((std::string{"ALTER TABLE documents DROP COLUMN "} + column).c_str());
+    store.run("CREATE TABLE users (userid BLOB PRIMARY KEY, name BLOB NOT NULL) WITHOUT ROWID;"
+              "INSERT INTO users VALUES (x'7a6572646978', x'436c617261');"
+              "PRAGMA user_version = 1");
+}
+
+TEST_F(Program, BringsOlderStoresUpToDate) {
+    for (const auto& make_older : {make_first_version, make_second_version}) {
+        const bool first = make_older == make_first_version;
+        SCOPED_TRACE(first ? "first version" : "second version");
+        data = folder.path() / (first ? "first" : "second");
+        const std::string path = data / alphad::store_file;
+        alphad_program(data, {"--no-demo"}).stop();
+        {
+            alphad::store store(path);
+            store.documents.create(TOPF_P, "zerdix", "old");
+            store.users.add("zerdix", "Clara");
+            alphad::send_job job{1, "1", {}, false, "000002-1.tif"};
+            job.record.faxid = store.documents.create(TOPF_S, "zerdix");
+            store.jobs.put(job);
+            make_older(store.database());
+        }
+        EXPECT_EQ(run_alphad({"jobs", "--data", data}).status, EX_CANTCREAT) << "only looks";
+        const auto spool = folder.path() / "elsewhere";
+        std::filesystem::create_directory(spool);
+        std::ofstream(spool / "000002-1.tif") << "picture";
+        alphad_program program(data, {"--spool", spool});
+        EXPECT_NE(run_alphad({"jobs", "--data", data}).output.find(spool / "000002-1.tif"),
+                  std::string::npos);
+        EXPECT_EQ(program.errors().find("no passwords yet") != std::string::npos, first)
+            << program.errors();
+        raw_client client(environment.program());
+        EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("zerdix")}).comment, "Clara");
+        EXPECT_EQ(client.call(proc::a_get_p_1{}, {id("zerdix"), 1}).p_text, "old");
+        EXPECT_EQ(login(client, "zerdix", "").status, 8);
+        EXPECT_EQ(masks(client, 1), (std::vector<std::int32_t>{1, 64}));
+        EXPECT_EQ(page_size(client, 1, 1), 70003);
+        EXPECT_EQ(page_part(client, 1, 1, 69998, 100), std::string(2, '\0') + "end");
+        EXPECT_FALSE(put_block(client, 1, 2, 4, "continues nothing"));
+        EXPECT_TRUE(client.call(proc::a_del_doc_1{}, {id("zerdix"), TOPF_P, 1, {1}}));
     }
-    {
-        alphad::database old(path);
-        for (const char* table : {"passwords", "preferences", "signatures", "user_members",
-                                  "user_groups", "printers", "scanners", "board", "users"})
-            old.run((std::string{"DROP TABLE "} + table).c_str());
-        for (const char* column : {"nettype", "number", "tsi", "error", "forwarder"})
-            old.run((std::string{"ALTER TABLE documents DROP COLUMN "} + column).c_str());
-        old.run("CREATE TABLE users (userid BLOB PRIMARY KEY, name BLOB NOT NULL) WITHOUT ROWID;"
-                "INSERT INTO users VALUES (x'7a6572646978', x'436c617261');"
-                "PRAGMA user_version = 1");
-    }
-    EXPECT_EQ(run_alphad({"jobs", "--data", data}).status, EX_CANTCREAT) << "only looks";
-    alphad_program program(data);
-    EXPECT_NE(program.errors().find("no passwords yet"), std::string::npos) << program.errors();
-    raw_client client(environment.program());
-    EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("zerdix")}).comment, "Clara");
-    EXPECT_EQ(client.call(proc::a_get_e_1{}, {id("zerdix"), 1}).e_text1, "old");
-    EXPECT_EQ(login(client, "zerdix", "").status, 8);
 }
 
 TEST_F(Program, AddsUsersAndMessagesWhileItRuns) {
@@ -144,6 +204,18 @@ TEST_F(Program, AddsUsersAndMessagesWhileItRuns) {
                     "e")
                   .status,
               0);
+    const auto barcode = [&](std::string digits) {
+        return run({"user", "barcode", "neu", std::move(digits)}).status;
+    };
+    const auto& user_record = client.call(proc::o_get_user_1{}, {{}, id("neu")});
+    EXPECT_EQ(barcode("3023125900"), 0);
+    EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("neu")}).barcode, "3023125900");
+    EXPECT_EQ(user_record.comment, "J\xfcrgen");
+    for (const char* wrong : {"12a", "-1", "123456789012345678901"})
+        EXPECT_NE(barcode(wrong), 0) << wrong;
+    EXPECT_EQ(run({"user", "barcode", "nobody", "1"}).status, EX_DATAERR);
+    EXPECT_EQ(barcode(""), 0);
+    EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("neu")}).barcode, "");
     const std::int32_t stamp = client.call(proc::a_get_board_1{}, {}).stamp;
     EXPECT_EQ(run({"board", "add", "new"}).status, 0);
     EXPECT_EQ(client.call(proc::a_get_board_1{}, {0, stamp, {}}).first->text, "new");
@@ -154,6 +226,35 @@ TEST_F(Program, AddsUsersAndMessagesWhileItRuns) {
     const auto& incoming = client.call(proc::a_get_elist_1{}, {user, 0});
     EXPECT_EQ(incoming.count, 2);
     EXPECT_EQ(incoming.first->record.e_value2, 2);
+}
+
+TEST_F(Program, ShowsWhereTheFilesOfJobsLie) {
+    const auto elsewhere = folder.path() / "elsewhere";
+    const auto send = [&](std::vector<std::string> arguments) {
+        alphad_program program(data, arguments);
+        raw_client client(environment.program());
+        const std::int32_t document = create(client);
+        EXPECT_TRUE(put_block(client, document, 1, 0, alphad::drawn_page("x", {})));
+        a_s_rec record{};
+        record.nettype = NETTYPE_FAX;
+        record.phone.assign("1");
+        const auto number = client.call(proc::a_send_doc_1{}, {id("zerdix"), document, record});
+        const std::string digits = std::to_string(number);
+        return std::string(6 - digits.size(), '0') + digits + "-1.tif";
+    };
+    const auto shows = [&](const std::filesystem::path& file, std::vector<std::string> more = {}) {
+        more.insert(more.begin(), {"jobs", "--data", data});
+        return run_alphad(more).output.find("  " + file.string() + "\n") != std::string::npos;
+    };
+    const std::string first = send({"--spool", elsewhere / ""});
+    EXPECT_TRUE(std::filesystem::exists(elsewhere / first));
+    EXPECT_TRUE(shows(elsewhere / first));
+    const std::string second = send({});
+    EXPECT_TRUE(shows(elsewhere / first));
+    EXPECT_TRUE(std::filesystem::exists(data / "spool" / second));
+    EXPECT_TRUE(shows(data / "spool" / second));
+    for (const std::string& file : {first, second})
+        EXPECT_TRUE(shows(folder.path() / "moved" / file, {"--spool", folder.path() / "moved"}));
 }
 
 TEST_F(Program, ShowsJobsAndSettingsWhileItRuns) {
@@ -183,7 +284,13 @@ TEST_F(Program, ShowsJobsAndSettingsWhileItRuns) {
         << json;
 
     EXPECT_EQ(run_alphad({"config", "COVER", "12", "--data", data}).status, 0);
+    for (const char* wrong : {"-30", "30x", " 30", "4000000000"})
+        for (const char* size : {"PHONEBOOKB", "JOURNALBLK"})
+            EXPECT_EQ(run_alphad({"config", "--data", data, "--", size, wrong}).status, EX_DATAERR);
+    EXPECT_EQ(run_alphad({"config", "--data", data, "PHONEBOOKB", "7"}).status, 0);
+    EXPECT_EQ(run_alphad({"config", "--data", data, "JOURNALBLK", ""}).status, 0);
     raw_client client(environment.program());
+    EXPECT_EQ(client.call(proc::a_get_config_1{}, {id("PHONEBOOKB"), 1}), "7");
     EXPECT_EQ(client.call(proc::a_get_config_1{}, {id("COVER"), 1}), "12");
     EXPECT_NE(run_alphad({"jobs", "--data", folder.path() / "none"}).status, 0);
 }

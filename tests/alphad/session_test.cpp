@@ -113,8 +113,21 @@ TEST_F(Session, KeepsRecordsOfUsersWhole) {
     EXPECT_TRUE(
         client.call(proc::o_get_user_1{}, {field<str35>("beta"), id("meier")}).userid.empty());
 
+    user.repl_userid = id("zerdix");
+    user.repl_alphaid.assign("alpha");
+    user.repl_active = {1};
+    EXPECT_TRUE(client.call(proc::o_put_user_1{}, user));
+    o_user_rec far{field<str35>("beta"), id("far"), {}, field<str35>("gamma"),
+                   id("meier"),          {1},       {}, 0};
+    server.store().users.put(far);
     server.set_config("ALPHAID", "omega");
     EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("meier")}).alphaid, "omega");
+    EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("meier")}).repl_alphaid, "omega");
+    EXPECT_EQ(client.call(proc::o_get_user_1{}, {field<str35>("beta"), id("far")}).repl_alphaid,
+              "gamma");
+    EXPECT_FALSE(client.call(proc::a_check_cycle_1{}, {id("zerdix"), {}, id("meier")}));
+    const auto book = client.call(proc::o_get_tbook_1{}, {{}, id("zerdix"), id("common")});
+    EXPECT_EQ(book.alphaid, "omega");
 }
 
 TEST_F(Session, RefusesCyclesOfReplacements) {
@@ -135,6 +148,8 @@ TEST_F(Session, RefusesCyclesOfReplacements) {
     EXPECT_FALSE(check("nobody", "a"));
     EXPECT_TRUE(check("a", "nobody", "beta"));
     EXPECT_TRUE(check("a", ""));
+    EXPECT_FALSE(put("a", "nobody"));
+    EXPECT_TRUE(put("a", "nobody", false));
     EXPECT_TRUE(put("a", "b"));
     EXPECT_TRUE(put("b", "c", false));
     EXPECT_TRUE(check("c", "a"));
