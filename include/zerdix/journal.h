@@ -4,6 +4,14 @@
 // pages from 1 on; a page can exist in several picture types: 0 compressed bitmap, 1 a second
 // bitmap, 4 text, 6 telex, 10 text beside a cover template's bitmap.
 //
+// The page_dat of a page in picture type 0 is a stream as the Unix compress tool writes it (1F 9D
+// 90, then codes of 9 to 16 bits). Expanded, it is width and height in pixels, 32 bits each, most
+// significant byte first, then the rows from the top of the page to its bottom, (width + 7) / 8
+// bytes each and nothing between them. A set bit is black, and the leftmost pixel of a byte is bit
+// 0, the lowest. A full fax page is 1,728 pixels wide. Driver blocks (sendfax.h) look different:
+// bottom row first, a set bit white, leftmost pixel in bit 7. In the other types a page_dat is
+// bytes that the library carries as they are.
+//
 // Results of the long operations, where nothing else is said: 0 success, 4 the server refused, 8
 // the remote call failed, 12 there is no client handle. Operations that give a pointer give null in
 // the last two cases. What a pointer shows is the library's: it is good until the same operation
@@ -42,16 +50,18 @@ class ZX_API JOURNAL {
     static std::int32_t clssetPCTNormal();
 
     // The lists as last loaded: of a_e_rec, a_p_rec and a_s_rec, in the server's order. Null before
-    // the first load, empty for an empty pool and after a load that failed. Lists and records are
+    // the first load, empty for an empty pool and after a load that gave 8. Lists and records are
     // good until the same pool is loaded again, on whichever object, or until the object goes.
     PTRLIST* getEDocPtrList();
     PTRLIST* getPDocPtrList();
     PTRLIST* getSDocPtrList();
 
-    // Loads the list of a pool, whole or one block of it; needs a login. 4 when nobody is logged
-    // on, and then the old list stays. A pool that doesn't exist gives 0 and loads nothing. What
-    // the selection and the two values mean is agreed between caller and server; the size of a
-    // block is ZERDIX::clsGetJournalBlockSize().
+    // Loads the list of a pool, whole or one block of it; needs a login, which the server is asked
+    // for first. 4 when nobody is logged on, and also when that couldn't be asked: there is no
+    // connection, it is dead, or the server was silent (25 seconds). Then the old list stays. 8
+    // when the login stands and the load itself failed: the list is empty then. A pool that doesn't
+    // exist gives 0 and loads nothing. What the selection and the two values mean is agreed between
+    // caller and server; the size of a block is ZERDIX::clsGetJournalBlockSize().
     std::int32_t loadDocPtrList(topftype pool, selectiontype selection);
     std::int32_t loadDocPtrList(topftype pool, selectiontype selection, std::int32_t firstvalue,
                                 std::int32_t secondvalue);
@@ -138,15 +148,23 @@ class ZX_API JOURNAL {
     std::int32_t getCoverId();
 
     // Makes one desk document out of the first pages of others. Its id, or -1 when it couldn't be
-    // made or a page was refused; what was copied until then stays on the server.
+    // made or a page was refused; what was copied until then stays on the server. A page whose call
+    // failed is skipped without a word, and those behind it keep the numbers that they were to
+    // have: ask getDocInf whether all pages are there.
     std::int32_t combineDocs(const fax_info* list, std::uint16_t count);
 
     // Adds a line to a document's log; a null one counts as empty.
     std::int32_t putLog(topftype pool, std::int32_t faxid, const char* line);
 
-    // The log from `position` on, as one text with CR LF behind each line; empty when there is
-    // none. `nextPosition` may be null, and else receives the position to go on from, on success
-    // only. The text is good until the next getLog on this object.
+    // The log from `position` on, as one text with CR LF behind each line, each cut at 100
+    // characters; empty when there is none. `nextPosition` may be null, and else receives the
+    // position to go on from, on success only. The text is good until the next getLog on this
+    // object.
+    //
+    // The text ends before 64 KiB. It then lacks lines that the server had already sent, up to 80,
+    // and `nextPosition` stands behind those, so that they are skipped by whoever goes on from
+    // there. With a server that counts positions in lines, as alphad does, `position` plus the
+    // number of lines in the text leads on without a gap.
     char* getLog(topftype pool, std::int32_t faxid, std::int32_t position,
                  std::int32_t* nextPosition);
 

@@ -32,7 +32,8 @@ enum nettypetype : std::int16_t {
     NETTYPE_TELEX = 2,
 };
 
-// A page or a signature in memory: `size` bytes at `data`, which may be null when size is 0.
+// A page or a signature in memory: `size` bytes at `data`, which may be null when size is 0. What
+// the bytes of a page mean stands in zerdix/journal.h.
 struct page_dat {
     std::uint32_t size;
     unsigned char* data;

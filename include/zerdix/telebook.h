@@ -42,7 +42,9 @@ class ZX_API TELEBOOK {
     // One phone book. An unknown id gives a record whose tbookid is empty.
     o_tebu* getTBook(const char* tbookid);
 
-    // Creates a phone book or changes it; the id in the record decides which one is meant.
+    // Creates a phone book or changes it; the id in the record decides which one is meant. Here and
+    // with entries and groups the record is written whole: to change one, fetch it, change its
+    // fields and write it back, so that owner, rights and the server's own fields survive.
     std::int32_t putTBook(const o_tebu* book);
     std::int32_t delTBook(const char* tbookid);
 
@@ -100,8 +102,10 @@ class ZX_API TELEBOOK {
     // Writes the entries of a book to a text file, which is created or overwritten: one entry a
     // line, teleid;phone;tsi;I or E (in-house or not);F or T (fax or telex);comment; in
     // Windows-1252, each line ended by a line feed. A net type other than fax and telex asks for
-    // both. 0; 4 a block couldn't be fetched, for whatever reason; 5 the file couldn't be written;
-    // 6 it can't be opened. What was written stays in the file. Ends the list of getTBookEntries.
+    // both. 0; 4 a block couldn't be fetched, for whatever reason, no connection among them; 5 the
+    // file couldn't be written; 6 it can't be opened. The file is emptied before the server is
+    // asked for anything: after a 4 or a 5 what stood in it is gone, and it holds the entries
+    // written so far, perhaps none. Ends the list of getTBookEntries.
     std::int32_t exportTBook(const char* tbookid, nettypetype nettype, const char* file);
 
     // Stores each line of such a file as an entry of a book, new or changed. 0; 4 the server

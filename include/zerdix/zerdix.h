@@ -57,8 +57,8 @@ class ZX_API ZERDIX {
     // the connection stays open for another try, and the login id stays that of a login before,
     // which the server hasn't ended.
     //
-    // After a success clsGetAlphaServer() is the name that the server gives itself, which needn't be
-    // a name that the network knows: a caller keeps the one that was typed, to connect again with.
+    // After a success clsGetAlphaServer() is the name that the server gives itself, which needn't
+    // be one that the network knows: a caller keeps the one that was typed, to connect again with.
     std::int32_t login(const char* userid, const char* password, const char* alphaServer);
 
     // Logs off and closes the connection. When the call fails (8) both stay as they are.
@@ -114,8 +114,8 @@ class ZX_API ZERDIX {
 
     // Change one of the user's defaults and write the whole record back, so that what this client
     // doesn't know survives. 8 also when the record can't be fetched first. What is written is the
-    // kept record: fetch it with getAUserRecord() first, so that nobody else's change is undone, and
-    // always after setUserId.
+    // kept record: fetch it with getAUserRecord() first, so that nobody else's change is undone,
+    // and always after setUserId.
     //
     // `trays` holds 10 values: per paper source the id of the pool document that is its background
     // paper, 0 for none. The priority is 0 (the lowest) to 100; others are refused with 4, before

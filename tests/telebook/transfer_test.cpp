@@ -119,6 +119,7 @@ TEST_F(Transfer, AnExportTellsWhyItEnds) {
     EXPECT_EQ(export_to(file), 4) << "no block size to be had";
     session.CleanupHostConnection();
     EXPECT_EQ(export_to(file), 4);
+    EXPECT_EQ(content_of(file), "") << "emptied before the server is asked";
 }
 
 TEST_F(Transfer, AFullDiskIsTold) {

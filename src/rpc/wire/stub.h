@@ -43,6 +43,13 @@ typename P::result* stub(typename P::argument& argument, CLIENT* handle) {
     return nullptr;
 }
 
+// Each is made once, in stubs.cpp.
+#define ZERDIX_PROCEDURE(procedure_number, procedure_name, argument_type, result_type)             \
+    extern template proc::procedure_name::result* stub<proc::procedure_name>(                      \
+        proc::procedure_name::argument&, CLIENT*);
+#include "rpc/wire/procedures.def"
+#undef ZERDIX_PROCEDURE
+
 } // namespace zerdix::wire
 
 #endif
