@@ -132,6 +132,9 @@ TEST_F(Cover, ThatCantBeMadeIsToldAndLeavesNothingBehind) {
         EXPECT_EQ(server_.jobs().size() - jobs, fault.jobs) << fault.told;
         EXPECT_EQ(server_.desk("zerdix").size(), desk) << fault.told;
     }
+    // A number that stands twice: the copy that is left says which of them it was.
+    server_.refuse(25);
+    expect_failure("print --cover --to 1 --to 1", exit_refused, "0 of 2 send", {SAMPLE_PDF});
     const std::size_t jobs = server_.jobs().size();
     server_.store().pages.put_block({std::stoi(template_id()), 1, 0}, 0, "damaged");
     expect_failure("print --cover --to 1", exit_bad_data, "the cover template, document ",

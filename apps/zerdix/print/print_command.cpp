@@ -80,9 +80,8 @@ void print(const print_options& options) {
     store_pages(job, pdf, shown);
     shown.step(pdf.pages(), asks ? "the send dialog asks for the receivers"
                                  : "sending to " + counted(job.receivers(), "receiver"));
-    const std::optional<std::int32_t> jobs = job.send();
-    shown.done(options.file + ": " + counted(pdf.pages(), "page") + ", " +
-               (jobs ? counted(*jobs, "send job") + " made" : "sent as chosen in the dialog"));
+    const std::string done = job.send();
+    shown.done(options.file + ": " + counted(pdf.pages(), "page") + ", " + done);
 }
 
 template <class Value>
