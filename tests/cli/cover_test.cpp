@@ -132,9 +132,12 @@ TEST_F(Cover, ThatCantBeMadeIsToldAndLeavesNothingBehind) {
         EXPECT_EQ(server_.jobs().size() - jobs, fault.jobs) << fault.told;
         EXPECT_EQ(server_.desk("zerdix").size(), desk) << fault.told;
     }
+    // A number that stands twice: the copy that is left says which of them it was.
+    server_.refuse(25);
+    expect_failure("print --cover --to 1 --to 1", exit_refused, "0 of 2 send", {SAMPLE_PDF});
     const std::size_t jobs = server_.jobs().size();
     server_.store().pages.put_block({std::stoi(template_id()), 1, 0}, 0, "damaged");
-    expect_failure("print --cover --to 1", exit_bad_data, "form of the cover template is damaged",
+    expect_failure("print --cover --to 1", exit_bad_data, "the cover template, document ",
                    {SAMPLE_PDF});
     expect_failure("cover preview -o x.png", exit_bad_data, "form of the cover template is");
     EXPECT_EQ(server_.jobs().size(), jobs);
@@ -151,6 +154,18 @@ TEST_F(Cover, LetterheadIsNamedForItsPaper) {
         alphad::expand_page(*server_.store().pages.picture({made["id"].get<int>(), 1, 0}));
     EXPECT_EQ(page->width, 1728);
     EXPECT_EQ(page->height, 2286);
+
+    // Asked for before the first page: it went out bare, and the server was blamed for the other.
+    expect_failure("print --paper 3 --to 1", exit_no_input, "no letterhead for paper 3",
+                   {SAMPLE_PDF});
+    server_.store().pages.put_block({made["id"], 1, 0}, 0, "damaged");
+    expect_failure("print --paper 2 --to 1", exit_bad_data,
+                   "the letterhead for paper 2, document " + made["id"].dump() + ", is damaged",
+                   {SAMPLE_PDF});
+    EXPECT_EQ(zerdix("doc delete " + made["id"].dump()).status, 0);
+    expect_failure("print --paper 2 --to 1", exit_no_input, "has no form that you may read",
+                   {SAMPLE_PDF});
+    EXPECT_TRUE(server_.jobs().empty());
     expect_failure("letterhead install", exit_bad_data, "more than 1728 by 2286", {square(2000)});
     expect_failure("letterhead install", exit_no_input, "can't be read", {path("no.pdf")});
 }

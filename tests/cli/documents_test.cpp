@@ -86,6 +86,10 @@ TEST_F(Documents, AreTakenFromOneDeskToAnother) {
     EXPECT_EQ(info.at(0).at("pages"), info.at(1).at("pages"));
     EXPECT_EQ(info.at(0).at("page_types").at(0).at("types").at(0), "picture");
     EXPECT_EQ(answer("doc combine " + id + ":1 in:" + in + ":1").at("pages"), 2);
+    constexpr int copy_page = 16;
+    server_.fail(copy_page, 2);
+    expect_failure("doc combine " + id + ":1 in:" + in + ":1", app::exit_unavailable,
+                   "was made, but only 1 of 2 pages could be copied to it");
     EXPECT_EQ(zerdix("doc forward " + id + " --to meier").status, 0);
     write("password", "meier\n");
     EXPECT_THAT(zerdix("doc list incoming --new -U meier").output, HasSubstr("\xc3\x9c"
@@ -155,6 +159,12 @@ TEST_F(Documents, HaveSendJobsThatCanBeChanged) {
     expect_failure("doc change " + gone, app::exit_usage, "nothing is named");
     expect_failure("doc log", app::exit_usage, "ID is required");
     EXPECT_THAT(answer("doc log " + gone).dump(), HasSubstr("123"));
+    const std::size_t lines = answer("doc log " + gone).size();
+    for (int i = 0; i < 1500; ++i) // more than the library gives at once, twice
+        server_.store().logs.add(std::stoi(gone), std::to_string(i) + std::string(90, 'x'));
+    const json log = answer("doc log " + gone);
+    EXPECT_EQ(log.size(), lines + 1500);
+    EXPECT_THAT(log.back().get<std::string>(), testing::StartsWith("1499x"));
 }
 
 TEST_F(Documents, GoToPrintersAndComeFromScanners) {

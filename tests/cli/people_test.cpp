@@ -75,6 +75,7 @@ TEST_F(People, NameWhoStandsIn) {
     EXPECT_EQ(zerdix("replacement off").status, 0);
     EXPECT_EQ(answer("replacement show")["in_force"], false);
     EXPECT_EQ(zerdix("replacement set zerdix@alpha" + meier).status, 0);
+    EXPECT_EQ(zerdix("replacement off").output, "no replacement was in force for zerdix\n");
     EXPECT_EQ(answer("user show meier")["replacement"], "zerdix");
 }
 

@@ -106,6 +106,13 @@ TEST_F(Print, NamesTheStepThatTheServerRefused) {
                    "deleting the document after sending failed: the server refused it; "
                    "1 of 1 send jobs had been made",
                    2);
+    // A number that stands twice doesn't say how far it came; what the server holds does.
+    server_.refuse(send_document, 3);
+    expect_cleared(print({"--to", "1", "--to", "2", "--to", "1"}), app::exit_refused,
+                   "sending to 1 failed: the server refused it; 2 of 3 send jobs had been made", 4);
+    server_.drop(send_document, 1);
+    expect_cleared(print({"--to", "1", "--to", "2", "--to", "1"}), app::exit_unavailable,
+                   "sending to 1 failed: the connection to the server broke; 0 of 3 send jobs", 4);
 }
 
 TEST_F(Print, SaysWhenADocumentStays) {
@@ -116,6 +123,17 @@ TEST_F(Print, SaysWhenADocumentStays) {
     const auto desk = server_.desk("zerdix");
     ASSERT_EQ(desk.size(), 1U);
     EXPECT_THAT(result.errors, HasSubstr("couldn't be deleted and stays on the desk of zerdix"));
+}
+
+// The server can't be asked: no document can be made that tells how far its ids have come.
+TEST_F(Print, SaysWhatItCantKnow) {
+    server_.drop(send_document, 2);
+    server_.fail(make_document, 2);
+    expect_cleared(
+        print({"--to", "1", "--to", "2", "--to", "1"}), app::exit_unavailable,
+        "sending failed: the connection to the server broke; at least 1 and at most 2 of "
+        "3 send jobs were made, \"zerdix doc list outgoing\" shows them",
+        1);
 }
 
 TEST_F(Print, GetsOverABrokenConnection) {

@@ -75,7 +75,9 @@ TEST_F(Telex, NamesTheStepThatFailedAndLeavesNoDocument) {
     server_.refuse(make_document);
     expect_failure("telex --to 5", app::exit_refused, "making the document", {order_});
     server_.drop(print_document);
-    expect_failure("telex --to 6", app::exit_unavailable, "0 of 1 telexes", {order_});
+    expect_failure("telex --to 6", app::exit_unavailable,
+                   "0 of 1 telexes had been handed over, and whether this one was isn't known",
+                   {order_});
 }
 
 TEST(TelexText, TellsWhatIsLostAndWhatIsLong) {

@@ -3,8 +3,8 @@
 // The file is looked at first, so that a bad line is told before anything is stored. Then the
 // entries go to the server in batches, which tell how far it has come.
 
+#include <algorithm>
 #include <memory>
-#include <set>
 
 #include "books/book_file.h"
 #include "books/book_transfer.h"
@@ -29,11 +29,6 @@ struct import_line {
     bool keep_going = false;
 };
 
-bool same(const o_tebul& a, const o_tebul& b) {
-    return a.phone == b.phone && a.tsi == b.tsi && a.comment == b.comment && a.intern == b.intern &&
-           a.nettype == b.nettype;
-}
-
 class book_import {
   public:
     book_import(desk& user, const import_line& line, const book_file& file)
@@ -49,7 +44,7 @@ class book_import {
         while (at_ < lines_.size()) {
             if (interrupted())
                 throw failure(exit_interrupted, "interrupted; " + standing());
-            store_batch(batch_end());
+            store_batch(std::min(at_ + batch_lines, lines_.size()));
             tell_progress();
         }
     }
@@ -58,48 +53,36 @@ class book_import {
     const std::vector<line_remark>& refused() const { return refused_; }
 
   private:
-    // A batch ends before an id that it holds already, so that each of its lines can be found on
-    // the server by its id.
-    std::size_t batch_end() const {
-        std::set<std::string_view> ids;
-        std::size_t end = at_;
-        while (end < lines_.size() && end - at_ < batch_lines &&
-               ids.insert(lines_[end].entry.teleid.view()).second)
-            ++end;
-        return end;
+    // A batch that was refused is stored once more, line by line: what stands in the book
+    // afterwards doesn't tell which line it was, since an entry may have stood there before.
+    void store_batch(std::size_t end) {
+        if (store(end, end))
+            return advance(end - at_);
+        while (at_ < end) {
+            if (store(at_ + 1, end))
+                advance(1);
+            else
+                refuse();
+        }
     }
 
-    void store_batch(std::size_t end) {
+    // Whether the server took the lines from the one at hand up to `end`. After a failed call
+    // nobody can say which lines of the batch arrived.
+    bool store(std::size_t end, std::size_t batch_end) {
         std::string text;
         for (std::size_t i = at_; i < end; ++i)
             text += file_line(lines_[i].entry);
         scratch_.write(text);
         const call_watch watch;
         const std::int32_t result = user_.books().importTBook(line_.id.c_str(), scratch_.path());
-        if (result == 0)
-            return advance(end - at_);
-        if (result != 4)
-            user_.lost("importing " + line_.file + " (" + uncertain(end) + ')', watch);
-        advance(count_stored(end));
-        refuse();
+        if (result != 0 && result != 4)
+            user_.lost("importing " + line_.file + " (" + uncertain(batch_end) + ')', watch);
+        return result == 0;
     }
 
     void advance(std::size_t lines) {
         at_ += lines;
         stored_ += lines;
-    }
-
-    // How many lines of the batch stand in the book as they do in the file.
-    std::size_t count_stored(std::size_t end) {
-        std::size_t count = 0;
-        while (at_ + count + 1 < end && stands(lines_[at_ + count].entry))
-            ++count;
-        return count;
-    }
-
-    bool stands(const o_tebul& entry) {
-        const auto there = find_entry(user_, {line_.id, std::string(entry.teleid.view())});
-        return there && same(*there, entry);
     }
 
     // The line at hand wasn't stored.
@@ -126,7 +109,6 @@ class book_import {
                                     : "");
     }
 
-    // After a failed call nobody can say which lines of the batch arrived.
     std::string uncertain(std::size_t end) const {
         return count_of_entries(stored_) + " stored; of the lines " +
                std::to_string(lines_[at_].number) + " to " +

@@ -1,5 +1,6 @@
 // zerdix doc copy, zerdix doc forward, zerdix doc combine.
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 #include <memory>
@@ -176,6 +177,18 @@ fax_info source_of(desk& user, const part& wanted) {
     return {which.pool, which.id, static_cast<std::uint16_t>(pages)};
 }
 
+// A page that couldn't be copied leaves a gap, which a page without pictures shows. The masks tell
+// of the first pages alone.
+int pages_there(desk& user, const document& which) {
+    const a_get_inf_o& info = user.fetch("counting the pages of " + name_of(which), [&] {
+        return user.journal().getDocInf(which.pool, which.id, 0);
+    });
+    const auto known = std::min<std::int32_t>(std::max(info.pagecount, 0),
+                                              static_cast<std::int32_t>(info.pagemasks.size()));
+    return info.pagecount -
+           static_cast<int>(std::count(info.pagemasks.begin(), info.pagemasks.begin() + known, 0));
+}
+
 void combine(desk& user, const std::vector<std::string>& parts) {
     std::vector<fax_info> sources;
     int pages = 0;
@@ -188,6 +201,11 @@ void combine(desk& user, const std::vector<std::string>& parts) {
         user.journal().combineDocs(sources.data(), static_cast<std::uint16_t>(sources.size()));
     if (id <= 0)
         user.lost("combining the documents", watch);
+    const int made = pages_there(user, {TOPF_P, id});
+    if (made != pages)
+        throw failure(exit_unavailable, name_of({TOPF_P, id}) + " was made, but only " +
+                                            std::to_string(made) + " of " + counted(pages, "page") +
+                                            " could be copied to it");
     user.out().done(name_of({TOPF_P, id}) + " made of " + counted(pages, "page"),
                     {{"pool", pool_word(TOPF_P)}, {"id", id}, {"pages", pages}});
 }

@@ -119,12 +119,28 @@ std::vector<std::string> lines_of(std::string_view log) {
     return lines;
 }
 
+// A text of at most this length is the rest of the log; a longer one may have been cut.
+constexpr std::size_t surely_whole = 65000;
+
+// A cut text leaves out lines of the answer that it ends in, and the position that comes with it
+// lies behind them. So the next text begins as many lines on as there were in this one.
+std::vector<std::string> whole_log(desk& user, const document& which) {
+    std::vector<std::string> all;
+    for (;;) {
+        const char& text = user.fetch("fetching the log of " + name_of(which), [&] {
+            const auto position = static_cast<std::int32_t>(all.size());
+            return user.journal().getLog(which.pool, which.id, position, nullptr);
+        });
+        const std::string_view part = &text;
+        for (std::string& line : lines_of(part))
+            all.push_back(std::move(line));
+        if (part.size() <= surely_whole)
+            return all;
+    }
+}
+
 void log(desk& user, const std::string& typed) {
-    const document which = find_document(user, typed);
-    const char& text = user.fetch("fetching the log of " + name_of(which), [&] {
-        return user.journal().getLog(which.pool, which.id, 0, nullptr);
-    });
-    const std::vector<std::string> lines = lines_of(&text);
+    const std::vector<std::string> lines = whole_log(user, find_document(user, typed));
     if (user.out().is_json())
         return user.out().rows(lines, {}, "");
     for (const std::string& line : lines)

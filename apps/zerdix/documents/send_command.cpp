@@ -60,11 +60,15 @@ std::set<std::int32_t> outgoing_ids(desk& user) {
     return ids;
 }
 
-int new_jobs(desk& user, const std::set<std::int32_t>& before) {
+int new_jobs(desk& user, const std::set<std::int32_t>& before) try {
     int made = 0;
     for (const std::int32_t id : outgoing_ids(user))
         made += before.contains(id) ? 0 : 1;
     return made;
+} catch (const failure& error) {
+    throw failure(error.code(), std::string(error.what()) +
+                                    "; how many send jobs were made isn't known, \"zerdix doc list "
+                                    "outgoing\" shows them");
 }
 
 void send(desk& user, const std::vector<std::string>& typed) {
@@ -78,6 +82,8 @@ void send(desk& user, const std::vector<std::string>& typed) {
         throw failure(exit_no_dialog, "the send dialog can't be shown here; it asks for the "
                                       "receivers");
     const int made = new_jobs(user, before);
+    if (made == 0)
+        throw failure(exit_refused, "nothing was sent; the messages of the dialog say why");
     user.out().done(counted(made, "send job") + " made", {{"jobs", made}});
 }
 

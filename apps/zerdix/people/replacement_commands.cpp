@@ -89,6 +89,9 @@ void set(desk& user, target to) {
 
 void end(desk& user) {
     const o_user_rec record = own_record(user);
+    if (!record.repl_active)
+        return user.out().done("no replacement was in force for " + user.user(),
+                               replacement_json(record));
     put(user, {std::string(record.repl_userid.view()), std::string(record.repl_alphaid.view())},
         false);
     user.out().done("nobody stands in for " + user.user() + " now",

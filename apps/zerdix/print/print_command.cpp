@@ -7,14 +7,13 @@
 
 #include <CLI/CLI.hpp>
 
-#include <zerdix/journal.h>
 #include <zerdix/sendfax.h>
 #include <zerdix/zerdix.h>
 
 #include "commands.h"
-#include "cover/kept_picture.h"
 #include "failure.h"
 #include "interrupt.h"
+#include "print/forms.h"
 #include "print/job_options.h"
 #include "print/merge_text.h"
 #include "print/pdf_file.h"
@@ -50,19 +49,8 @@ void store_pages(print_job& job, const pdf_file& pdf, progress& shown) {
     stop_if_interrupted();
 }
 
-// Of the open job. Without a template the job would end as if it were done, and nothing would be
-// sent. A call that fails is left to the job to tell.
 void ask_for_cover_pages() {
-    JOURNAL journal;
-    const std::int32_t id = journal.getCoverId();
-    if (id == 0)
-        throw failure(exit_no_input, "the server names no cover template");
-    const page_dat* form = id > 0 ? journal.getDocPage(TOPF_P, id, 1, 0) : nullptr;
-    if (form != nullptr && form->size == 0)
-        throw failure(exit_no_input, "the cover template, document " + std::to_string(id) +
-                                         ", has no form that you may read");
-    if (form != nullptr && cover::kept_picture{}.expand(*form) != 0)
-        throw failure(exit_bad_data, "the form of the cover template is damaged");
+    require_cover_form();
     fCoverpage = 1;
 }
 
@@ -87,13 +75,13 @@ void print(const print_options& options) {
         note_what_the_dialog_asks_again(options);
     else if (options.cover)
         ask_for_cover_pages();
+    require_letterhead(options.paper.value_or(0));
     progress shown(stdout, progress::fitting(options.quiet), pdf.pages());
     store_pages(job, pdf, shown);
     shown.step(pdf.pages(), asks ? "the send dialog asks for the receivers"
                                  : "sending to " + counted(job.receivers(), "receiver"));
-    const std::optional<std::int32_t> jobs = job.send();
-    shown.done(options.file + ": " + counted(pdf.pages(), "page") + ", " +
-               (jobs ? counted(*jobs, "send job") + " made" : "sent as chosen in the dialog"));
+    const std::string done = job.send();
+    shown.done(options.file + ": " + counted(pdf.pages(), "page") + ", " + done);
 }
 
 template <class Value>

@@ -9,10 +9,11 @@
 #include <zerdix/telebook.h>
 #include <zerdix/zerdix.h>
 
-#include "error_log.h"
 #include "platform/dialog/presenter_plugin.h"
 #include "platform/encoding.h"
+#include "print/fax_sending.h"
 #include "print/leftover.h"
+#include "print/step_failure.h"
 #include "shell/value_text.h"
 
 namespace zerdix::app {
@@ -21,27 +22,9 @@ namespace {
 
 constexpr std::int32_t success = 0;
 constexpr std::int32_t declined = 4;
-constexpr int no_pages = 0; // those of a copy come with it, and aren't in its log
-
-failure failed_step(const std::string& step, const trouble& why) {
-    return {why.code,
-            step + " failed: " + why.cause + " (the error log is " + error_log_path() + ")"};
-}
 
 void tell(const std::string& sentence) {
     std::fprintf(stderr, "zerdix: %s\n", sentence.c_str());
-}
-
-void tell_document_stays(std::int32_t faxid) {
-    tell("document " + std::to_string(faxid) + " couldn't be deleted and stays on the desk of " +
-         platform::cp1252_to_utf8(ZERDIX::clsGetUserId()));
-}
-
-std::vector<std::string> job_receivers() {
-    std::vector<std::string> receivers;
-    for (std::int32_t i = 0; i < lPDCountReceiver; ++i)
-        receivers.emplace_back(ppReceiver[i] != nullptr ? ppReceiver[i] : "");
-    return receivers;
 }
 
 // Those of the dialog, when none were named before it.
@@ -56,25 +39,6 @@ std::optional<std::int32_t> number_made(const std::vector<std::string>& named) {
     return static_cast<std::int32_t>(named.size());
 }
 
-// Receivers go out from the last to the first, and the record still names the one at hand.
-std::size_t sent_before(const std::vector<std::string>& receivers) {
-    const auto at = std::find(receivers.rbegin(), receivers.rend(), pa_s_rec->phone.view());
-    return static_cast<std::size_t>(at - receivers.rbegin());
-}
-
-// A document's log has a line for its creation, one for each page that was stored in it, one for
-// its completion; the next one says that it is deleted, and is written when it was sent. What the
-// lines say can't be relied on: the server shows them in words of its own.
-bool was_sent(const leftover& document, int pages_stored) {
-    return document.log_lines > 1 + pages_stored + 1;
-}
-
-// Of a job with cover pages that ended well, which it also does when a cover page couldn't be made.
-// The first receiver comes last and gets the job's own document.
-bool first_receiver_was_served(std::int32_t own_document, int pages) {
-    return pa_s_rec->faxid == own_document && pa_s_rec->pages == pages + 1;
-}
-
 const char* net_word(int net) {
     return net == NETTYPE_TELEX ? "telex" : "fax";
 }
@@ -86,20 +50,6 @@ std::size_t served_by_now(std::size_t all) {
     const auto served = std::find_if(ppReceiver, ppReceiver + lPDCountReceiver,
                                      [](const char* receiver) { return receiver != nullptr; });
     return static_cast<std::size_t>(served - ppReceiver);
-}
-
-[[noreturn]] void nobody_named() {
-    throw failure(exit_no_dialog, "no receiver is named and no dialog can ask for one; use --to or "
-                                  "--group");
-}
-
-// What the dialog was asked for it has put into the record, and taken the document's id out.
-bool dialog_accepted(std::int32_t faxid) {
-    return faxid != 0 && pa_s_rec->faxid == 0;
-}
-
-std::string count_of_jobs(std::size_t made, std::size_t all) {
-    return std::to_string(made) + " of " + std::to_string(all) + " send jobs had been made";
 }
 
 } // namespace
@@ -163,6 +113,9 @@ void print_job::store_page(const std::vector<unsigned char>& block) {
             throw failed_step("storing page " + std::to_string(pages_ + 1), why);
         if (why.code == exit_refused)
             why.cause += "; it may not know the user " + shown(ZERDIX::clsGetUserId());
+        else
+            why.cause +=
+                "; an empty document may lie on the desk, \"zerdix doc list desk\" shows it";
         throw failed_step("creating the document", why);
     }
     ++pages_;
@@ -177,47 +130,10 @@ void print_job::require_receivers_or_dialog() const {
         nobody_named();
 }
 
-std::optional<std::int32_t> print_job::send() {
-    const std::vector<std::string> receivers = job_receivers();
-    const std::int32_t faxid = pa_s_rec->faxid;
-    const bool has_covers = fCoverpage != 0;
-    const call_watch watch;
+std::string print_job::send() {
+    fax_sending sending(host_, pages_);
     open_ = false;
-    const std::int32_t rc = SendFaxDoc();
-    if (rc == declined)
-        throw failure(exit_interrupted, "cancelled; nothing was sent");
-    if (rc == success && has_covers && !first_receiver_was_served(faxid, pages_))
-        send_failed(receivers, faxid, {exit_refused, "there is no cover page for it"});
-    if (rc == success)
-        return number_made(receivers);
-    if (receivers.empty() && !dialog_accepted(faxid)) {
-        remove_leftover(faxid);
-        nobody_named();
-    }
-    send_failed(receivers, faxid, watch.explain(host_));
-}
-
-leftover print_job::remove_leftover(std::int32_t faxid) const {
-    const leftover left = clear_leftover(faxid, host_);
-    if (!left.gone)
-        tell_document_stays(faxid);
-    return left;
-}
-
-void print_job::send_failed(const std::vector<std::string>& receivers, std::int32_t faxid,
-                            const trouble& why) {
-    const bool all_sent = was_sent(remove_leftover(faxid), pages_);
-    const std::int32_t copy = pa_s_rec->faxid; // with cover pages, but for the first receiver
-    const bool copy_sent = copy != 0 && copy != faxid && was_sent(remove_leftover(copy), no_pages);
-    const std::string phone = platform::cp1252_to_utf8(std::string(pa_s_rec->phone.view()));
-    if (receivers.empty())
-        throw failed_step("sending to " + (phone.empty() ? "the receivers" : phone),
-                          {why.code, why.cause + "; the dialog's receivers before it have theirs"});
-    const std::size_t made =
-        all_sent ? receivers.size() : sent_before(receivers) + (copy_sent ? 1 : 0);
-    const std::string step =
-        all_sent || copy_sent ? "deleting the document after sending" : "sending to " + phone;
-    throw failed_step(step, {why.code, why.cause + "; " + count_of_jobs(made, receivers.size())});
+    return sending.run();
 }
 
 std::optional<std::int32_t> print_job::send_telex(const std::string& text) {
@@ -240,9 +156,12 @@ void print_job::telex_failed(const std::vector<std::string>& receivers, const tr
                              : served == receivers.size()
                                  ? "deleting the document of the telex"
                                  : "the telex to " + platform::cp1252_to_utf8(receivers[served]);
-    throw failed_step(step, {why.code, why.cause + "; " + std::to_string(served) + " of " +
-                                           std::to_string(receivers.size()) +
-                                           " telexes had been handed over"});
+    const bool is_open =
+        pa_s_rec->faxid != 0 && why.code != exit_refused && served < receivers.size();
+    throw failed_step(
+        step, {why.code, why.cause + "; " + std::to_string(served) + " of " +
+                             std::to_string(receivers.size()) + " telexes had been handed over" +
+                             (is_open ? ", and whether this one was isn't known" : "")});
 }
 
 // The connection may be what failed, so the second try has one of its own. The document of a telex
@@ -252,12 +171,12 @@ void print_job::give_up() {
     if (net_ == NETTYPE_TELEX) {
         if (pa_s_rec->faxid != 0 && !clear_print_document(pa_s_rec->faxid, host_))
             tell("the print document " + std::to_string(pa_s_rec->faxid) +
-                 " couldn't be deleted and stays on the server");
+                 " couldn't be deleted and may still lie on the server");
         return;
     }
     if (DeleteFaxDoc() == success || pa_s_rec->faxid == 0)
         return;
-    remove_leftover(pa_s_rec->faxid);
+    clear_leftover(pa_s_rec->faxid, host_);
 }
 
 } // namespace zerdix::app

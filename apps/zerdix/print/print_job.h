@@ -16,7 +16,6 @@
 #include <zerdix/records.h>
 
 #include "link_probe.h"
-#include "print/leftover.h"
 #include "print/merge_text.h"
 
 namespace zerdix::app {
@@ -43,15 +42,14 @@ class print_job {
     // Throws failure when there are none and no dialog can ask for them.
     void require_receivers_or_dialog() const;
 
-    // Ends the job. The number of send jobs made, or of telexes handed over; none when the dialog
-    // asked for the receivers.
-    std::optional<std::int32_t> send();
+    // Ends the job. What was done, a clause such as "3 send jobs made".
+    std::string send();
+
+    // Ends the job. The number of telexes handed over; none when the dialog asked for the
+    // receivers.
     std::optional<std::int32_t> send_telex(const std::string& text);
 
   private:
-    [[noreturn]] void send_failed(const std::vector<std::string>& receivers, std::int32_t faxid,
-                                  const trouble& why);
-    leftover remove_leftover(std::int32_t faxid) const; // says so when the document stays
     [[noreturn]] void telex_failed(const std::vector<std::string>& receivers, const trouble& why);
     void give_up();
 

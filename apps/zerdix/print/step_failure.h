@@ -1,0 +1,24 @@
+// How a print job tells of a step that failed.
+#ifndef ZERDIX_APP_PRINT_STEP_FAILURE_H
+#define ZERDIX_APP_PRINT_STEP_FAILURE_H
+
+#include <string>
+
+#include "error_log.h"
+#include "link_probe.h"
+
+namespace zerdix::app {
+
+inline failure failed_step(const std::string& step, const trouble& why) {
+    return {why.code,
+            step + " failed: " + why.cause + " (the error log is " + error_log_path() + ")"};
+}
+
+[[noreturn]] inline void nobody_named() {
+    throw failure(exit_no_dialog, "no receiver is named and no dialog can ask for one; use --to or "
+                                  "--group");
+}
+
+} // namespace zerdix::app
+
+#endif
