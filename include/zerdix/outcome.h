@@ -95,7 +95,8 @@ struct zx_outcome {
     const int32_t* left; /* documents that the job made or was to delete, and that are, or may be,
                           * on the server still */
     int32_t left_count;
-    int32_t on_desk; /* the document that lies on a desk as the user chose, 0: none */
+    const char* desk_user; /* user on whose desk the document was to be laid, "": none */
+    int32_t on_desk;       /* the document that lies there now, 0: none */
 
     const struct zx_remark* remarks; /* on the merge data, in its order */
     int32_t remark_count;

@@ -48,6 +48,7 @@ pool_delivery::pool_delivery() : strSavedUser{}, strSavedAlpha{} {
         return;
     strSavedUser.assign(ZERDIX::clsGetUserId());
     strSavedAlpha.assign(ZERDIX::clsGetAlphaServer());
+    sending::job_outcome().meant_for_desk(userid);
     trace_lines.info("SendFaxDoc(): Selected Userid: <%s>", userid);
 }
 

@@ -98,6 +98,10 @@ void outcome::gone(std::int32_t document) {
     std::erase(left_, document);
 }
 
+void outcome::meant_for_desk(std::string_view user) {
+    desk_user_ = user;
+}
+
 void outcome::put_on_desk(std::int32_t document) {
     gone(document);
     on_desk_ = document;
@@ -133,6 +137,7 @@ const zx_outcome& outcome::view() {
              static_cast<std::int32_t>(receiver_views_.size()),
              left_.data(),
              static_cast<std::int32_t>(left_.size()),
+             desk_user_.c_str(),
              on_desk_,
              remark_views_.data(),
              static_cast<std::int32_t>(remark_views_.size())};

@@ -37,6 +37,8 @@ class outcome {
     // A document that isn't meant to stay, until it is gone.
     void left_behind(std::int32_t document);
     void gone(std::int32_t document);
+    // The job is for a user's desk, and then the document that lies there.
+    void meant_for_desk(std::string_view user);
     void put_on_desk(std::int32_t document);
 
     void remark(zx_remark_kind kind, std::string_view key, std::string_view value);
@@ -67,6 +69,7 @@ class outcome {
     std::int32_t result_ = -1;
     zx_step step_ = ZX_STEP_NONE;
     std::int32_t answer_ = 0, rpc_status_ = 0, system_error_ = 0;
+    std::string desk_user_;
     std::int32_t on_desk_ = 0;
     std::deque<receiver_state> receivers_; // views keep pointers to the names
     std::deque<remark_state> remarks_;

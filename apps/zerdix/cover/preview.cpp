@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 #include <filesystem>
 
+#include <zerdix/book_entry.h>
 #include <zerdix/timetext.h>
 
 #include "books/known_entry.h"
@@ -40,9 +41,8 @@ class preview_content final : public cover::page_content {
 
   private:
     void look_up(const std::string& phone) {
-        const std::size_t colon = phone.find(':');
-        if (colon != std::string::npos)
-            entry_ = known_entry(desk_, {phone.substr(0, colon), phone.substr(colon + 1)});
+        if (const auto named = parse_book_entry(phone))
+            entry_ = known_entry(desk_, {named->book, named->entry});
         else if (!phone.empty())
             entry_ = find_entry_of_number(phone);
     }

@@ -1,17 +1,20 @@
-// zerdix send: the send dialog on documents of the desk.
+// zerdix send: documents of the desk go out, to named receivers or as a dialog asks.
 
 #include <cstring>
 #include <memory>
-#include <set>
 
 #include <CLI/CLI.hpp>
 
 #include <zerdix/dialogs.h>
+#include <zerdix/outcome.h>
+#include <zerdix/values.h>
 
 #include "documents/arguments.h"
 #include "documents/commands.h"
 #include "documents/document_name.h"
-#include "documents/pool_list.h"
+#include "documents/sending_to_receivers.h"
+#include "print/job_options.h"
+#include "print/outcome_words.h"
 #include "progress.h"
 #include "shell/user_command.h"
 #include "shell/value_text.h"
@@ -21,8 +24,6 @@ namespace zerdix::app {
 namespace {
 
 constexpr std::size_t comment_size = 31;
-constexpr std::int32_t accepted = 2301;
-constexpr std::int32_t cancelled = 2302;
 
 // As the dialog takes them.
 struct stored_documents {
@@ -53,50 +54,84 @@ stored_documents read_documents(desk& user, const std::vector<std::string>& type
     return documents;
 }
 
-std::set<std::int32_t> outgoing_ids(desk& user) {
-    std::set<std::int32_t> ids;
-    for (const json& one : list_pool(user, TOPF_S, select_all))
-        ids.insert(one["id"].get<std::int32_t>());
-    return ids;
+// Receivers of all documents; those that have none are counted by the dialog's own messages.
+void tell_end(desk& user, const zx_outcome& outcome) {
+    const std::string made = counted(
+        static_cast<int>(receivers_that_are(outcome, ZX_HANDED_OVER).size()), "send job");
+    const auto unknown = receivers_that_are(outcome, ZX_UNKNOWN);
+    if (!unknown.empty())
+        throw failure(cause_of(outcome).code,
+                      "sending to " + shown_receiver(*unknown[0]) + " failed: " +
+                          cause_of(outcome).cause + "; " + made +
+                          " had been made, and whether this one was isn't known: \"zerdix doc list "
+                          "outgoing\" shows it");
+    if (receivers_that_are(outcome, ZX_HANDED_OVER).empty())
+        throw failure(exit_refused, "nothing was sent; the messages of the dialog say why");
+    if (outcome.step != ZX_STEP_NONE)
+        throw failure(cause_of(outcome).code,
+                      made + " of " + std::to_string(outcome.receiver_count) +
+                          " made; the messages of the dialog say why the others weren't");
+    user.out().done(made + " made", {{"jobs", receivers_that_are(outcome, ZX_HANDED_OVER).size()}});
 }
 
-int new_jobs(desk& user, const std::set<std::int32_t>& before) try {
-    int made = 0;
-    for (const std::int32_t id : outgoing_ids(user))
-        made += before.contains(id) ? 0 : 1;
-    return made;
-} catch (const failure& error) {
-    throw failure(error.code(), std::string(error.what()) +
-                                    "; how many send jobs were made isn't known, \"zerdix doc list "
-                                    "outgoing\" shows them");
-}
-
-void send(desk& user, const std::vector<std::string>& typed) {
+void ask_and_send(desk& user, const std::vector<std::string>& typed) {
     stored_documents documents = read_documents(user, typed);
-    const std::set<std::int32_t> before = outgoing_ids(user);
     const std::int32_t ended = SendStoredDocuments(nullptr, &user.journal(), documents.ids.data(),
                                                    documents.comments.data());
-    if (ended == cancelled)
+    if (ended == send_dialog_cancelled)
         throw failure(exit_interrupted, "cancelled; nothing was sent");
-    if (ended != accepted)
+    if (ended != send_dialog_accepted)
         throw failure(exit_no_dialog, "the send dialog can't be shown here; it asks for the "
                                       "receivers");
-    const int made = new_jobs(user, before);
-    if (made == 0)
-        throw failure(exit_refused, "nothing was sent; the messages of the dialog say why");
-    user.out().done(counted(made, "send job") + " made", {{"jobs", made}});
+    tell_end(user, *LastStoredOutcome());
+}
+
+struct send_line {
+    std::vector<std::string> documents;
+    print_options options;
+    std::string at, resolution;
+    int retries = 0, priority = 0;
+};
+
+void check(const CLI::App& command, send_line& line) {
+    check_document_names(line.documents);
+    check_receivers(line.options);
+    const bool names_receivers = !line.options.to.empty() || !line.options.groups.empty();
+    if (names_receivers && line.documents.size() != 1)
+        throw failure(exit_usage, "with --to and --group one document is sent at a time");
+    if (!names_receivers && (command.count("--at") + command.count("--retries") +
+                             command.count("--priority") + command.count("--resolution")) > 0)
+        throw failure(exit_usage, "the dialog asks for these settings; they go with --to and "
+                                  "--group");
+    if (command.count("--at") > 0)
+        line.options.at = required_send_time(line.at);
+    if (command.count("--retries") > 0)
+        line.options.retries = line.retries;
+    if (command.count("--priority") > 0)
+        line.options.priority = line.priority;
+    if (command.count("--resolution") > 0)
+        line.options.resolution = line.resolution;
+}
+
+void send(desk& user, const send_line& line) {
+    if (line.options.to.empty() && line.options.groups.empty())
+        return ask_and_send(user, line.documents);
+    send_to_receivers(user, desk_document(user, line.documents[0]), line.options);
 }
 
 } // namespace
 
 void add_send_command(CLI::App& parent) {
-    auto documents = std::make_shared<std::vector<std::string>>();
-    CLI::App* command = add_user_command(
-        parent, "send", "Send documents of the desk: a dialog asks to whom",
-        [documents](desk& user) { send(user, *documents); },
-        [documents] { check_document_names(*documents); });
-    add_documents(*command, *documents);
-    command->footer("Example: zerdix send 17 18");
+    auto line = std::make_shared<send_line>();
+    auto command = std::make_shared<CLI::App*>(nullptr);
+    *command = add_user_command(
+        parent, "send", "Send documents of the desk: to named receivers, or a dialog asks to whom",
+        [line](desk& user) { send(user, *line); },
+        [line, command] { check(**command, *line); });
+    add_documents(**command, line->documents);
+    add_receiver_options(**command, line->options, "fax");
+    add_settings_of_jobs(**command, {line->at, line->retries, line->priority, line->resolution});
+    (*command)->footer("Examples: zerdix send 17 18\n          zerdix send 17 --to \"030 123456\"");
 }
 
 } // namespace zerdix::app

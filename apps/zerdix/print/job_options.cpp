@@ -6,6 +6,7 @@
 
 #include <zerdix/zerdix.h>
 
+#include "shell/one_of.h"
 #include "shell/value_text.h"
 
 namespace zerdix::app {
@@ -26,20 +27,42 @@ void add_receiver_options(CLI::App& command, print_options& options, const std::
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
+namespace {
+
+void add_time_and_retries(CLI::App& command, std::string& at, int& retries) {
+    command.add_option("--retries", retries, "Retries for a busy number, 0 to 9")
+        ->check(CLI::Range(0, 9).description(""))
+        ->option_text("N");
+    command
+        .add_option("-a,--at", at,
+                    "When to send, in the server's time: now, night (the cheap tariff), "
+                    "20:15, or \"2026-12-31 20:15\"")
+        ->option_text("TIME");
+}
+
+} // namespace
+
 void add_job_options(CLI::App& command, const job_places& places,
                      const std::string& default_title) {
     command
         .add_option("-T,--title", places.title,
                     "Title of the document, 30 characters (default: " + default_title + ")")
         ->option_text("TEXT");
-    command.add_option("--retries", places.retries, "Retries for a busy number, 0 to 9")
-        ->check(CLI::Range(0, 9).description(""))
+    add_time_and_retries(command, places.at, places.retries);
+}
+
+void add_quality(CLI::App& command, int& priority, std::string& resolution) {
+    command.add_option("--resolution", resolution, "fine or normal (default: as rendered)")
+        ->check(one_of({"fine", "normal"}))
+        ->option_text("HOW");
+    command.add_option("-q,--priority", priority, "0 (the lowest) to 100")
+        ->check(CLI::Range(0, 100).description(""))
         ->option_text("N");
-    command
-        .add_option("-a,--at", places.at,
-                    "When to send, in the server's time: now, night (the cheap tariff), "
-                    "20:15, or \"2026-12-31 20:15\"")
-        ->option_text("TIME");
+}
+
+void add_settings_of_jobs(CLI::App& command, const fax_settings& places) {
+    add_time_and_retries(command, places.at, places.retries);
+    add_quality(command, places.priority, places.resolution);
 }
 
 void check_receivers(const print_options& options) {

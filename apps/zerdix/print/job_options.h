@@ -24,6 +24,18 @@ struct job_places {
 };
 void add_job_options(CLI::App& command, const job_places& places, const std::string& default_title);
 
+// --resolution and --priority of a fax.
+void add_quality(CLI::App& command, int& priority, std::string& resolution);
+
+// --at, --retries, --priority and --resolution of a fax, as they are typed.
+struct fax_settings {
+    std::string& at;
+    int& retries;
+    int& priority;
+    std::string& resolution;
+};
+void add_settings_of_jobs(CLI::App& command, const fax_settings& places);
+
 // What can be told wrong of the receivers without the server. Throws failure.
 void check_receivers(const print_options& options);
 

@@ -1,16 +1,13 @@
 #include "print/leftover.h"
 
-#include <chrono>
+#include <algorithm>
 #include <cstdio>
 #include <string_view>
-#include <thread>
-#include <vector>
 
 #include <zerdix/journal.h>
 #include <zerdix/zerdix.h>
 
 #include "platform/encoding.h"
-#include "server_fields.h"
 
 namespace zerdix::app {
 
@@ -18,7 +15,6 @@ namespace {
 
 // More documents than this that were made meanwhile aren't looked through.
 constexpr std::int32_t most_looked_at = 5000;
-constexpr std::chrono::seconds time_to_fill{2};
 constexpr const char* administrator = "FAXADM"; // under whose name all desks can be reached
 
 class new_connection {
@@ -40,34 +36,44 @@ class new_connection {
     bool stands_;
 };
 
-removal remove(JOURNAL& journal, std::int32_t faxid) {
-    if (journal.delDoc(TOPF_P, faxid) == 0)
-        return removal::done;
-    const a_p_rec* record = journal.getPDoc(faxid);
+enum class removal { gone, refused, unknown };
+
+removal remove(JOURNAL& journal, std::int32_t document) {
+    if (journal.delDoc(TOPF_P, document) == 0)
+        return removal::gone;
+    const a_p_rec* record = journal.getPDoc(document);
     if (record == nullptr)
         return removal::unknown;
-    return record->faxid == 0 ? removal::needless : removal::refused;
+    return record->faxid == 0 ? removal::gone : removal::refused;
 }
 
-removal tell_what_stays(std::int32_t faxid, removal removed) {
-    const std::string desk =
+// A document that was made for another user's desk is out of the user's own reach.
+removal remove_anywhere(new_connection& connection, JOURNAL& journal, std::int32_t document) {
+    const removal own = remove(journal, document);
+    if (own != removal::refused)
+        return own;
+    const std::string user = ZERDIX::clsGetUserId();
+    connection.session().setUserId(administrator);
+    const removal anybodys = remove(journal, document);
+    connection.session().setUserId(user.c_str());
+    return anybodys;
+}
+
+void tell_what_stays(std::int32_t document, removal removed) {
+    if (removed == removal::gone)
+        return;
+    const std::string sentence =
+        "zerdix: document " + std::to_string(document) +
+        (removed == removal::refused ? " couldn't be deleted and stays" : " may still lie") +
         " on the desk of " + platform::cp1252_to_utf8(ZERDIX::clsGetUserId()) + '\n';
-    const std::string document = "zerdix: document " + std::to_string(faxid);
-    if (removed == removal::refused)
-        std::fputs((document + " couldn't be deleted and stays" + desk).c_str(), stderr);
-    if (removed == removal::unknown)
-        std::fputs((document + " may still lie" + desk).c_str(), stderr);
-    return removed;
+    std::fputs(sentence.c_str(), stderr);
 }
 
-std::string log_text(JOURNAL& journal, std::int32_t faxid) {
-    const char* text = journal.getLog(TOPF_P, faxid, 0, nullptr);
-    return text != nullptr ? text : "";
-}
-
-// All that a send job is sure to have: lines that came after it was made aren't in its log.
-std::string first_line(const std::string& log) {
-    return log.substr(0, log.find('\n') + 1);
+// It names the document. Lines behind it may have come after a send job was made.
+std::string first_line_of_log(JOURNAL& journal, topftype pool, std::int32_t document) {
+    const char* log = journal.getLog(pool, document, 0, nullptr);
+    const std::string_view text = log != nullptr ? log : "";
+    return std::string{text.substr(0, text.find('\n') + 1)};
 }
 
 // Ids ascend, so one that is given now lies behind all that were given before.
@@ -81,101 +87,53 @@ std::optional<std::int32_t> id_given_now(JOURNAL& journal, std::int32_t after) {
     return id;
 }
 
-// There is no list of outgoing documents without a login, and a print job has none.
-std::optional<std::size_t> count_jobs(JOURNAL& journal, std::int32_t faxid,
-                                      const std::string& log) {
-    const auto end = log.empty() ? std::nullopt : id_given_now(journal, faxid);
-    if (!end)
+// Nothing when the server couldn't be asked.
+std::optional<bool> is_job_of(JOURNAL& journal, std::int32_t id, const std::string& line) {
+    const a_s_rec* record = journal.getSDoc(id);
+    if (record == nullptr)
         return std::nullopt;
-    std::size_t found = 0;
-    for (std::int32_t id = faxid + 1; id < *end; ++id) {
-        const a_s_rec* record = journal.getSDoc(id);
-        if (record == nullptr)
-            return std::nullopt;
-        if (record->faxid != id)
-            continue;
-        const char* text = journal.getLog(TOPF_S, id, 0, nullptr);
-        if (text == nullptr)
-            return std::nullopt;
-        found += std::string_view(text).starts_with(log) ? 1 : 0;
-    }
-    return found;
-}
-
-bool is_empty_of_another(JOURNAL& journal, std::int32_t id, const str10& user) {
-    const a_p_rec* record = journal.getPDoc(id);
-    return record != nullptr && record->faxid == id && !(record->userid == user.view()) &&
-           page_count(*record) == 0 && title(*record).empty() && log_text(journal, id).empty();
-}
-
-std::vector<std::int32_t> empty_documents(JOURNAL& journal, std::int32_t from, std::int32_t to,
-                                          const str10& user) {
-    std::vector<std::int32_t> found;
-    for (std::int32_t id = from; id < to; ++id)
-        if (is_empty_of_another(journal, id, user))
-            found.push_back(id);
-    return found;
-}
-
-// A document that another client is just filling looks the same at first, but not for long.
-bool remove_the_empty_one(JOURNAL& journal, std::int32_t faxid, std::int32_t end,
-                          const str10& user) {
-    const auto found = empty_documents(journal, faxid + 1, end, user);
-    if (found.size() != 1)
-        return false;
-    std::this_thread::sleep_for(time_to_fill);
-    return is_empty_of_another(journal, found[0], user) &&
-           remove(journal, found[0]) == removal::done;
+    return record->faxid == id && first_line_of_log(journal, TOPF_S, id) == line;
 }
 
 } // namespace
 
-removal clear_leftover(std::int32_t faxid, const std::string& host) {
-    const new_connection connection(host);
-    if (!connection.stands())
-        return tell_what_stays(faxid, removal::unknown);
-    JOURNAL journal;
-    return tell_what_stays(faxid, remove(journal, faxid));
-}
-
-std::string log_of_desk_document(std::int32_t faxid) {
-    JOURNAL journal;
-    return log_text(journal, faxid);
-}
-
-sent_leftover clear_sent_leftover(std::int32_t faxid, std::string log, const std::string& host) {
-    const new_connection connection(host);
-    if (!connection.stands())
-        return {tell_what_stays(faxid, removal::unknown), std::nullopt};
-    JOURNAL journal;
-    if (log.empty())
-        log = first_line(log_text(journal, faxid));
-    const removal removed = tell_what_stays(faxid, remove(journal, faxid));
-    return {removed, count_jobs(journal, faxid, log)};
-}
-
-bool clear_empty_document(std::int32_t faxid, const std::string& host) {
+void clear_leftovers(const std::vector<std::int32_t>& documents, const std::string& host) {
+    if (documents.empty())
+        return;
     new_connection connection(host);
-    if (!connection.stands())
-        return false;
     JOURNAL journal;
-    const auto end = id_given_now(journal, faxid);
-    if (!end)
-        return false;
-    str10 user{};
-    user.assign(ZERDIX::clsGetUserId());
-    connection.session().setUserId(administrator);
-    const bool gone = remove_the_empty_one(journal, faxid, *end, user);
-    connection.session().setUserId(user.bytes);
-    return gone;
+    for (const std::int32_t document : documents)
+        tell_what_stays(document, connection.stands()
+                                      ? remove_anywhere(connection, journal, document)
+                                      : removal::unknown);
 }
 
-bool clear_print_document(std::int32_t faxid, const std::string& host) {
+std::optional<bool> has_further_job(std::int32_t document, const std::vector<std::int32_t>& known,
+                                    const std::string& host) {
+    const new_connection connection(host);
+    if (!connection.stands())
+        return std::nullopt;
+    JOURNAL journal;
+    const std::string line = first_line_of_log(journal, TOPF_P, document);
+    const auto end = line.empty() ? std::nullopt : id_given_now(journal, document);
+    if (!end)
+        return std::nullopt;
+    for (std::int32_t id = document + 1; id < *end; ++id) {
+        if (std::find(known.begin(), known.end(), id) != known.end())
+            continue;
+        const std::optional<bool> found = is_job_of(journal, id, line);
+        if (!found || *found)
+            return found;
+    }
+    return false;
+}
+
+bool clear_print_document(std::int32_t document, const std::string& host) {
     const new_connection connection(host);
     if (!connection.stands())
         return false;
     JOURNAL journal;
-    return journal.delPrintDoc(TOPF_P, faxid) == 0;
+    return journal.delPrintDoc(TOPF_P, document) == 0;
 }
 
 } // namespace zerdix::app

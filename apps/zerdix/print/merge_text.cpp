@@ -96,15 +96,15 @@ std::string merge_text(const print_options& options, const std::string& title) {
 
 std::string phone_value(const std::string& typed) {
     const std::string value = receiver_value("--to", typed, longest_value);
-    const auto colon = value.find(':');
+    const auto named = parse_book_entry(value);
     const std::string about = "--to \"" + typed + "\": ";
-    if (colon == std::string::npos && value.find_first_of("0123456789") == std::string::npos)
+    if (!named && value.find_first_of("0123456789") == std::string::npos)
         throw failure(exit_usage, about + "neither a number nor an entry as BOOK:ENTRY");
-    if (colon == std::string::npos)
+    if (!named)
         return value;
-    if (colon == 0 || colon + 1 == value.size())
+    if (named->book.empty() || named->entry.empty())
         throw failure(exit_usage, about + "a phone book entry is BOOK:ENTRY");
-    if (colon > longest_id || value.size() - colon - 1 > longest_id)
+    if (named->book.size() > longest_id || named->entry.size() > longest_id)
         throw failure(exit_usage, about + "BOOK and ENTRY have at most 10 characters");
     return value;
 }
@@ -120,10 +120,8 @@ std::string send_time_pair(const std::string& value) {
 std::vector<book_entry> book_entries(const print_options& options) {
     std::vector<book_entry> entries;
     for (const std::string& receiver : options.to) {
-        const std::string value = phone_value(receiver);
-        const auto colon = value.find(':');
-        if (colon != std::string::npos)
-            entries.push_back({value.substr(0, colon), value.substr(colon + 1)});
+        if (const auto named = parse_book_entry(phone_value(receiver)))
+            entries.push_back(*named);
     }
     return entries;
 }

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include <zerdix/book_entry.h>
+
 #include "send_time.h"
 
 namespace zerdix::app {
@@ -25,12 +27,6 @@ struct print_options {
     std::optional<send_time> at;
     bool cover = false; // each receiver gets a cover page
     bool quiet = false;
-};
-
-// A phone book entry among the receivers, Windows-1252.
-struct book_entry {
-    std::string book;
-    std::string entry;
 };
 
 // Cut to the 30 characters that a document's title may have.

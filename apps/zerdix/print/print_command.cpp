@@ -20,7 +20,6 @@
 #include "print/print_job.h"
 #include "progress.h"
 #include "settings_choice.h"
-#include "shell/one_of.h"
 #include "shell/value_text.h"
 
 namespace zerdix::app {
@@ -108,12 +107,7 @@ void add_settings(CLI::App& command, print_line& line) {
         ->check(CLI::Range(0, 9).description(""))
         ->option_text("N");
     command.add_flag("--cover", line.options.cover, "Put a cover page in front, one for each");
-    command.add_option("--resolution", line.resolution, "fine or normal (default: as rendered)")
-        ->check(one_of({"fine", "normal"}))
-        ->option_text("HOW");
-    command.add_option("-q,--priority", line.priority, "0 (the lowest) to 100")
-        ->check(CLI::Range(0, 100).description(""))
-        ->option_text("N");
+    add_quality(command, line.priority, line.resolution);
     add_job_options(command, {line.title, line.at, line.retries}, "the PDF's own");
     command.add_option("--settings", line.settings, "Settings file to use")->option_text("FILE");
     command.add_flag("--quiet", line.options.quiet, "Don't show progress, and no last line");

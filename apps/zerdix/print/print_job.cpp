@@ -13,6 +13,7 @@
 #include "platform/encoding.h"
 #include "print/fax_sending.h"
 #include "print/leftover.h"
+#include "print/outcome_words.h"
 #include "print/step_failure.h"
 #include "shell/value_text.h"
 
@@ -27,29 +28,31 @@ void tell(const std::string& sentence) {
     std::fprintf(stderr, "zerdix: %s\n", sentence.c_str());
 }
 
-// Those of the dialog, when none were named before it.
-std::vector<std::string> job_receivers_now(const std::vector<std::string>& named) {
-    return named.empty() ? job_receivers() : named;
-}
-
-// None can be told when the dialog asked for them: the job, which knew them, is over.
-std::optional<std::int32_t> number_made(const std::vector<std::string>& named) {
-    if (named.empty())
-        return std::nullopt;
-    return static_cast<std::int32_t>(named.size());
-}
-
 const char* net_word(int net) {
     return net == NETTYPE_TELEX ? "telex" : "fax";
 }
 
-// Receivers of a telex that have been served are released one by one, the first one first.
-std::size_t served_by_now(std::size_t all) {
-    if (ppReceiver == nullptr)
-        return all;
-    const auto served = std::find_if(ppReceiver, ppReceiver + lPDCountReceiver,
-                                     [](const char* receiver) { return receiver != nullptr; });
-    return static_cast<std::size_t>(served - ppReceiver);
+std::string telex_step(const zx_outcome& outcome) {
+    if (outcome.step == ZX_STEP_CREATE)
+        return "making the document of the telex";
+    if (outcome.step == ZX_STEP_DELETE)
+        return "deleting the document of the telex";
+    for (std::int32_t i = 0; i < outcome.receiver_count; ++i)
+        if (outcome.receivers[i].delivery != ZX_HANDED_OVER)
+            return "the telex to " + shown_receiver(outcome.receivers[i]);
+    return "the telex";
+}
+
+// A print document tells nobody what became of it, so that an unknown receiver stays unknown.
+failure telex_failure(const zx_outcome& outcome) {
+    const trouble why = cause_of(outcome);
+    const std::size_t handed_over = receivers_that_are(outcome, ZX_HANDED_OVER).size();
+    const bool is_open = !receivers_that_are(outcome, ZX_UNKNOWN).empty();
+    return failed_step(telex_step(outcome),
+                       {why.code, why.cause + "; " + std::to_string(handed_over) + " of " +
+                                      std::to_string(outcome.receiver_count) +
+                                      " telexes had been handed over" +
+                                      (is_open ? ", and whether this one was isn't known" : "")});
 }
 
 } // namespace
@@ -84,7 +87,7 @@ void print_job::require_entry(const book_entry& wanted) {
     const call_watch watch;
     TELEBOOK books;
     const o_tebul* entry = books.getTBookEntry(wanted.book.c_str(), wanted.entry.c_str(), 1);
-    const std::string name = platform::cp1252_to_utf8(wanted.book + ':' + wanted.entry);
+    const std::string name = platform::cp1252_to_utf8(wanted.text());
     if (entry == nullptr)
         throw failed_step("looking up " + name, watch.explain(host_));
     if (entry->tbookid.empty())
@@ -127,41 +130,25 @@ std::int32_t print_job::receivers() const {
 
 void print_job::require_receivers_or_dialog() const {
     if (receivers() == 0 && !platform::windows_are_wanted())
-        nobody_named();
+        throw nobody_named();
 }
 
 std::string print_job::send() {
-    fax_sending sending(host_, pages_);
     open_ = false;
-    return sending.run();
+    return send_fax(host_);
 }
 
-std::optional<std::int32_t> print_job::send_telex(const std::string& text) {
-    const std::vector<std::string> receivers = job_receivers();
-    const call_watch watch;
+std::int32_t print_job::send_telex(const std::string& text) {
     const std::int32_t rc = SendTelex(text.data(), static_cast<std::int32_t>(text.size()));
     open_ = pzerdix != nullptr; // a step behind the dialog leaves the job open
+    const zx_outcome& outcome = *LastJobOutcome();
     if (rc == success)
-        return number_made(receivers);
+        return outcome.receiver_count;
     if (rc == declined)
         throw failure(exit_interrupted, "cancelled; nothing was sent");
-    if (!open_)
-        nobody_named();
-    telex_failed(job_receivers_now(receivers), watch.explain(host_));
-}
-
-void print_job::telex_failed(const std::vector<std::string>& receivers, const trouble& why) {
-    const std::size_t served = served_by_now(receivers.size());
-    const std::string step = pa_s_rec->faxid == 0 ? "making the document of the telex"
-                             : served == receivers.size()
-                                 ? "deleting the document of the telex"
-                                 : "the telex to " + platform::cp1252_to_utf8(receivers[served]);
-    const bool is_open =
-        pa_s_rec->faxid != 0 && why.code != exit_refused && served < receivers.size();
-    throw failed_step(
-        step, {why.code, why.cause + "; " + std::to_string(served) + " of " +
-                             std::to_string(receivers.size()) + " telexes had been handed over" +
-                             (is_open ? ", and whether this one was isn't known" : "")});
+    if (outcome.step == ZX_STEP_DIALOG)
+        throw nobody_named();
+    throw telex_failure(outcome);
 }
 
 // The connection may be what failed, so the second try has one of its own. The document of a telex
@@ -176,7 +163,7 @@ void print_job::give_up() {
     }
     if (DeleteFaxDoc() == success || pa_s_rec->faxid == 0)
         return;
-    clear_leftover(pa_s_rec->faxid, host_);
+    clear_leftovers({pa_s_rec->faxid}, host_);
 }
 
 } // namespace zerdix::app

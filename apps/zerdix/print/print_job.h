@@ -3,8 +3,7 @@
 // It is a fax job, of pages, or a telex job, of one text.
 //
 // Texts are Windows-1252 unless told otherwise. Every failure names the step and its cause.
-// Whatever happens, the object's end leaves no document on the user's desk, or says which one
-// stays.
+// What the object's end leaves on the user's desk it has named.
 #ifndef ZERDIX_APP_PRINT_PRINT_JOB_H
 #define ZERDIX_APP_PRINT_PRINT_JOB_H
 
@@ -45,12 +44,10 @@ class print_job {
     // Ends the job. What was done, a clause such as "3 send jobs made".
     std::string send();
 
-    // Ends the job. The number of telexes handed over; none when the dialog asked for the
-    // receivers.
-    std::optional<std::int32_t> send_telex(const std::string& text);
+    // Ends the job. The number of telexes handed over.
+    std::int32_t send_telex(const std::string& text);
 
   private:
-    [[noreturn]] void telex_failed(const std::vector<std::string>& receivers, const trouble& why);
     void give_up();
 
     nettypetype net_;

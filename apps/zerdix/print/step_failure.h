@@ -14,9 +14,9 @@ inline failure failed_step(const std::string& step, const trouble& why) {
             step + " failed: " + why.cause + " (the error log is " + error_log_path() + ")"};
 }
 
-[[noreturn]] inline void nobody_named() {
-    throw failure(exit_no_dialog, "no receiver is named and no dialog can ask for one; use --to or "
-                                  "--group");
+inline failure nobody_named() {
+    return {exit_no_dialog, "no receiver is named and no dialog can ask for one; use --to or "
+                            "--group"};
 }
 
 } // namespace zerdix::app

@@ -54,12 +54,12 @@ void send(const print_options& options) {
     set_up(job, options, settings);
     job.require_receivers_or_dialog();
     stop_if_interrupted();
-    const std::optional<std::int32_t> sent = job.send_telex(telex.text);
+    const std::int32_t sent = job.send_telex(telex.text);
     if (!options.quiet)
         std::printf("%s: %s, handed over to %s\n",
                     options.file == "-" ? "telex" : options.file.c_str(),
                     counted(telex.lines, "line").c_str(),
-                    (sent ? counted(*sent, "receiver") : "those chosen in the dialog").c_str());
+                    counted(sent, "receiver").c_str());
 }
 
 // The telex printer is told a time and no tariff.

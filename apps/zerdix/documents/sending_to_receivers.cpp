@@ -1,0 +1,128 @@
+#include "documents/sending_to_receivers.h"
+
+#include <ctime>
+
+#include <zerdix/book_entry.h>
+#include <zerdix/values.h>
+
+#include "platform/encoding.h"
+#include "progress.h"
+#include "send_time.h"
+#include "shell/value_text.h"
+
+namespace zerdix::app {
+
+namespace {
+
+void set_time(a_s_rec& record, const std::optional<send_time>& at) {
+    if (!at)
+        return;
+    record.nighttariff = at->when == send_time::kind::night;
+    if (at->when == send_time::kind::clock || at->when == send_time::kind::date)
+        record.sendtime = send_time_seconds(*at, std::time(nullptr));
+}
+
+a_s_rec send_record(desk& user, std::int32_t document, const print_options& options) {
+    const a_p_rec& desk_record =
+        user.fetch("reading document " + std::to_string(document),
+                   [&] { return user.journal().getPDoc(document); });
+    a_s_rec record{};
+    record.faxid = document;
+    record.pages = static_cast<std::int16_t>(page_count(desk_record));
+    record.comment.assign(title(desk_record));
+    record.nettype = NETTYPE_FAX;
+    record.maxretries = static_cast<std::int16_t>(options.retries.value_or(0));
+    record.priority = send_priority(options.priority.value_or(0));
+    if (options.resolution)
+        record.resolution = *options.resolution == "fine" ? resolution_fine : resolution_normal;
+    set_time(record, options.at);
+    return record;
+}
+
+void require_fax_entry(desk& user, const std::string& receiver) {
+    const auto named = parse_book_entry(receiver);
+    if (!named)
+        return;
+    const std::string shown_name = platform::cp1252_to_utf8(receiver);
+    const o_tebul& entry = user.fetch("looking up " + shown_name, [&] {
+        return user.books().getTBookEntry(named->book.c_str(), named->entry.c_str(), 1);
+    });
+    if (entry.tbookid.empty())
+        throw failure(exit_no_receiver, "the phone books have no entry " + shown_name);
+    if (entry.nettype != NETTYPE_FAX)
+        throw failure(exit_no_receiver, shown_name + " has no fax: it is an entry for telex");
+}
+
+void add_group(desk& user, const std::string& typed, std::vector<std::string>& receivers) {
+    const std::string group = field_text("--group", typed, 10);
+    const std::size_t before = receivers.size();
+    const PTRLIST& members = user.fetch("reading the group " + typed, [&] {
+        return user.books().getTGroupEntries(group.c_str(), 1);
+    });
+    for (const o_tgroupl* member : records<o_tgroupl>(members)) {
+        const book_entry named{std::string{member->tbookid.view()},
+                               std::string{member->teleid.view()}};
+        const o_tebul& entry = user.fetch("looking up " + named.text(), [&] {
+            return user.books().getTBookEntry(named.book.c_str(), named.entry.c_str(), 1);
+        });
+        if (!entry.tbookid.empty() && entry.nettype == NETTYPE_FAX)
+            receivers.push_back(named.text());
+    }
+    if (receivers.size() == before)
+        throw failure(exit_no_receiver,
+                      "the group " + typed + " doesn't exist or has no fax receiver");
+}
+
+std::vector<std::string> all_receivers(desk& user, const print_options& options) {
+    std::vector<std::string> receivers;
+    for (const std::string& typed : options.to) {
+        receivers.push_back(phone_value(typed));
+        require_fax_entry(user, receivers.back());
+    }
+    for (const std::string& group : options.groups)
+        add_group(user, group, receivers);
+    return receivers;
+}
+
+std::string rest_command(std::int32_t document, const std::vector<std::string>& receivers,
+                         std::size_t from) {
+    std::string command = "zerdix send " + std::to_string(document);
+    for (std::size_t i = from; i < receivers.size(); ++i)
+        command += " --to \"" + platform::cp1252_to_utf8(receivers[i]) + '"';
+    return command;
+}
+
+// A reply that was lost leaves open whether the job at hand was made.
+failure stopped(std::int32_t document, const std::vector<std::string>& receivers,
+                std::size_t made, std::int32_t result, const trouble& why) {
+    const bool is_open = result == call_failed;
+    std::string sentence = "sending to " + platform::cp1252_to_utf8(receivers[made]) +
+                           " failed: " + why.cause + "; " + std::to_string(made) + " of " +
+                           std::to_string(receivers.size()) + " send jobs had been made";
+    if (is_open)
+        sentence += ", and whether this one was isn't known: \"zerdix doc list outgoing\" shows it";
+    const std::size_t rest = made + (is_open ? 1 : 0);
+    if (rest < receivers.size())
+        sentence += "; " + rest_command(document, receivers, rest) + " sends it to the rest";
+    return {why.code, sentence};
+}
+
+} // namespace
+
+void send_to_receivers(desk& user, std::int32_t document, const print_options& options) {
+    a_s_rec record = send_record(user, document, options);
+    const std::vector<std::string> receivers = all_receivers(user, options);
+    for (std::size_t made = 0; made < receivers.size(); ++made) {
+        const call_watch watch;
+        record.phone.assign(receivers[made]);
+        const std::int32_t result = user.journal().sendDoc(document, &record);
+        if (result != call_succeeded)
+            throw stopped(document, receivers, made, result,
+                          result == call_refused ? trouble{exit_refused, "the server refused it"}
+                                                 : watch.explain(user.host()));
+    }
+    user.out().done(counted(static_cast<int>(receivers.size()), "send job") + " made",
+                    {{"jobs", receivers.size()}});
+}
+
+} // namespace zerdix::app
