@@ -4,19 +4,15 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include <zerdix/outcome.h>
+#include <zerdix/page.h>
 #include <zerdix/sendfax.h>
 
-enum { width = 1728, height = 2286, header = 8, row = width / 8, size = header + row * height };
-
-static void put_number(unsigned char* at, unsigned value) {
-    for (int i = 0; i < 4; ++i)
-        at[i] = (unsigned char)(value >> (24 - 8 * i));
-}
+enum { height = 2286, header = 8, row = ZX_PAGE_WIDTH / 8, size = header + row * height };
 
 /* Width, height, then the rows from the bottom up; a set bit is white. */
 static void draw(unsigned char* block) {
-    put_number(block, width);
-    put_number(block + 4, height);
+    WritePageHeader(block, ZX_PAGE_WIDTH, height);
     memset(block + header, 0x00, row * (height / 2));
     memset(block + header + row * (height / 2), 0xFF, row * (height / 2));
 }
@@ -25,7 +21,7 @@ int main(int argc, char** argv) {
     unsigned char* block = malloc(size);
     char pair[64];
     if (block == NULL || TransmissionDlg(NULL, "Half a page of black", 1) != 0)
-        return 1; /* FAXERROR.LOG says why */
+        return 1; /* the error log says why */
     draw(block);
     int failed = StoreFaxPage(block, size, 0, 0) != 0;
     for (int i = 1; i < argc && !failed; ++i) {
@@ -35,5 +31,8 @@ int main(int argc, char** argv) {
     free(block);
     if (failed)
         DeleteFaxDoc(); /* takes the page off the server again */
-    return failed || SendFaxDoc() != 0;
+    else
+        failed = SendFaxDoc() != 0;
+    puts(OutcomeText(LastJobOutcome())); /* Windows-1252, in the language of the settings */
+    return failed;
 }

@@ -9,12 +9,13 @@
 #include <stdio.h>
 #include <string.h>
 
+#include <zerdix/outcome.h>
+#include <zerdix/page.h>
 #include <zerdix/sendfax.h>
 
-enum { width = 1728, height = 2286, header = 8, row = width / 8, size = header + row * height };
+enum { height = 2286, header = 8, row = ZX_PAGE_WIDTH / 8, size = header + row * height };
 
-static unsigned char block[size] = {0, 0, width >> 8,  width & 0xFF, /* most significant first */
-                                    0, 0, height >> 8, height & 0xFF};
+static unsigned char block[size];
 static int failed; /* a line of the present job did; the error log says why */
 
 /* A job that can't be ended with the server is forgotten without it: as long as it is there, every
@@ -27,14 +28,17 @@ static void give_up(void) {
         printf("given up, document %d stays on the desk\n", (int)left);
 }
 
-/* SendFaxDoc ends the job whatever comes of it. After a failure the receivers that it had come to
- * have their send jobs; a cover page that can't be made is told in a message, not by the result. */
+/* SendFaxDoc ends the job whatever comes of it. What came of it stands in the outcome: a receiver
+ * whose reply was lost is neither served nor not served, and sending to it again might fax twice.
+ */
 static void send_job(void) {
-    const int with_cover = fCoverpage;
-    if (SendFaxDoc() != 0)
-        puts("failed, some receivers may have been served");
-    else
-        puts(with_cover ? "handed over, as far as cover pages could be made" : "handed over");
+    int count[ZX_UNKNOWN + 1] = {0};
+    SendFaxDoc();
+    const struct zx_outcome* outcome = LastJobOutcome();
+    for (int32_t i = 0; i < outcome->receiver_count; ++i)
+        ++count[outcome->receivers[i].delivery];
+    printf("%d of %d handed over, %d unknown\n", count[ZX_HANDED_OVER],
+           (int)outcome->receiver_count, count[ZX_UNKNOWN]);
 }
 
 /* 0: well. */
@@ -53,6 +57,7 @@ static int take(const char* line) {
 
 int main(void) {
     char line[1024];
+    WritePageHeader(block, ZX_PAGE_WIDTH, height);
     memset(block + header + row * (height / 2), 0xFF, row * (height / 2));
     setvbuf(stdout, NULL, _IOLBF, BUFSIZ);
     while (fgets(line, sizeof line, stdin) != NULL) {

@@ -40,7 +40,6 @@ class CZerdixApp {
     // Null while there is none.
     static CZerdixApp* current();
 
-
     // For lists. Null when it can't be made. Made when it is first asked for, since opening fonts
     // takes longer than loading the library should.
     const platform::font_description* listFont();

@@ -38,9 +38,8 @@ expanded_page take_rows(std::span<const unsigned char> block) {
 expanded_page expand_page(std::span<const unsigned char> compressed) {
     unsigned char* expanded = nullptr;
     std::int32_t length = 0;
-    const std::int32_t rc =
-        uncompress_mem_2_mem(compressed.data(), static_cast<std::int32_t>(compressed.size()),
-                             &expanded, &length);
+    const std::int32_t rc = uncompress_mem_2_mem(
+        compressed.data(), static_cast<std::int32_t>(compressed.size()), &expanded, &length);
     const heap_block holder{expanded};
     if (rc != 0 || expanded == nullptr || length < static_cast<std::int32_t>(block_header_size))
         return {page_fault::not_compressed, {}, 0};

@@ -34,7 +34,6 @@ call_error last_failed_call() {
     return session().last_failed_call;
 }
 
-
 client* by_session::handle() const {
     client* present = session().pclient;
     if (present == nullptr) {

@@ -42,7 +42,7 @@ eval "$(commands 2)" >"$folder/jobs"
 cc -std=c11 -Wall -Wextra -Wpedantic -Werror driver.c -o driver $(pkg-config --cflags --libs zxdrvw32)
 
 eval "$(commands 3)" >"$folder/shown"
-grep -q '^document [1-9]' "$folder/shown"
+grep -Eq '^document [1-9][0-9]* from .*[0-9], [0-9-]+ [0-9:]+, [0-9]+ pages' "$folder/shown"
 grep -q '^phone book common$' "$folder/shown"
 read -r width height < <(sed -n 2p page.pbm)
 [ "$(stat -c %s page.pbm)" -eq $(((width + 7) / 8 * height + 5 + ${#width} + ${#height})) ]
@@ -75,7 +75,7 @@ expect() {
     return 1
 }
 for line in 'job One' page '#PHONE 030 31#'; do expect "$line" ok; done
-expect end 'handed over'
+expect end '1 of 1 handed over, 0 unknown'
 for line in 'job Two' page '#PHONE 030 32#'; do expect "$line" ok; done
 kill -KILL "$server"
 wait "$server" || true
@@ -88,7 +88,7 @@ expect end 'given up, document [1-9]* stays on the desk'
 for line in 'job Three' cover '#SENDTIME DELAYED##PHONE 030 33##PHONE 030 34#' page; do
     expect "$line" ok
 done
-expect end 'handed over, as far as cover pages could be made'
+expect end '2 of 2 handed over, 0 unknown'
 exec {spooler[1]}>&-
 wait "${children[1]}"
 alphad jobs --data ~/zerdix-data --spool ~/zerdix-spool >"$folder/jobs"

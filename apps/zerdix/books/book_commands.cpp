@@ -11,9 +11,9 @@
 #include "books/text_match.h"
 #include "commands.h"
 #include "platform/encoding.h"
-#include "server_fields.h"
 #include "shell/user_command.h"
 #include "shell/value_text.h"
+#include <zerdix/values.h>
 
 namespace zerdix::app {
 

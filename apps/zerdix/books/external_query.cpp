@@ -9,9 +9,9 @@
 #include "books/kinds.h"
 #include "books/names.h"
 #include "interrupt.h"
-#include "server_fields.h"
 #include "shell/user_command.h"
 #include "shell/value_text.h"
+#include <zerdix/values.h>
 
 namespace zerdix::app {
 

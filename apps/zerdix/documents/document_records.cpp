@@ -1,7 +1,7 @@
 #include "documents/document_records.h"
 
-#include "server_fields.h"
 #include "shell/value_text.h"
+#include <zerdix/values.h>
 
 namespace zerdix::app {
 
@@ -80,7 +80,7 @@ json as_json(const a_e_rec& in) {
             {"id", in.faxid},
             {"title", shown(title(in))},
             {"pages", page_count(in)},
-            {"received", time_or_null(came_at(in))},
+            {"received", time_or_null(received_at(in))},
             {"state", state_of(in)},
             {"new", is_new(in)},
             {"error", error_status(in)},

@@ -10,12 +10,12 @@
 #include "documents/commands.h"
 #include "documents/document_records.h"
 #include "send_time.h"
-#include "server_fields.h"
 #include "shell/each_named.h"
 #include "shell/one_of.h"
 #include "shell/options.h"
 #include "shell/user_command.h"
 #include "shell/value_text.h"
+#include <zerdix/values.h>
 
 namespace zerdix::app {
 

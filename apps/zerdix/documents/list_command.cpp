@@ -21,7 +21,7 @@ struct list_line {
     std::int32_t from = first_block;
 };
 
-selection selection_of(const list_line& line) {
+list_selection selection_of(const list_line& line) {
     if (line.only_new)
         return select_new;
     if (line.only_public)
@@ -29,7 +29,7 @@ selection selection_of(const list_line& line) {
     return line.only_errors ? select_errors : select_all;
 }
 
-bool knows(topftype pool, selection which) {
+bool knows(topftype pool, list_selection which) {
     switch (which) {
     case select_new:
         return pool != TOPF_S;
@@ -67,7 +67,7 @@ void check(const list_line& line) {
 json listed(desk& user, const list_line& line) {
     json all = json::array();
     for (const topftype pool : pools_of(line)) {
-        const selection which = selection_of(line);
+        const list_selection which = selection_of(line);
         for (json& document : line.block > 0 ? list_block(user, pool, which, line.from, line.block)
                                              : list_pool(user, pool, which, line.from))
             all.push_back(std::move(document));

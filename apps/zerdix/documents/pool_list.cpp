@@ -53,7 +53,7 @@ bool append_later(json& all, json& block) {
 
 } // namespace
 
-json list_block(desk& user, topftype pool, selection which, std::int32_t from, int most) {
+json list_block(desk& user, topftype pool, list_selection which, std::int32_t from, int most) {
     JOURNAL& journal = user.journal();
     user.expect(
         std::string("listing the ") + pool_word(pool) + " documents",
@@ -62,7 +62,7 @@ json list_block(desk& user, topftype pool, selection which, std::int32_t from, i
     return loaded(journal, pool);
 }
 
-json list_pool(desk& user, topftype pool, selection which, std::int32_t from) {
+json list_pool(desk& user, topftype pool, list_selection which, std::int32_t from) {
     const std::int32_t size = block_size(user);
     json all = json::array();
     for (;;) {

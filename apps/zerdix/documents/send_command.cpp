@@ -56,13 +56,13 @@ stored_documents read_documents(desk& user, const std::vector<std::string>& type
 
 // Receivers of all documents; those that have none are counted by the dialog's own messages.
 void tell_end(desk& user, const zx_outcome& outcome) {
-    const std::string made = counted(
-        static_cast<int>(receivers_that_are(outcome, ZX_HANDED_OVER).size()), "send job");
+    const std::string made =
+        counted(static_cast<int>(receivers_that_are(outcome, ZX_HANDED_OVER).size()), "send job");
     const auto unknown = receivers_that_are(outcome, ZX_UNKNOWN);
     if (!unknown.empty())
         throw failure(cause_of(outcome).code,
-                      "sending to " + shown_receiver(*unknown[0]) + " failed: " +
-                          cause_of(outcome).cause + "; " + made +
+                      "sending to " + shown_receiver(*unknown[0]) +
+                          " failed: " + cause_of(outcome).cause + "; " + made +
                           " had been made, and whether this one was isn't known: \"zerdix doc list "
                           "outgoing\" shows it");
     if (receivers_that_are(outcome, ZX_HANDED_OVER).empty())
@@ -126,8 +126,7 @@ void add_send_command(CLI::App& parent) {
     auto command = std::make_shared<CLI::App*>(nullptr);
     *command = add_user_command(
         parent, "send", "Send documents of the desk: to named receivers, or a dialog asks to whom",
-        [line](desk& user) { send(user, *line); },
-        [line, command] { check(**command, *line); });
+        [line](desk& user) { send(user, *line); }, [line, command] { check(**command, *line); });
     add_documents(**command, line->documents);
     add_receiver_options(**command, line->options, "fax");
     add_settings_of_jobs(**command, {line->at, line->retries, line->priority, line->resolution});

@@ -23,9 +23,8 @@ void set_time(a_s_rec& record, const std::optional<send_time>& at) {
 }
 
 a_s_rec send_record(desk& user, std::int32_t document, const print_options& options) {
-    const a_p_rec& desk_record =
-        user.fetch("reading document " + std::to_string(document),
-                   [&] { return user.journal().getPDoc(document); });
+    const a_p_rec& desk_record = user.fetch("reading document " + std::to_string(document),
+                                            [&] { return user.journal().getPDoc(document); });
     a_s_rec record{};
     record.faxid = document;
     record.pages = static_cast<std::int16_t>(page_count(desk_record));
@@ -93,8 +92,8 @@ std::string rest_command(std::int32_t document, const std::vector<std::string>& 
 }
 
 // A reply that was lost leaves open whether the job at hand was made.
-failure stopped(std::int32_t document, const std::vector<std::string>& receivers,
-                std::size_t made, std::int32_t result, const trouble& why) {
+failure stopped(std::int32_t document, const std::vector<std::string>& receivers, std::size_t made,
+                std::int32_t result, const trouble& why) {
     const bool is_open = result == call_failed;
     std::string sentence = "sending to " + platform::cp1252_to_utf8(receivers[made]) +
                            " failed: " + why.cause + "; " + std::to_string(made) + " of " +

@@ -1,9 +1,9 @@
 // zerdix board: the bulletin board.
 
 #include "commands.h"
-#include "server_fields.h"
 #include "shell/user_command.h"
 #include "shell/value_text.h"
+#include <zerdix/values.h>
 
 namespace zerdix::app {
 

@@ -5,10 +5,10 @@
 
 #include "commands.h"
 #include "people/bit_words.h"
-#include "server_fields.h"
 #include "shell/options.h"
 #include "shell/user_command.h"
 #include "shell/value_text.h"
+#include <zerdix/values.h>
 
 namespace zerdix::app {
 

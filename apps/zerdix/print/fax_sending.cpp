@@ -40,6 +40,7 @@ class stopped_job {
     std::string step() const;
     std::string count() const;
     std::string what_is_left();
+    bool has_covers() const;
 
     const zx_outcome& outcome_;
     std::int32_t document_;
@@ -76,8 +77,7 @@ std::string stopped_job::step() const {
 }
 
 std::string stopped_job::count() const {
-    const std::string of_all =
-        " of " + std::to_string(outcome_.receiver_count) + " send jobs ";
+    const std::string of_all = " of " + std::to_string(outcome_.receiver_count) + " send jobs ";
     const std::size_t made = handed_over_.size();
     if (unknown_.empty())
         return std::to_string(made) + of_all + "had been made";
@@ -98,10 +98,20 @@ std::string stopped_job::what_is_left() {
     if (stays)
         std::erase(left, document_);
     clear_leftovers(left, host_);
-    return stays ? "; document " + std::to_string(document_) +
-                       " stays on the desk, zerdix send " + std::to_string(document_) + rest +
-                       " sends it to the rest"
-                 : "";
+    if (!stays)
+        return "";
+    const std::string id = std::to_string(document_);
+    return "; document " + id + " stays on the desk, zerdix send " + id + rest +
+           " sends it to the rest" + (has_covers() ? ", without a cover page" : "");
+}
+
+// Then each receiver but the first gets a document of their own.
+bool stopped_job::has_covers() const {
+    return outcome_.step == ZX_STEP_COVER ||
+           std::any_of(outcome_.receivers, outcome_.receivers + outcome_.receiver_count,
+                       [this](const zx_receiver& each) {
+                           return each.document != 0 && each.document != document_;
+                       });
 }
 
 failure stopped_job::settle() {
@@ -110,7 +120,7 @@ failure stopped_job::settle() {
 }
 
 failure not_on_desk(const zx_outcome& outcome, const std::string& host) {
-    clear_leftovers(left_documents(outcome), host);
+    clear_leftovers_anywhere(left_documents(outcome), host);
     return failed_step("laying the document on the desk of " + shown(outcome.desk_user),
                        cause_of(outcome));
 }

@@ -47,18 +47,6 @@ removal remove(JOURNAL& journal, std::int32_t document) {
     return record->faxid == 0 ? removal::gone : removal::refused;
 }
 
-// A document that was made for another user's desk is out of the user's own reach.
-removal remove_anywhere(new_connection& connection, JOURNAL& journal, std::int32_t document) {
-    const removal own = remove(journal, document);
-    if (own != removal::refused)
-        return own;
-    const std::string user = ZERDIX::clsGetUserId();
-    connection.session().setUserId(administrator);
-    const removal anybodys = remove(journal, document);
-    connection.session().setUserId(user.c_str());
-    return anybodys;
-}
-
 void tell_what_stays(std::int32_t document, removal removed) {
     if (removed == removal::gone)
         return;
@@ -100,12 +88,23 @@ std::optional<bool> is_job_of(JOURNAL& journal, std::int32_t id, const std::stri
 void clear_leftovers(const std::vector<std::int32_t>& documents, const std::string& host) {
     if (documents.empty())
         return;
-    new_connection connection(host);
+    const new_connection connection(host);
     JOURNAL journal;
     for (const std::int32_t document : documents)
-        tell_what_stays(document, connection.stands()
-                                      ? remove_anywhere(connection, journal, document)
-                                      : removal::unknown);
+        tell_what_stays(document,
+                        connection.stands() ? remove(journal, document) : removal::unknown);
+}
+
+void clear_leftovers_anywhere(const std::vector<std::int32_t>& documents, const std::string& host) {
+    new_connection connection(host);
+    JOURNAL journal;
+    const std::string user = ZERDIX::clsGetUserId();
+    for (const std::int32_t document : documents) {
+        connection.session().setUserId(administrator);
+        const removal removed = connection.stands() ? remove(journal, document) : removal::unknown;
+        connection.session().setUserId(user.c_str());
+        tell_what_stays(document, removed);
+    }
 }
 
 std::optional<bool> has_further_job(std::int32_t document, const std::vector<std::int32_t>& known,

@@ -10,9 +10,11 @@
 
 namespace zerdix::app {
 
-// Deletes desk documents that the session's user has made, also on another user's desk. Tells the
-// user of each that stays or may stay.
+// Deletes desk documents of the session's user. Tells the user of each that stays or may stay.
 void clear_leftovers(const std::vector<std::int32_t>& documents, const std::string& host);
+
+// The same of documents some of which lie on another user's desk, under the administrator's name.
+void clear_leftovers_anywhere(const std::vector<std::int32_t>& documents, const std::string& host);
 
 // Whether a send job was made of the desk document beside those whose ids are `known`; the desk
 // document is there still. Nothing when the server can't tell: a print job has no login, and

@@ -58,8 +58,7 @@ void send(const print_options& options) {
     if (!options.quiet)
         std::printf("%s: %s, handed over to %s\n",
                     options.file == "-" ? "telex" : options.file.c_str(),
-                    counted(telex.lines, "line").c_str(),
-                    counted(sent, "receiver").c_str());
+                    counted(telex.lines, "line").c_str(), counted(sent, "receiver").c_str());
 }
 
 // The telex printer is told a time and no tariff.
