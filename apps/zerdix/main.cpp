@@ -11,9 +11,9 @@
 
 #include <CLI/CLI.hpp>
 
-#include "commands.h"
-#include "failure.h"
-#include "shell/user_command.h"
+#include "output/failure.h"
+#include "program/command_list.h"
+#include "session/user_command.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <set>
 
 #include "cli/desk_test.h"
-#include "failure.h"
+#include "output/failure.h"
 
 namespace zerdix::test {
 namespace {

@@ -8,8 +8,8 @@
 #include <gmock/gmock.h>
 
 #include "cli/program.h"
-#include "completion/command_shape.h"
-#include "failure.h"
+#include "output/failure.h"
+#include "program/command_list.h"
 #include "support/test_server.h"
 
 namespace zerdix::test {

@@ -4,9 +4,9 @@
 #include "alphad/page_block.h"
 #include "cli/desk_test.h"
 #include "cli/tiny_pdf.h"
-#include "failure.h"
-#include "people/png_picture.h"
-#include "png_file.h"
+#include "output/failure.h"
+#include "pictures/png_file.h"
+#include "pictures/png_picture.h"
 
 namespace zerdix::test {
 namespace {

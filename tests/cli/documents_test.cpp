@@ -6,7 +6,7 @@
 
 #include "alphad/demo_data.h"
 #include "cli/desk_test.h"
-#include "failure.h"
+#include "output/failure.h"
 
 namespace zerdix::test {
 namespace {

@@ -2,10 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include "failure.h"
+#include "arguments/send_time.h"
+#include "output/failure.h"
+#include "output/progress.h"
 #include "print/merge_text.h"
-#include "progress.h"
-#include "send_time.h"
 #include "support/test_server.h"
 
 namespace zerdix::app {
@@ -53,8 +53,8 @@ TEST(Title, IsCutByCharactersNotByBytes) {
     const title_text cut = title_of("\xc3\x84" + std::string(31, 'x'));
     EXPECT_EQ(cut.text, "\xc4" + std::string(29, 'x'));
     EXPECT_TRUE(cut.cut);
-    EXPECT_FALSE(cut.has_strangers);
-    EXPECT_TRUE(title_of("\xe2\x98\x8e").has_strangers);
+    EXPECT_FALSE(cut.has_unknown_characters);
+    EXPECT_TRUE(title_of("\xe2\x98\x8e").has_unknown_characters);
     EXPECT_EQ(title_of(" a\tb ").text, "a b");
 }
 

@@ -8,9 +8,9 @@
 #include <zerdix/zerdix.h>
 
 #include "cli/program.h"
-#include "failure.h"
+#include "output/failure.h"
+#include "pictures/stored_page.h"
 #include "print/pdf_file.h"
-#include "stored_page.h"
 #include "support/test_server.h"
 
 namespace zerdix::test {

@@ -1,9 +1,9 @@
 // Users, devices and preferences from the command line.
 
 #include "cli/desk_test.h"
-#include "failure.h"
-#include "png_file.h"
-#include "stored_page.h"
+#include "output/failure.h"
+#include "pictures/png_file.h"
+#include "pictures/stored_page.h"
 
 namespace zerdix::test {
 namespace {

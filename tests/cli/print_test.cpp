@@ -4,7 +4,7 @@
 
 #include "cli/program.h"
 #include "cli/tiny_pdf.h"
-#include "failure.h"
+#include "output/failure.h"
 #include "support/test_server.h"
 
 namespace zerdix::test {

@@ -4,9 +4,9 @@
 #include <gmock/gmock.h>
 
 #include "cli/tiny_pdf.h"
-#include "failure.h"
-#include "page_geometry.h"
-#include "print/page_block.h"
+#include "output/failure.h"
+#include "print/dithering.h"
+#include "print/page_placement.h"
 #include "print/pdf_file.h"
 #include "support/test_server.h"
 

@@ -6,7 +6,7 @@
 #include "alphad/port_mapper.h"
 #include "cli/program.h"
 #include "cli/tiny_pdf.h"
-#include "failure.h"
+#include "output/failure.h"
 #include "support/test_server.h"
 
 namespace zerdix::test {

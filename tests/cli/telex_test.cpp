@@ -1,8 +1,8 @@
 // Telexes by the real program, and their texts.
 
 #include "cli/desk_test.h"
-#include "failure.h"
-#include "telex/telex_text.h"
+#include "output/failure.h"
+#include "print/telex_text.h"
 
 namespace zerdix::test {
 namespace {

@@ -3,16 +3,16 @@
 #include <memory>
 
 #include "books/book_transfer.h"
+#include "books/commands.h"
 #include "books/entry_walk.h"
 #include "books/external_query.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "books/owned_commands.h"
 #include "books/text_match.h"
-#include "commands.h"
+#include "output/value_text.h"
 #include "platform/encoding.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "session/user_command.h"
 #include <zerdix/values.h>
 
 namespace zerdix::app {
@@ -32,7 +32,7 @@ json book_json(const o_tebu& book) {
     return object;
 }
 
-void list(desk& user) {
+void list(user_session& user) {
     const PTRLIST& books =
         user.fetch("listing the phone books", [&] { return user.books().getTBooks(); });
     json all = json::array();
@@ -48,7 +48,7 @@ void list(desk& user) {
                     "there are no phone books");
 }
 
-void info(desk& user, owned_line& line) {
+void info(user_session& user, owned_line& line) {
     const o_tebu book = known<book_kind>(user, line.id);
     json object = book_json(book);
     object["your_rights"] = rights_letters(rights_on(user, book));
@@ -73,7 +73,7 @@ bool matches(const o_tebul& entry, const std::string& part) {
            holds(entry.phone.view(), part) || holds(entry.tsi.view(), part);
 }
 
-json found_entries(desk& user, const show_line& line) {
+json found_entries(user_session& user, const show_line& line) {
     const std::string part = folded(platform::utf8_to_cp1252(line.match));
     const std::size_t most = line.most > 0 ? static_cast<std::size_t>(line.most) : SIZE_MAX;
     entry_walk walk(user, line.id, net_type_of(line.type),
@@ -88,7 +88,7 @@ json found_entries(desk& user, const show_line& line) {
     return all;
 }
 
-void show(desk& user, const show_line& line) {
+void show(user_session& user, const show_line& line) {
     known<book_kind>(user, line.id); // an unknown book would look like an empty one
     user.out().rows(found_entries(user, line),
                     {{"entry", "Entry"},
@@ -104,7 +104,7 @@ void add_show(CLI::App& group) {
     auto line = std::make_shared<show_line>();
     CLI::App* command = add_user_command(
         group, "show", "Show the entries of a phone book",
-        [line](desk& user) { show(user, *line); },
+        [line](user_session& user) { show(user, *line); },
         [line] { line->id = id_text("the phone book", line->typed); });
     command->add_option("ID", line->typed, "Id of the phone book")->required()->option_text(" ");
     add_net_type(*command, line->type);

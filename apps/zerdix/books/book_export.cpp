@@ -13,10 +13,10 @@
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "books/scratch_file.h"
-#include "output_file.h"
+#include "output/output_file.h"
+#include "output/value_text.h"
 #include "platform/encoding.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -50,8 +50,8 @@ std::string so_far(const std::string& path) {
     return entries == 0 ? "nothing was written" : count_of_entries(entries) + " in the file";
 }
 
-void export_to(desk& user, const export_line& line, const std::string& path) {
-    const call_watch watch;
+void export_to(user_session& user, const export_line& line, const std::string& path) {
+    const call_probe watch;
     const file_growth shown_growth(path, !user.out().is_json() && !user.out().is_quiet() &&
                                              line.file != "-");
     errno = 0;
@@ -63,7 +63,7 @@ void export_to(desk& user, const export_line& line, const std::string& path) {
         user.lost("exporting " + shown(line.id) + " (" + so_far(path) + ')', watch);
 }
 
-written export_converted(desk& user, const export_line& line) {
+written export_converted(user_session& user, const export_line& line) {
     const scratch_file scratch;
     export_to(user, line, scratch.path());
     const bool to_utf8 = line.encoding == "utf-8";
@@ -76,12 +76,12 @@ written export_converted(desk& user, const export_line& line) {
     return count;
 }
 
-written export_plain(desk& user, const export_line& line) {
+written export_plain(user_session& user, const export_line& line) {
     export_to(user, line, line.file);
     return pass_on(line.file, nullptr, false);
 }
 
-void run(desk& user, const export_line& line) {
+void run(user_session& user, const export_line& line) {
     known<book_kind>(user, line.id); // an unknown book would give an empty file
     const bool plain = line.encoding == "windows-1252" && line.file != "-";
     const written count = plain ? export_plain(user, line) : export_converted(user, line);
@@ -104,7 +104,7 @@ void add_book_export(CLI::App& group) {
     auto line = std::make_shared<export_line>();
     CLI::App* command = add_user_command(
         group, "export", "Write the entries of a phone book to a text file",
-        [line](desk& user) { run(user, *line); },
+        [line](user_session& user) { run(user, *line); },
         [line] { line->id = id_text("the phone book", line->typed); });
     command->add_option("ID", line->typed, "Id of the phone book")->required()->option_text(" ");
     command->add_option("FILE", line->file, "The file to write; - for standard output")

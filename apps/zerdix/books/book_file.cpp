@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "books/known_entry.h"
-#include "shell/value_text.h"
+#include "output/value_text.h"
 
 namespace zerdix::app {
 
@@ -36,7 +36,7 @@ class line_reader {
         }
         if (!closed)
             note("the last field isn't closed by \";\" and is taken as it stands");
-        if (line.has_strangers)
+        if (line.has_unknown_characters)
             note("characters that aren't in Windows-1252 become \"?\"");
         file_.lines.push_back({number_, entry_of(fields)});
     }

@@ -11,10 +11,10 @@
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "books/scratch_file.h"
-#include "interrupt.h"
-#include "progress.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "output/interrupt.h"
+#include "output/progress.h"
+#include "output/value_text.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -31,7 +31,7 @@ struct import_line {
 
 class book_import {
   public:
-    book_import(desk& user, const import_line& line, const book_file& file)
+    book_import(user_session& user, const import_line& line, const book_file& file)
         : user_(user), line_(line), lines_(file.lines),
           shown_(stdout,
                  user.out().is_json() ? progress::style::none
@@ -73,7 +73,7 @@ class book_import {
         for (std::size_t i = at_; i < end; ++i)
             text += file_line(lines_[i].entry);
         scratch_.write(text);
-        const call_watch watch;
+        const call_probe watch;
         const std::int32_t result = user_.books().importTBook(line_.id.c_str(), scratch_.path());
         if (result != 0 && result != 4)
             user_.lost("importing " + line_.file + " (" + uncertain(batch_end) + ')', watch);
@@ -125,7 +125,7 @@ class book_import {
                     of(static_cast<int>(at_), static_cast<int>(lines_.size())) + " entries");
     }
 
-    desk& user_;
+    user_session& user_;
     const import_line& line_;
     const std::vector<book_line>& lines_;
     scratch_file scratch_;
@@ -170,7 +170,7 @@ void tell_file(const import_line& line, const book_file& file) {
     tell_all(line.file, file.notes, note);
 }
 
-void report_import(desk& user, const import_line& line, const book_file& file,
+void report_import(user_session& user, const import_line& line, const book_file& file,
                    const book_import& done) {
     const std::size_t undone = file.faults.size() + done.refused().size();
     user.out().done(shown(line.id) + ": " + count_of_entries(done.stored()) + " stored from " +
@@ -195,7 +195,7 @@ encoding told_encoding(const std::string& name) {
     return name == "utf-8" ? encoding::utf_8 : encoding::windows_1252;
 }
 
-void run(desk& user, const import_line& line, const book_file& file) {
+void run(user_session& user, const import_line& line, const book_file& file) {
     known<book_kind>(user, line.id);
     book_import import(user, line, file);
     import.run();
@@ -209,7 +209,7 @@ void add_book_import(CLI::App& group) {
     auto file = std::make_shared<book_file>();
     CLI::App* command = add_user_command(
         group, "import", "Store the lines of a text file as entries of a phone book",
-        [line, file](desk& user) { run(user, *line, *file); },
+        [line, file](user_session& user) { run(user, *line, *file); },
         [line, file] {
             line->id = id_text("the phone book", line->typed);
             *file = read_book_file(line->file, told_encoding(line->encoding));

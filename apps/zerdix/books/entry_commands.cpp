@@ -5,14 +5,14 @@
 #include <string>
 #include <vector>
 
+#include "arguments/options.h"
+#include "arguments/several_names.h"
+#include "books/commands.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"
-#include "commands.h"
+#include "output/value_text.h"
 #include "platform/encoding.h"
-#include "shell/each_named.h"
-#include "shell/options.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -49,14 +49,14 @@ void apply(const entry_line& line, o_tebul& entry) {
         entry.intern = *line.in_house;
 }
 
-void put(desk& user, const std::string& doing, const o_tebul& entry, const entry_name& name,
+void put(user_session& user, const std::string& doing, const o_tebul& entry, const entry_name& name,
          char right, const char* verb) {
     user.expect(
         doing + ' ' + name.shown(), [&] { return user.books().putTBookEntry(&entry); },
         [&] { return why_refused<book_kind>(user, name.book, right, verb); });
 }
 
-void show(desk& user, const entry_line& line) {
+void show(user_session& user, const entry_line& line) {
     user.out().properties(entry_json(known_entry(user, line.name)), {{"book", "Book"},
                                                                      {"entry", "Entry"},
                                                                      {"phone", "Number"},
@@ -66,7 +66,7 @@ void show(desk& user, const entry_line& line) {
                                                                      {"comment", "Comment"}});
 }
 
-void add(desk& user, const entry_line& line) {
+void add(user_session& user, const entry_line& line) {
     const bool there = find_entry(user, line.name).has_value();
     if (there && !line.replace)
         throw failure(exit_refused, line.name.shown() + " is there already; zerdix entry change "
@@ -83,15 +83,15 @@ void add(desk& user, const entry_line& line) {
     user.out().done(line.name.shown() + (there ? " replaced" : " added"), entry_json(entry));
 }
 
-void change(desk& user, const entry_line& line) {
+void change(user_session& user, const entry_line& line) {
     o_tebul entry = known_entry(user, line.name);
     apply(line, entry);
     put(user, "changing", entry, line.name, TELEBOOK::clssetPModify(), "change entries");
     user.out().done(line.name.shown() + " changed", entry_json(entry));
 }
 
-void remove(desk& user, const entry_line& line) {
-    each_named(user.out(), line.all, [&](const std::string& typed) -> deed {
+void remove(user_session& user, const entry_line& line) {
+    for_each_name(user.out(), line.all, [&](const std::string& typed) -> named_act {
         const entry_name name = exact_entry(typed);
         user.expect(
             "removing " + name.shown(),
@@ -124,9 +124,9 @@ void add_fields(CLI::App& command, entry_line& line) {
 
 CLI::App* add_entry_command(CLI::App& group, const char* name, const char* description,
                             std::shared_ptr<entry_line> line,
-                            void (*work)(desk&, const entry_line&)) {
+                            void (*work)(user_session&, const entry_line&)) {
     CLI::App* command = add_user_command(
-        group, name, description, [line, work](desk& user) { work(user, *line); },
+        group, name, description, [line, work](user_session& user) { work(user, *line); },
         [line] {
             check_number(*line);
             line->name = entry_named(line->typed);
@@ -151,7 +151,7 @@ void add_changing(CLI::App& group) {
     auto line = std::make_shared<entry_line>();
     CLI::App* command = add_user_command(
         group, "change", "Change an entry of a phone book",
-        [line](desk& user) { change(user, *line); },
+        [line](user_session& user) { change(user, *line); },
         [line] {
             if (!line->any())
                 throw failure(exit_usage, "nothing is to be changed; see --help for the options");
@@ -169,7 +169,7 @@ void add_changing(CLI::App& group) {
 void add_removing(CLI::App& group) {
     auto line = std::make_shared<entry_line>();
     CLI::App* command = add_user_command(group, "remove", "Remove entries from phone books",
-                                         [line](desk& user) { remove(user, *line); });
+                                         [line](user_session& user) { remove(user, *line); });
     command->alias("rm")->alias("delete");
     command->add_option("BOOK:ENTRY", line->all, "The entries, which go without a question")
         ->required()

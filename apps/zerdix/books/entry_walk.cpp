@@ -1,6 +1,6 @@
 #include "books/entry_walk.h"
 
-#include "shell/value_text.h"
+#include "output/value_text.h"
 
 namespace zerdix::app {
 
@@ -8,8 +8,8 @@ namespace {
 
 constexpr std::int32_t smallest_block = 2; // the entry that was asked for, and a new one
 
-std::int32_t block_size(desk& user) {
-    const call_watch watch;
+std::int32_t block_size(user_session& user) {
+    const call_probe watch;
     const std::int32_t size = ZERDIX::clsGetTelebookBlockSize();
     if (size == -1 || ZERDIX::clsGetClient() == nullptr)
         user.lost("asking for the size of a block", watch);
@@ -18,7 +18,8 @@ std::int32_t block_size(desk& user) {
 
 } // namespace
 
-entry_walk::entry_walk(desk& user, std::string book, std::int16_t nettype, std::string start)
+entry_walk::entry_walk(user_session& user, std::string book, std::int16_t nettype,
+                       std::string start)
     : user_(user), book_(std::move(book)), nettype_(nettype), start_(std::move(start)),
       block_size_(block_size(user)) {}
 

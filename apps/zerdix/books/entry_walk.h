@@ -9,7 +9,7 @@
 
 #include <zerdix/records.h>
 
-#include "shell/desk.h"
+#include "session/user_session.h"
 
 namespace zerdix::app {
 
@@ -17,13 +17,13 @@ class entry_walk {
   public:
     // From the id `start` on, "" for the beginning; a net type of 0 takes both. Texts are
     // Windows-1252.
-    entry_walk(desk& user, std::string book, std::int16_t nettype, std::string start);
+    entry_walk(user_session& user, std::string book, std::int16_t nettype, std::string start);
 
     // The entries of the next block, copies; none at the end. Throws failure.
     std::vector<o_tebul> next();
 
   private:
-    desk& user_;
+    user_session& user_;
     std::string book_;
     std::int16_t nettype_;
     std::string start_;

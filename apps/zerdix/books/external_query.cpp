@@ -8,9 +8,9 @@
 
 #include "books/kinds.h"
 #include "books/names.h"
-#include "interrupt.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "output/interrupt.h"
+#include "output/value_text.h"
+#include "session/user_command.h"
 #include <zerdix/values.h>
 
 namespace zerdix::app {
@@ -36,11 +36,11 @@ void convert(std::vector<std::string>& values) {
 }
 
 // The number of the query.
-std::int32_t ask(desk& user, const query_line& line) {
+std::int32_t ask(user_session& user, const query_line& line) {
     std::array<const char*, most_parameters> p{};
     for (std::size_t i = 0; i < most_parameters; ++i)
         p[i] = line.values[i].empty() ? nullptr : line.values[i].c_str();
-    const call_watch watch;
+    const call_probe watch;
     const std::int32_t query = user.books().queryExternTBook(
         line.id.c_str(), p[0], p[1], p[2], p[3], p[4], p[5], p[6], p[7], p[8], p[9]);
     if (query < 0 || ZERDIX::clsGetClient() == nullptr)
@@ -51,7 +51,7 @@ std::int32_t ask(desk& user, const query_line& line) {
 }
 
 // Waits longer from one look to the next, a second at most.
-const a_fetch_result_o& fetch_finished_result(desk& user, std::int32_t query, int timeout) {
+const a_fetch_result_o& fetch_finished_result(user_session& user, std::int32_t query, int timeout) {
     const auto end = clock::now() + std::chrono::seconds(timeout);
     for (auto pause = 100ms;; pause = std::min<std::chrono::milliseconds>(pause * 2, 1s)) {
         const a_fetch_result_o& result = user.fetch(
@@ -86,7 +86,7 @@ json row_json(std::string_view row) {
     return object;
 }
 
-void run(desk& user, const query_line& line) {
+void run(user_session& user, const query_line& line) {
     const o_tebu book = known<book_kind>(user, line.id);
     if (!is_external(book))
         throw failure(exit_usage, "the phone book " + shown(line.id) +
@@ -107,7 +107,7 @@ void add_external_query(CLI::App& group) {
     auto line = std::make_shared<query_line>();
     CLI::App* command = add_user_command(
         group, "external", "Look recipients up in an external phone book",
-        [line](desk& user) { run(user, *line); },
+        [line](user_session& user) { run(user, *line); },
         [line] {
             line->id = id_text("the phone book", line->typed);
             convert(line->values);

@@ -2,10 +2,10 @@
 
 #include <memory>
 
+#include "books/commands.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "books/owned_commands.h"
-#include "commands.h"
 
 namespace zerdix::app {
 
@@ -17,7 +17,7 @@ json group_json(const o_tgroup& group) {
     return object;
 }
 
-void list(desk& user) {
+void list(user_session& user) {
     const PTRLIST& groups =
         user.fetch("listing the groups", [&] { return user.books().getTGroups(); });
     json all = json::array();
@@ -32,7 +32,7 @@ void list(desk& user) {
                     "there are no groups");
 }
 
-std::vector<entry_name> members_of(desk& user, const std::string& group) {
+std::vector<entry_name> members_of(user_session& user, const std::string& group) {
     const PTRLIST& members = user.fetch("reading the group " + shown(group), [&] {
         return user.books().getTGroupEntries(group.c_str(), 1);
     });
@@ -43,7 +43,7 @@ std::vector<entry_name> members_of(desk& user, const std::string& group) {
 }
 
 // A member is only a reference: what it stands for may be gone, or not for this user to see.
-json member_json(desk& user, const entry_name& name) {
+json member_json(user_session& user, const entry_name& name) {
     if (const auto entry = find_entry(user, name)) {
         json object = entry_json(*entry);
         object["known"] = true;
@@ -55,7 +55,7 @@ json member_json(desk& user, const entry_name& name) {
             {"known", false}};
 }
 
-void show(desk& user, owned_line& line) {
+void show(user_session& user, owned_line& line) {
     known<group_kind>(user, line.id); // an unknown group would look like an empty one
     json all = json::array();
     for (const entry_name& name : members_of(user, line.id))
@@ -69,7 +69,7 @@ void show(desk& user, owned_line& line) {
                     "the group " + shown(line.id) + " has no members");
 }
 
-void info(desk& user, owned_line& line) {
+void info(user_session& user, owned_line& line) {
     const o_tgroup group = known<group_kind>(user, line.id);
     json object = group_json(group);
     object["your_rights"] = rights_letters(rights_on(user, group));
@@ -88,9 +88,9 @@ json member_named(const std::string& group, const entry_name& name) {
     return {{"group", shown(group)}, {"book", shown(name.book)}, {"entry", shown(name.entry)}};
 }
 
-void add_members(desk& user, owned_line& line) {
+void add_members(user_session& user, owned_line& line) {
     known<group_kind>(user, line.id);
-    each_named(user.out(), line.all, [&](const std::string& typed) -> deed {
+    for_each_name(user.out(), line.all, [&](const std::string& typed) -> named_act {
         const entry_name name = exact_entry(typed);
         known_entry(user, name);
         o_tgroupl member{};
@@ -107,8 +107,8 @@ void add_members(desk& user, owned_line& line) {
     });
 }
 
-void remove_members(desk& user, owned_line& line) {
-    each_named(user.out(), line.all, [&](const std::string& typed) -> deed {
+void remove_members(user_session& user, owned_line& line) {
+    for_each_name(user.out(), line.all, [&](const std::string& typed) -> named_act {
         const entry_name name = exact_entry(typed);
         user.expect(
             "removing " + name.shown() + " from " + shown(line.id),
@@ -126,7 +126,7 @@ void remove_members(desk& user, owned_line& line) {
 }
 
 void add_member_command(CLI::App& group, const char* name, const std::string& description,
-                        const std::string& example, void (*work)(desk&, owned_line&)) {
+                        const std::string& example, void (*work)(user_session&, owned_line&)) {
     auto line = std::make_shared<owned_line>();
     CLI::App* command = add_owned_command<group_kind>(group, name, description, line, work);
     command->add_option("BOOK:ENTRY", line->all, "Phone book entries")

@@ -10,8 +10,8 @@
 #include <zerdix/telebook.h>
 
 #include "books/rights_text.h"
-#include "shell/desk.h"
-#include "shell/value_text.h"
+#include "output/value_text.h"
+#include "session/user_session.h"
 
 namespace zerdix::app {
 
@@ -44,7 +44,7 @@ std::string named(const std::string& id) {
 
 // A copy of the record, if the server knows it and the user may see it.
 template <class Kind>
-std::optional<typename Kind::record> find(desk& user, const std::string& id) {
+std::optional<typename Kind::record> find(user_session& user, const std::string& id) {
     auto& record = user.fetch("looking up the " + named<Kind>(id),
                               [&] { return Kind::get(user.books(), id.c_str()); });
     if (Kind::id(record).empty())
@@ -54,7 +54,7 @@ std::optional<typename Kind::record> find(desk& user, const std::string& id) {
 
 // The same; throws failure when there is none.
 template <class Kind>
-typename Kind::record known(desk& user, const std::string& id) {
+typename Kind::record known(user_session& user, const std::string& id) {
     if (const auto record = find<Kind>(user, id))
         return *record;
     throw failure(exit_no_receiver, "there is no " + named<Kind>(id) + ", or you may not read it");
@@ -62,7 +62,7 @@ typename Kind::record known(desk& user, const std::string& id) {
 
 // What the session's user may do: one remote call.
 template <class Record>
-unsigned char rights_on(desk& user, const Record& record) {
+unsigned char rights_on(user_session& user, const Record& record) {
     const std::string owner(record.owner.view());
     const std::string group(record.group.view());
     return static_cast<unsigned char>(
@@ -72,7 +72,8 @@ unsigned char rights_on(desk& user, const Record& record) {
 // Why a write may have been refused: a clause that names the right that is missing, where one is.
 // `verb` is what that right allows, "add entries". Throws failure when the record isn't there.
 template <class Kind>
-std::string why_refused(desk& user, const std::string& id, char needed, const std::string& verb) {
+std::string why_refused(user_session& user, const std::string& id, char needed,
+                        const std::string& verb) {
     const unsigned char rights = rights_on(user, known<Kind>(user, id));
     if ((rights & static_cast<unsigned char>(needed)) != 0)
         return "the server refused";

@@ -4,7 +4,7 @@
 
 namespace zerdix::app {
 
-std::optional<o_tebul> find_entry(desk& user, const entry_name& name) {
+std::optional<o_tebul> find_entry(user_session& user, const entry_name& name) {
     const o_tebul& entry = user.fetch("looking up " + name.shown(), [&] {
         return user.books().getTBookEntry(name.book.c_str(), name.entry.c_str(), 1);
     });
@@ -13,7 +13,7 @@ std::optional<o_tebul> find_entry(desk& user, const entry_name& name) {
     return entry;
 }
 
-o_tebul known_entry(desk& user, const entry_name& name) {
+o_tebul known_entry(user_session& user, const entry_name& name) {
     if (const auto entry = find_entry(user, name))
         return *entry;
     known<book_kind>(user, name.book); // says so when it is the book that isn't there

@@ -11,14 +11,14 @@
 #include <zerdix/records.h>
 
 #include "books/names.h"
-#include "shell/desk.h"
+#include "session/user_session.h"
 
 namespace zerdix::app {
 
-std::optional<o_tebul> find_entry(desk& user, const entry_name& name);
+std::optional<o_tebul> find_entry(user_session& user, const entry_name& name);
 
 // Throws failure when there is none, and says whether the book is.
-o_tebul known_entry(desk& user, const entry_name& name);
+o_tebul known_entry(user_session& user, const entry_name& name);
 
 json entry_json(const o_tebul& entry);
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "failure.h"
+#include "output/failure.h"
+#include "output/value_text.h"
 #include "platform/encoding.h"
-#include "shell/value_text.h"
 
 namespace zerdix::app {
 
@@ -23,7 +23,7 @@ void require_sound(const std::string& what, const std::string& typed) {
 }
 
 template <class Take>
-entry_name taken_apart(const std::string& typed, Take take) {
+entry_name split_entry(const std::string& typed, Take take) {
     const auto colon = typed.find(':');
     if (colon == std::string::npos || colon == 0 || colon + 1 == typed.size())
         throw failure(exit_usage, "\"" + typed +
@@ -55,11 +55,11 @@ std::string entry_name::shown() const {
 }
 
 entry_name entry_named(const std::string& typed) {
-    return taken_apart(typed, id_text);
+    return split_entry(typed, id_text);
 }
 
 entry_name exact_entry(const std::string& typed) {
-    return taken_apart(typed, exact_id);
+    return split_entry(typed, exact_id);
 }
 
 std::string count_of_entries(std::size_t n) {

@@ -8,12 +8,12 @@
 
 #include <CLI/CLI.hpp>
 
+#include "arguments/options.h"
 #include "books/names.h"
 #include "books/rights_text.h"
-#include "failure.h"
-#include "shell/options.h"
-#include "shell/report.h"
-#include "shell/value_text.h"
+#include "output/failure.h"
+#include "output/report.h"
+#include "output/value_text.h"
 
 namespace zerdix::app {
 

@@ -6,11 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "arguments/several_names.h"
 #include "books/kinds.h"
 #include "books/names.h"
 #include "books/owned.h"
-#include "shell/each_named.h"
-#include "shell/user_command.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -28,7 +28,7 @@ std::string the() {
 }
 
 template <class Kind>
-void put_record(desk& user, const std::string& doing, typename Kind::record& record) {
+void put_record(user_session& user, const std::string& doing, typename Kind::record& record) {
     const std::string id(Kind::id(record).view());
     user.expect(
         doing + " the " + named<Kind>(id), [&] { return Kind::put(user.books(), record); },
@@ -41,7 +41,8 @@ void put_record(desk& user, const std::string& doing, typename Kind::record& rec
 
 // Who gives the rights away can't take them back, which is easily done by mistake.
 template <class Kind, class Record>
-void tell_what_was_given_away(desk& user, const Record& record, const owned_options& options) {
+void tell_what_was_given_away(user_session& user, const Record& record,
+                              const owned_options& options) {
     const auto held = static_cast<unsigned char>(TELEBOOK::clssetPPerm());
     if ((options.owner || !options.rights.empty()) && (rights_on(user, record) & held) == 0)
         note("you can't change the rights on " + the<Kind>() + " any more; it belongs to " +
@@ -50,7 +51,7 @@ void tell_what_was_given_away(desk& user, const Record& record, const owned_opti
 }
 
 template <class Kind>
-void create(desk& user, owned_line& line) {
+void create(user_session& user, owned_line& line) {
     if (find<Kind>(user, line.id))
         throw failure(exit_refused, "there is a " + named<Kind>(line.id) + " already; zerdix " +
                                         Kind::key + " change changes it");
@@ -66,7 +67,7 @@ void create(desk& user, owned_line& line) {
 }
 
 template <class Kind>
-void change(desk& user, owned_line& line) {
+void change(user_session& user, owned_line& line) {
     auto record = known<Kind>(user, line.id);
     apply(line.options, record);
     put_record<Kind>(user, "changing", record);
@@ -75,8 +76,8 @@ void change(desk& user, owned_line& line) {
 }
 
 template <class Kind>
-void remove_all(desk& user, const owned_line& line) {
-    each_named(user.out(), line.all, [&](const std::string& typed) -> deed {
+void remove_all(user_session& user, const owned_line& line) {
+    for_each_name(user.out(), line.all, [&](const std::string& typed) -> named_act {
         const std::string id = exact_id(the<Kind>(), typed);
         user.expect(
             "deleting the " + named<Kind>(id),
@@ -87,7 +88,7 @@ void remove_all(desk& user, const owned_line& line) {
 }
 
 template <class Kind>
-void rights(desk& user, owned_line& line) {
+void rights(user_session& user, owned_line& line) {
     auto record = known<Kind>(user, line.id);
     if (!line.options.rights.empty()) {
         apply(line.options, record);
@@ -122,9 +123,10 @@ void rights(desk& user, owned_line& line) {
 // Adds a command about one record, whose id is looked at first.
 template <class Kind>
 CLI::App* add_owned_command(CLI::App& parent, const char* name, const std::string& description,
-                            std::shared_ptr<owned_line> line, void (*work)(desk&, owned_line&)) {
+                            std::shared_ptr<owned_line> line,
+                            void (*work)(user_session&, owned_line&)) {
     CLI::App* command = add_user_command(
-        parent, name, description.c_str(), [line, work](desk& user) { work(user, *line); },
+        parent, name, description.c_str(), [line, work](user_session& user) { work(user, *line); },
         [line, name] {
             line->id = id_text(the<Kind>(), line->typed);
             if (name == std::string("create") && line->id.find(':') != std::string::npos)
@@ -170,7 +172,7 @@ void add_owned_commands(CLI::App& parent) {
 
     line = std::make_shared<owned_line>();
     command = add_user_command(parent, "delete", ("Delete " + word + "s").c_str(),
-                               [line](desk& user) { remove_all<Kind>(user, *line); });
+                               [line](user_session& user) { remove_all<Kind>(user, *line); });
     command->alias("rm");
     command->add_option("ID", line->all, "Id of " + the<Kind>())->required()->option_text("...");
     command->footer("All of them go without a question, with what is in them.\n\nExample: " +

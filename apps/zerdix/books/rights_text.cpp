@@ -2,7 +2,7 @@
 
 #include <zerdix/telebook.h>
 
-#include "failure.h"
+#include "output/failure.h"
 
 namespace zerdix::app {
 

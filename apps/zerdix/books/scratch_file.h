@@ -10,7 +10,7 @@
 #include <string>
 #include <unistd.h>
 
-#include "failure.h"
+#include "output/failure.h"
 
 namespace zerdix::app {
 

@@ -8,7 +8,7 @@
 #include <iostream>
 #include <sstream>
 
-#include "failure.h"
+#include "output/failure.h"
 #include "platform/encoding.h"
 
 namespace zerdix::app {
@@ -60,7 +60,7 @@ bool beyond_ascii(std::string_view bytes) {
 
 text_line from_utf8(std::string_view line) {
     text_line result{platform::utf8_to_cp1252(line), false};
-    result.has_strangers = platform::cp1252_to_utf8(result.text) != line;
+    result.has_unknown_characters = platform::cp1252_to_utf8(result.text) != line;
     return result;
 }
 

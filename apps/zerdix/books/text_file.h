@@ -11,8 +11,8 @@ namespace zerdix::app {
 enum class encoding { automatic, windows_1252, utf_8 };
 
 struct text_line {
-    std::string text;           // without its line end, a carriage return included
-    bool has_strangers = false; // characters that aren't in Windows-1252 became "?"
+    std::string text;                    // without its line end, a carriage return included
+    bool has_unknown_characters = false; // characters that aren't in Windows-1252 became "?"
 };
 
 struct text_lines {

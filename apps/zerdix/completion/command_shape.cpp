@@ -2,8 +2,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include "commands.h"
-
 namespace zerdix::app {
 
 namespace {
@@ -58,13 +56,6 @@ command_shape shape_of(CLI::App& app) {
     for (CLI::App* below : app.get_subcommands([](CLI::App*) { return true; }))
         shape.commands.push_back(shape_of(*below));
     return shape;
-}
-
-command_shape whole_command_line() {
-    CLI::App app;
-    describe(app);
-    add_commands(app, nullptr);
-    return shape_of(app);
 }
 
 std::vector<named_command> all_commands(const command_shape& first) {

@@ -41,9 +41,6 @@ struct command_shape {
 
 command_shape shape_of(CLI::App& app);
 
-// That of the whole program.
-command_shape whole_command_line();
-
 // A command with its full name, such as "zerdix doc list".
 struct named_command {
     std::string name;

@@ -5,9 +5,9 @@
 
 #include <CLI/CLI.hpp>
 
-#include "commands.h"
+#include "arguments/one_of.h"
+#include "completion/commands.h"
 #include "completion/scripts.h"
-#include "shell/one_of.h"
 
 namespace zerdix::app {
 

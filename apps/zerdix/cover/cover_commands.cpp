@@ -4,15 +4,15 @@
 #include <optional>
 #include <string>
 
-#include "commands.h"
+#include "cover/commands.h"
 #include "cover/form_file.h"
 #include "cover/preview.h"
-#include "cover/stored_form.h"
+#include "cover/template_document.h"
 #include "documents/new_document.h"
-#include "png_file.h"
+#include "output/value_text.h"
+#include "pictures/png_file.h"
 #include "print/job_options.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -40,7 +40,7 @@ void check(preview_line& line) {
         line.local->commands = bytes_of(read_commands(line.commands));
 }
 
-void preview(desk& user, const preview_line& line) {
+void preview(user_session& user, const preview_line& line) {
     const page_picture page =
         draw_cover(user, line.local ? *line.local : fetch_template(user), line.receiver);
     write_png(line.output, page);
@@ -54,7 +54,7 @@ void add_preview(CLI::App& group) {
     auto line = std::make_shared<preview_line>();
     CLI::App* command = add_user_command(
         group, "preview", "Draw the cover page of a receiver, without sending",
-        [line](desk& user) { preview(user, *line); }, [line] { check(*line); });
+        [line](user_session& user) { preview(user, *line); }, [line] { check(*line); });
     command->add_option("-t,--to", line->to, "A fax number, or a phone book entry as BOOK:ENTRY")
         ->option_text("RECEIVER");
     command->add_option("-T,--title", line->title, "Title of the fax, 30 characters")
@@ -78,20 +78,20 @@ struct install_line {
     cover_template files;
 };
 
-void store_template(desk& user, std::int32_t document, const cover_template& files) {
+void store_template(user_session& user, std::int32_t document, const cover_template& files) {
     store_form(user, document, form_picture, files.form);
     store_form(user, document, form_commands, files.commands);
 }
 
 // Whether the template is the user's own, and was replaced.
-bool replace_template(desk& user, std::int32_t document, const cover_template& files) {
+bool replace_template(user_session& user, std::int32_t document, const cover_template& files) {
     if (document == 0 || put_form(user, document, form_commands, files.commands) != 0)
         return false;
     store_form(user, document, form_picture, files.form);
     return true;
 }
 
-std::int32_t make_template(desk& user, const cover_template& files) {
+std::int32_t make_template(user_session& user, const cover_template& files) {
     return new_document(user, [&](std::int32_t id) {
         store_template(user, id, files);
         set_form_title(user, id, "Deckblatt");
@@ -101,7 +101,7 @@ std::int32_t make_template(desk& user, const cover_template& files) {
 }
 
 // The server's setting is its administrator's.
-void install(desk& user, const install_line& line) {
+void install(user_session& user, const install_line& line) {
     std::int32_t id = template_id(user);
     const bool in_use = replace_template(user, id, line.files);
     if (!in_use)
@@ -119,7 +119,7 @@ void add_install(CLI::App& group) {
     auto line = std::make_shared<install_line>();
     CLI::App* command = add_user_command(
         group, "install", "Store a form and its commands as the cover template",
-        [line](desk& user) { install(user, *line); },
+        [line](user_session& user) { install(user, *line); },
         [line] {
             line->files = {store_page(read_form(line->form)),
                            bytes_of(read_commands(line->commands))};

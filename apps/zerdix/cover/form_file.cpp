@@ -4,11 +4,11 @@
 #include <cctype>
 
 #include "books/text_file.h"
-#include "failure.h"
-#include "page_geometry.h"
-#include "people/png_picture.h"
+#include "output/failure.h"
+#include "output/value_text.h"
+#include "pictures/png_picture.h"
+#include "print/page_placement.h"
 #include "print/pdf_file.h"
-#include "shell/value_text.h"
 
 namespace zerdix::app {
 

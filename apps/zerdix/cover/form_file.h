@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "stored_page.h"
+#include "pictures/stored_page.h"
 
 namespace zerdix::app {
 

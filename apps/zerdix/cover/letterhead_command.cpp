@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
-#include "commands.h"
+#include "cover/commands.h"
 #include "cover/form_file.h"
-#include "cover/stored_form.h"
+#include "cover/template_document.h"
 #include "documents/new_document.h"
-#include "shell/user_command.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -20,7 +20,7 @@ struct letterhead_line {
 };
 
 // Names the document for the paper source; what is named for the others stays.
-std::int32_t set_paper(desk& user, std::size_t paper, std::int32_t document) {
+std::int32_t set_paper(user_session& user, std::size_t paper, std::int32_t document) {
     auto trays =
         user.fetch("fetching your preferences", [&] { return user.session().getAUserRecord(); })
             .papertrays;
@@ -30,7 +30,7 @@ std::int32_t set_paper(desk& user, std::size_t paper, std::int32_t document) {
     return before;
 }
 
-void install(desk& user, const letterhead_line& line) {
+void install(user_session& user, const letterhead_line& line) {
     std::int32_t before = 0;
     const std::int32_t id = new_document(user, [&](std::int32_t made) {
         store_form(user, made, form_picture, line.form);
@@ -51,7 +51,7 @@ void add_letterhead_commands(CLI::App& app) {
     auto line = std::make_shared<letterhead_line>();
     CLI::App* command = add_user_command(
         *group, "install", "Store a page as letterhead",
-        [line](desk& user) { install(user, *line); },
+        [line](user_session& user) { install(user, *line); },
         [line] { line->form = store_page(read_form(line->file)); });
     command->add_option("FILE", line->file, "PNG, or PDF, whose first page is taken")
         ->required()

@@ -20,7 +20,7 @@ constexpr const char* shared_book = "common"; // where a bare receiver is looked
 
 class preview_content final : public cover::page_content {
   public:
-    preview_content(desk& works, const cover_receiver& receiver)
+    preview_content(user_session& works, const cover_receiver& receiver)
         : desk_(works), sender_(works.fetch("looking up the sender",
                                             [&] { return works.session().getOUserRecord(); })) {
         record_.phone.assign(receiver.phone);
@@ -51,7 +51,7 @@ class preview_content final : public cover::page_content {
         return app::find_entry(desk_, {shared_book, phone}).value_or(o_tebul{});
     }
 
-    desk& desk_;
+    user_session& desk_;
     o_user_rec sender_;
     a_s_rec record_{};
     o_tebul entry_{};
@@ -88,7 +88,8 @@ page_picture picture_of(const imaging::LeadBitmap& bitmap) {
 
 } // namespace
 
-page_picture draw_cover(desk& user, const cover_template& from, const cover_receiver& receiver) {
+page_picture draw_cover(user_session& user, const cover_template& from,
+                        const cover_receiver& receiver) {
     use_words_of_the_library();
     std::vector<unsigned char> bytes = from.form;
     const page_dat form{static_cast<std::uint32_t>(bytes.size()), bytes.data()};

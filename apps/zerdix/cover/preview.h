@@ -4,9 +4,9 @@
 
 #include <string>
 
-#include "cover/stored_form.h"
-#include "shell/desk.h"
-#include "stored_page.h"
+#include "cover/template_document.h"
+#include "pictures/stored_page.h"
+#include "session/user_session.h"
 
 namespace zerdix::app {
 
@@ -20,7 +20,8 @@ struct cover_receiver {
 constexpr std::int32_t sample_number = 123456;
 
 // Draws it with what the server holds of the user and of the receiver. Throws failure.
-page_picture draw_cover(desk& user, const cover_template& from, const cover_receiver& receiver);
+page_picture draw_cover(user_session& user, const cover_template& from,
+                        const cover_receiver& receiver);
 
 } // namespace zerdix::app
 

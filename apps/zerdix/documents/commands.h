@@ -1,4 +1,4 @@
-// The commands on documents. Each adds itself below `parent`.
+// The commands on documents.
 #ifndef ZERDIX_APP_DOCUMENTS_COMMANDS_H
 #define ZERDIX_APP_DOCUMENTS_COMMANDS_H
 
@@ -8,6 +8,9 @@ class App;
 
 namespace zerdix::app {
 
+void add_document_commands(CLI::App& app);
+
+// Each adds itself below `parent`.
 void add_list_command(CLI::App& parent);
 void add_status_command(CLI::App& parent); // the outgoing list
 void add_info_commands(CLI::App& parent);  // info, log

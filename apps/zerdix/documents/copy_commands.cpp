@@ -7,15 +7,15 @@
 
 #include <CLI/CLI.hpp>
 
+#include "arguments/one_of.h"
+#include "arguments/several_names.h"
 #include "documents/arguments.h"
 #include "documents/commands.h"
 #include "documents/document_name.h"
 #include "documents/new_document.h"
-#include "progress.h"
-#include "shell/each_named.h"
-#include "shell/one_of.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "output/progress.h"
+#include "output/value_text.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -28,16 +28,16 @@ struct copy_line {
     std::string document, target;
 };
 
-void copy_to(desk& user, const document& source, std::int32_t target) {
+void copy_to(user_session& user, const document& source, std::int32_t target) {
     user.expect("copying " + name_of(source),
                 [&] { return user.journal().copyDoc(source.pool, source.id, target); });
 }
 
-std::int32_t copy_to_new(desk& user, const document& source) {
+std::int32_t copy_to_new(user_session& user, const document& source) {
     return new_document(user, [&](std::int32_t target) { copy_to(user, source, target); });
 }
 
-std::int32_t copy_over(desk& user, const document& source, const std::string& typed) {
+std::int32_t copy_over(user_session& user, const document& source, const std::string& typed) {
     const document target =
         find_document(user, typed, TOPF_P, "a copy can only go to a desk document");
     if (source.pool == TOPF_P && source.id == target.id)
@@ -46,7 +46,7 @@ std::int32_t copy_over(desk& user, const document& source, const std::string& ty
     return target.id;
 }
 
-void copy(desk& user, const copy_line& line) {
+void copy(user_session& user, const copy_line& line) {
     const document source = find_document(user, line.document);
     const std::int32_t target =
         line.target.empty() ? copy_to_new(user, source) : copy_over(user, source, line.target);
@@ -58,7 +58,8 @@ void copy(desk& user, const copy_line& line) {
 void add_copy_command(CLI::App& parent) {
     auto line = std::make_shared<copy_line>();
     CLI::App* command = add_user_command(
-        parent, "copy", "Copy a document to the desk", [line](desk& user) { copy(user, *line); },
+        parent, "copy", "Copy a document to the desk",
+        [line](user_session& user) { copy(user, *line); },
         [line] { read_document_name(line->document); });
     command->alias("cp");
     add_document(*command, line->document);
@@ -94,7 +95,7 @@ address read_address(const std::string& typed) {
 }
 
 // The block of one that begins at the user: it is the user, or there is none of that name.
-std::string why_not_forwarded(desk& user, const address& to) {
+std::string why_not_forwarded(user_session& user, const address& to) {
     const std::string server = to.server.empty() ? ZERDIX::clsGetAlphaServer() : to.server;
     const PTRLIST* found = user.session().getUserListB(to.user.c_str(), server.c_str(), 1);
     if (found == nullptr ||
@@ -103,7 +104,8 @@ std::string why_not_forwarded(desk& user, const address& to) {
     return "there is no user " + shown(to.user) + " on " + shown(server);
 }
 
-deed forward(desk& user, const std::string& typed, const forward_line& line, const address& to) {
+named_act forward(user_session& user, const std::string& typed, const forward_line& line,
+                  const address& to) {
     const document which = find_document(user, typed);
     user.expect(
         "forwarding " + name_of(which),
@@ -116,17 +118,17 @@ deed forward(desk& user, const std::string& typed, const forward_line& line, con
             {{"pool", pool_word(which.pool)}, {"id", which.id}, {"to", line.to}}};
 }
 
-void forward_all(desk& user, const forward_line& line) {
+void forward_all(user_session& user, const forward_line& line) {
     const address to = read_address(line.to);
-    each_named(user.out(), line.documents,
-               [&](const std::string& typed) { return forward(user, typed, line, to); });
+    for_each_name(user.out(), line.documents,
+                  [&](const std::string& typed) { return forward(user, typed, line, to); });
 }
 
 void add_forward_command(CLI::App& parent) {
     auto line = std::make_shared<forward_line>();
     CLI::App* command = add_user_command(
         parent, "forward", "Hand documents on to another user",
-        [line](desk& user) { forward_all(user, *line); },
+        [line](user_session& user) { forward_all(user, *line); },
         [line] {
             check_document_names(line->documents);
             check_address(line->to);
@@ -165,7 +167,7 @@ part read_part(const std::string& typed) {
     return {typed.substr(0, colon), pages};
 }
 
-fax_info source_of(desk& user, const part& wanted) {
+fax_info source_of(user_session& user, const part& wanted) {
     const document which = find_document(user, wanted.document);
     const a_get_inf_o& info = user.fetch("fetching the pages of " + name_of(which), [&] {
         return user.journal().getDocInf(which.pool, which.id, 0);
@@ -179,7 +181,7 @@ fax_info source_of(desk& user, const part& wanted) {
 
 // A page that couldn't be copied leaves a gap, which a page without pictures shows. The masks tell
 // of the first pages alone.
-int pages_there(desk& user, const document& which) {
+int pages_there(user_session& user, const document& which) {
     const a_get_inf_o& info = user.fetch("counting the pages of " + name_of(which), [&] {
         return user.journal().getDocInf(which.pool, which.id, 0);
     });
@@ -189,14 +191,14 @@ int pages_there(desk& user, const document& which) {
            static_cast<int>(std::count(info.pagemasks.begin(), info.pagemasks.begin() + known, 0));
 }
 
-void combine(desk& user, const std::vector<std::string>& parts) {
+void combine(user_session& user, const std::vector<std::string>& parts) {
     std::vector<fax_info> sources;
     int pages = 0;
     for (const std::string& typed : parts) {
         sources.push_back(source_of(user, read_part(typed)));
         pages += sources.back().pages;
     }
-    const call_watch watch;
+    const call_probe watch;
     const std::int32_t id =
         user.journal().combineDocs(sources.data(), static_cast<std::uint16_t>(sources.size()));
     if (id <= 0)
@@ -221,7 +223,7 @@ void add_combine_command(CLI::App& parent) {
     auto parts = std::make_shared<std::vector<std::string>>();
     CLI::App* command = add_user_command(
         parent, "combine", "Make one desk document of the pages of several",
-        [parts](desk& user) { combine(user, *parts); }, [parts] { check_parts(*parts); });
+        [parts](user_session& user) { combine(user, *parts); }, [parts] { check_parts(*parts); });
     command
         ->add_option("ID", *parts, "The documents; 17:2 or in:17:2 takes the first two pages alone")
         ->required()

@@ -4,17 +4,17 @@
 
 #include <CLI/CLI.hpp>
 
+#include "arguments/several_names.h"
 #include "documents/arguments.h"
 #include "documents/commands.h"
 #include "documents/document_name.h"
-#include "shell/each_named.h"
-#include "shell/user_command.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
 namespace {
 
-deed remove(desk& user, const std::string& typed) {
+named_act remove(user_session& user, const std::string& typed) {
     const document which = find_document(user, typed);
     user.expect(
         "deleting " + name_of(which), [&] { return user.journal().delDoc(which.pool, which.id); },
@@ -28,9 +28,9 @@ void add_delete_command(CLI::App& parent) {
     auto documents = std::make_shared<std::vector<std::string>>();
     CLI::App* command = add_user_command(
         parent, "delete", "Delete documents, without asking",
-        [documents](desk& user) {
-            each_named(user.out(), *documents,
-                       [&](const std::string& typed) { return remove(user, typed); });
+        [documents](user_session& user) {
+            for_each_name(user.out(), *documents,
+                          [&](const std::string& typed) { return remove(user, typed); });
         },
         [documents] { check_document_names(*documents); });
     command->alias("rm")->alias("remove");

@@ -4,15 +4,15 @@
 
 #include <CLI/CLI.hpp>
 
+#include "arguments/one_of.h"
 #include "documents/arguments.h"
 #include "documents/commands.h"
 #include "documents/document_name.h"
 #include "documents/page_range.h"
 #include "documents/pool_list.h"
-#include "progress.h"
-#include "shell/one_of.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "output/progress.h"
+#include "output/value_text.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -22,7 +22,8 @@ constexpr std::size_t device_width = 10;
 constexpr std::size_t title_width = 30;
 
 // What was typed, or else what the user's preferences name.
-std::string device(desk& user, const std::string& typed, const char* what, str10 a_user_rec::*own) {
+std::string device(user_session& user, const std::string& typed, const char* what,
+                   str10 a_user_rec::*own) {
     if (!typed.empty())
         return field_text(std::string("the ") + what, typed, device_width);
     const a_user_rec& preferences =
@@ -46,7 +47,7 @@ void check_print(const print_line& line) {
 }
 
 // The block of one that begins at the printer: it is the printer, or there is none of that name.
-std::string why_not_printed(desk& user, const std::string& printer) {
+std::string why_not_printed(user_session& user, const std::string& printer) {
     const PTRLIST* found = user.session().getPrinterListB(printer.c_str(), 1);
     if (found == nullptr ||
         (found->getSize() > 0 && records<a_printer_rec>(*found).front()->printerid == printer))
@@ -54,7 +55,7 @@ std::string why_not_printed(desk& user, const std::string& printer) {
     return "there is no printer " + shown(printer);
 }
 
-void print(desk& user, const print_line& line) {
+void print(user_session& user, const print_line& line) {
     const document which = find_document(user, line.document);
     const std::string printer = device(user, line.printer, "printer", &a_user_rec::defprinter);
     const a_get_inf_o& info = user.fetch("fetching the pages of " + name_of(which), [&] {
@@ -86,7 +87,7 @@ void add_print_command(CLI::App& parent) {
     auto line = std::make_shared<print_line>();
     CLI::App* command = add_user_command(
         parent, "print", "Print a document on a printer of the server",
-        [line](desk& user) { print(user, *line); }, [line] { check_print(*line); });
+        [line](user_session& user) { print(user, *line); }, [line] { check_print(*line); });
     command->alias("lp");
     add_document(*command, line->document);
     command->add_option("-d,--printer", line->printer, "The printer (default: the user's own)")
@@ -123,7 +124,7 @@ const a_scanner_rec* find_scanner(const PTRLIST* list, const std::string& id) {
     return nullptr;
 }
 
-std::string why_not_scanned(desk& user, const std::string& id, std::int32_t wanted) {
+std::string why_not_scanned(user_session& user, const std::string& id, std::int32_t wanted) {
     const PTRLIST* all = user.session().getAllScanners(any_scanner);
     const a_scanner_rec* scanner = find_scanner(all, id);
     if (scanner == nullptr)
@@ -135,12 +136,12 @@ std::string why_not_scanned(desk& user, const std::string& id, std::int32_t want
 }
 
 // The desk documents from an id on, itself included.
-std::int32_t newest_from(desk& user, std::int32_t id) {
+std::int32_t newest_from(user_session& user, std::int32_t id) {
     const json found = list_pool(user, TOPF_P, select_all, id);
     return found.empty() ? id : found.back()["id"].get<std::int32_t>();
 }
 
-void scan(desk& user, const scan_line& line) {
+void scan(user_session& user, const scan_line& line) {
     const std::string scanner = device(user, line.scanner, "scanner", &a_user_rec::defscanner);
     const std::string title = field_text("the title", line.title, title_width);
     const std::int32_t before = newest_from(user, first_block);
@@ -160,7 +161,7 @@ void add_scan_command(CLI::App& parent) {
     auto line = std::make_shared<scan_line>();
     CLI::App* command = add_user_command(
         parent, "scan", "Make a desk document of what lies on a scanner of the server",
-        [line](desk& user) { scan(user, *line); });
+        [line](user_session& user) { scan(user, *line); });
     command->add_option("-s,--scanner", line->scanner, "The scanner (default: the user's own)")
         ->option_text("ID");
     command->add_option("-T,--title", line->title, "Title of the document, 30 characters")

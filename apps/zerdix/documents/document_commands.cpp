@@ -2,9 +2,8 @@
 
 #include <CLI/CLI.hpp>
 
-#include "commands.h"
 #include "documents/commands.h"
-#include "shell/user_command.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 

@@ -40,7 +40,7 @@ bool is_there(const Record& record) {
     return record.faxid != 0;
 }
 
-bool exists(desk& user, const document& which) {
+bool exists(user_session& user, const document& which) {
     const std::string doing = "looking up " + name_of(which);
     JOURNAL& journal = user.journal();
     switch (which.pool) {
@@ -53,7 +53,7 @@ bool exists(desk& user, const document& which) {
     }
 }
 
-std::vector<document> all_of_number(desk& user, std::int32_t id) {
+std::vector<document> all_of_number(user_session& user, std::int32_t id) {
     std::vector<document> found;
     for (const pool_words& words : pools) {
         if (exists(user, {words.pool, id}))
@@ -108,7 +108,7 @@ void check_document_names(const std::vector<std::string>& typed) {
         read_document_name(name);
 }
 
-document find_document(desk& user, const std::string& typed) {
+document find_document(user_session& user, const std::string& typed) {
     const document_name name = read_document_name(typed);
     if (name.pool) {
         const document named{*name.pool, name.id};
@@ -124,7 +124,8 @@ document find_document(desk& user, const std::string& typed) {
     return found.front();
 }
 
-document find_document(desk& user, const std::string& typed, topftype pool, const char* rule) {
+document find_document(user_session& user, const std::string& typed, topftype pool,
+                       const char* rule) {
     const document_name name = read_document_name(typed);
     const document wanted{pool, name.id};
     if (name.pool.value_or(pool) == pool && exists(user, wanted))

@@ -10,7 +10,7 @@
 
 #include <zerdix/records.h>
 
-#include "shell/desk.h"
+#include "session/user_session.h"
 
 namespace zerdix::app {
 
@@ -39,10 +39,11 @@ void check_document_names(const std::vector<std::string>& typed);
 
 // Where it lies; a bare number is looked for in all pools. Throws failure when there is none of
 // that number, and when there are several.
-document find_document(desk& user, const std::string& typed);
+document find_document(user_session& user, const std::string& typed);
 
 // The same for what can be done in one pool alone; `rule` is the sentence that says so.
-document find_document(desk& user, const std::string& typed, topftype pool, const char* rule);
+document find_document(user_session& user, const std::string& typed, topftype pool,
+                       const char* rule);
 
 } // namespace zerdix::app
 

@@ -1,6 +1,6 @@
 #include "documents/document_records.h"
 
-#include "shell/value_text.h"
+#include "output/value_text.h"
 #include <zerdix/values.h>
 
 namespace zerdix::app {

@@ -5,7 +5,7 @@
 #include <zerdix/records.h>
 
 #include "documents/document_name.h"
-#include "shell/report.h"
+#include "output/report.h"
 
 namespace zerdix::app {
 

@@ -8,8 +8,8 @@
 #include "documents/arguments.h"
 #include "documents/commands.h"
 #include "documents/document_records.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "output/value_text.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -54,7 +54,7 @@ json page_types(const a_get_inf_o& info) {
     return all;
 }
 
-json record_of(desk& user, const document& which) {
+json record_of(user_session& user, const document& which) {
     const std::string doing = "fetching " + name_of(which);
     JOURNAL& journal = user.journal();
     switch (which.pool) {
@@ -67,7 +67,7 @@ json record_of(desk& user, const document& which) {
     }
 }
 
-json whole_info(desk& user, const document& which, bool mark_read) {
+json whole_info(user_session& user, const document& which, bool mark_read) {
     json all = record_of(user, which);
     const a_get_inf_o& info = user.fetch("fetching the pages of " + name_of(which), [&] {
         return user.journal().getDocInf(which.pool, which.id, mark_read ? 1 : 0);
@@ -92,7 +92,7 @@ struct info_line {
     bool mark_read = false;
 };
 
-void info(desk& user, const info_line& line) {
+void info(user_session& user, const info_line& line) {
     json all = json::array();
     for (const std::string& typed : line.documents) {
         const document which = find_document(user, typed);
@@ -124,7 +124,7 @@ constexpr std::size_t surely_whole = 65000;
 
 // A cut text leaves out lines of the answer that it ends in, and the position that comes with it
 // lies behind them. So the next text begins as many lines on as there were in this one.
-std::vector<std::string> whole_log(desk& user, const document& which) {
+std::vector<std::string> whole_log(user_session& user, const document& which) {
     std::vector<std::string> all;
     for (;;) {
         const char& text = user.fetch("fetching the log of " + name_of(which), [&] {
@@ -139,7 +139,7 @@ std::vector<std::string> whole_log(desk& user, const document& which) {
     }
 }
 
-void log(desk& user, const std::string& typed) {
+void log(user_session& user, const std::string& typed) {
     const std::vector<std::string> lines = whole_log(user, find_document(user, typed));
     if (user.out().is_json())
         return user.out().rows(lines, {}, "");
@@ -152,7 +152,8 @@ void log(desk& user, const std::string& typed) {
 void add_info_commands(CLI::App& parent) {
     auto line = std::make_shared<info_line>();
     CLI::App* command = add_user_command(
-        parent, "info", "Show all about documents", [line](desk& user) { info(user, *line); },
+        parent, "info", "Show all about documents",
+        [line](user_session& user) { info(user, *line); },
         [line] { check_document_names(line->documents); });
     command->alias("show");
     add_documents(*command, line->documents);
@@ -161,7 +162,8 @@ void add_info_commands(CLI::App& parent) {
 
     auto typed = std::make_shared<std::string>();
     CLI::App* log_command = add_user_command(
-        parent, "log", "Print the log of a document", [typed](desk& user) { log(user, *typed); },
+        parent, "log", "Print the log of a document",
+        [typed](user_session& user) { log(user, *typed); },
         [typed] { read_document_name(*typed); });
     add_document(*log_command, *typed);
     log_command->footer("Example: zerdix doc log 17");

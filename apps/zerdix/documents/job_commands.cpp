@@ -6,15 +6,15 @@
 
 #include <CLI/CLI.hpp>
 
+#include "arguments/one_of.h"
+#include "arguments/options.h"
+#include "arguments/send_time.h"
+#include "arguments/several_names.h"
 #include "documents/arguments.h"
 #include "documents/commands.h"
 #include "documents/document_records.h"
-#include "send_time.h"
-#include "shell/each_named.h"
-#include "shell/one_of.h"
-#include "shell/options.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "output/value_text.h"
+#include "session/user_command.h"
 #include <zerdix/values.h>
 
 namespace zerdix::app {
@@ -23,11 +23,11 @@ namespace {
 
 constexpr std::size_t title_width = 30;
 
-document find_job(desk& user, const std::string& typed) {
+document find_job(user_session& user, const std::string& typed) {
     return find_document(user, typed, TOPF_S, "only outgoing documents have a send job");
 }
 
-std::string why_not(desk& user, const document& job) {
+std::string why_not(user_session& user, const document& job) {
     const a_s_rec* record = user.journal().getSDoc(job.id);
     const std::int32_t status = record != nullptr ? record->status : 0;
     switch (status) {
@@ -46,7 +46,7 @@ json job_json(const document& job) {
     return {{"pool", pool_word(TOPF_S)}, {"id", job.id}};
 }
 
-deed cancel(desk& user, const std::string& typed) {
+named_act cancel(user_session& user, const std::string& typed) {
     const document job = find_job(user, typed);
     user.expect(
         "cancelling " + name_of(job), [&] { return user.journal().cancelJob(job.id); },
@@ -54,7 +54,7 @@ deed cancel(desk& user, const std::string& typed) {
     return {name_of(job) + " cancelled", job_json(job)};
 }
 
-deed restart(desk& user, const std::string& typed) {
+named_act restart(user_session& user, const std::string& typed) {
     const document job = find_job(user, typed);
     user.expect(
         "restarting " + name_of(job), [&] { return user.journal().restartSendJob(job.id); },
@@ -63,13 +63,13 @@ deed restart(desk& user, const std::string& typed) {
 }
 
 CLI::App* add_for_each_job(CLI::App& parent, const char* name, const char* description,
-                           deed (*work)(desk&, const std::string&)) {
+                           named_act (*work)(user_session&, const std::string&)) {
     auto documents = std::make_shared<std::vector<std::string>>();
     CLI::App* command = add_user_command(
         parent, name, description,
-        [documents, work](desk& user) {
-            each_named(user.out(), *documents,
-                       [&](const std::string& typed) { return work(user, typed); });
+        [documents, work](user_session& user) {
+            for_each_name(user.out(), *documents,
+                          [&](const std::string& typed) { return work(user, typed); });
         },
         [documents] { check_document_names(*documents); });
     add_documents(*command, *documents);
@@ -118,7 +118,7 @@ a_s_rec changed(a_s_rec record, const change_line& line) {
     return record;
 }
 
-void change(desk& user, const change_line& line) {
+void change(user_session& user, const change_line& line) {
     const document job = find_job(user, line.document);
     const a_s_rec record = changed(
         user.fetch("fetching " + name_of(job), [&] { return user.journal().getSDoc(job.id); }),
@@ -156,7 +156,7 @@ void add_change_command(CLI::App& parent) {
     auto line = std::make_shared<change_line>();
     CLI::App* command = add_user_command(
         parent, "change", "Change the settings of a send job that hasn't gone out yet",
-        [line](desk& user) { change(user, *line); }, [line] { check_change(*line); });
+        [line](user_session& user) { change(user, *line); }, [line] { check_change(*line); });
     add_document(*command, line->document);
     add_change_options(*command, *line);
     command->footer("Example: zerdix doc change 17 --at 20:15 --priority 100");

@@ -4,11 +4,11 @@
 
 #include <CLI/CLI.hpp>
 
+#include "arguments/one_of.h"
 #include "documents/commands.h"
 #include "documents/document_records.h"
 #include "documents/pool_list.h"
-#include "shell/one_of.h"
-#include "shell/user_command.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -64,7 +64,7 @@ void check(const list_line& line) {
         throw failure(exit_usage, "--block needs a pool: incoming, outgoing or desk");
 }
 
-json listed(desk& user, const list_line& line) {
+json listed(user_session& user, const list_line& line) {
     json all = json::array();
     for (const topftype pool : pools_of(line)) {
         const list_selection which = selection_of(line);
@@ -75,7 +75,7 @@ json listed(desk& user, const list_line& line) {
     return all;
 }
 
-void list(desk& user, const list_line& line) {
+void list(user_session& user, const list_line& line) {
     json all = listed(user, line);
     const std::vector<topftype> pools = pools_of(line);
     if (pools.size() == 1)
@@ -90,7 +90,7 @@ void list(desk& user, const list_line& line) {
 CLI::App* add_list(CLI::App& parent, const char* name, const char* description,
                    const std::shared_ptr<list_line>& line) {
     CLI::App* command = add_user_command(
-        parent, name, description, [line](desk& user) { list(user, *line); },
+        parent, name, description, [line](user_session& user) { list(user, *line); },
         [line] { check(*line); });
     command->add_flag("--errors", line->only_errors, "Only outgoing documents with an error");
     command->add_option("--block", line->block, "At most N documents, in one block (default: all)")

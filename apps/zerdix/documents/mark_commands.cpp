@@ -4,13 +4,13 @@
 
 #include <CLI/CLI.hpp>
 
+#include "arguments/one_of.h"
+#include "arguments/several_names.h"
 #include "documents/arguments.h"
 #include "documents/commands.h"
 #include "documents/document_name.h"
-#include "shell/each_named.h"
-#include "shell/one_of.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "output/value_text.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t title_width = 30;
 
 // A public document shows itself to all users and is changed by its owner alone.
-std::string why_not_changed(desk& user, const document& which) {
+std::string why_not_changed(user_session& user, const document& which) {
     const a_p_rec* record = which.pool == TOPF_P ? user.journal().getPDoc(which.id) : nullptr;
     return record == nullptr || record->userid == ZERDIX::clsGetUserId()
                ? "the server refused"
@@ -30,7 +30,7 @@ struct comment_line {
     std::string document, text;
 };
 
-void comment(desk& user, const comment_line& line) {
+void comment(user_session& user, const comment_line& line) {
     const document which = find_document(user, line.document);
     const std::string text = field_text("the title", line.text, title_width);
     user.expect(
@@ -45,7 +45,7 @@ void add_comment_command(CLI::App& parent) {
     auto line = std::make_shared<comment_line>();
     CLI::App* command = add_user_command(
         parent, "comment", "Give a document another title",
-        [line](desk& user) { comment(user, *line); },
+        [line](user_session& user) { comment(user, *line); },
         [line] { read_document_name(line->document); });
     add_document(*command, line->document);
     command->add_option("TEXT", line->text, "The title, 30 characters")
@@ -58,7 +58,7 @@ struct public_line {
     std::string document, state;
 };
 
-void set_public(desk& user, const public_line& line) {
+void set_public(user_session& user, const public_line& line) {
     const bool on = line.state == "on";
     const document which =
         find_document(user, line.document, TOPF_P, "only desk documents can be public");
@@ -74,7 +74,7 @@ void add_public_command(CLI::App& parent) {
     auto line = std::make_shared<public_line>();
     CLI::App* command = add_user_command(
         parent, "public", "Let all users read a desk document, or no longer",
-        [line](desk& user) { set_public(user, *line); },
+        [line](user_session& user) { set_public(user, *line); },
         [line] { read_document_name(line->document); });
     add_document(*command, line->document);
     command->add_option("STATE", line->state, "on or off")
@@ -89,7 +89,7 @@ struct read_line {
     bool unread = false;
 };
 
-deed mark(desk& user, const std::string& typed, bool unread) {
+named_act mark(user_session& user, const std::string& typed, bool unread) {
     const document which = find_document(user, typed);
     user.expect(
         "marking " + name_of(which),
@@ -106,9 +106,10 @@ void add_read_command(CLI::App& parent) {
     auto line = std::make_shared<read_line>();
     CLI::App* command = add_user_command(
         parent, "read", "Mark documents as read",
-        [line](desk& user) {
-            each_named(user.out(), line->documents,
-                       [&](const std::string& typed) { return mark(user, typed, line->unread); });
+        [line](user_session& user) {
+            for_each_name(user.out(), line->documents, [&](const std::string& typed) {
+                return mark(user, typed, line->unread);
+            });
         },
         [line] { check_document_names(line->documents); });
     command->alias("mark-read");

@@ -2,8 +2,8 @@
 
 namespace zerdix::app {
 
-std::int32_t new_document(desk& user) {
-    const call_watch watch;
+std::int32_t new_document(user_session& user) {
+    const call_probe watch;
     const std::int32_t id = user.journal().makeDoc();
     if (id == -1)
         user.lost("making a desk document", watch);

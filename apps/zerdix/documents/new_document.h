@@ -5,16 +5,16 @@
 #include <cstdint>
 #include <exception>
 
-#include "shell/desk.h"
+#include "session/user_session.h"
 
 namespace zerdix::app {
 
 // Its id. Throws failure.
-std::int32_t new_document(desk& user);
+std::int32_t new_document(user_session& user);
 
 // Makes one and does something with it; when that fails the document goes again.
 template <class Work>
-std::int32_t new_document(desk& user, Work work) {
+std::int32_t new_document(user_session& user, Work work) {
     const std::int32_t id = new_document(user);
     try {
         work(id);

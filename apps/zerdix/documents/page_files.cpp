@@ -9,11 +9,11 @@
 #include <functional>
 #include <optional>
 
-#include "output_file.h"
-#include "page_fetch.h"
-#include "png_file.h"
-#include "progress.h"
-#include "tiff_file.h"
+#include "output/output_file.h"
+#include "output/progress.h"
+#include "pictures/page_fetch.h"
+#include "pictures/png_file.h"
+#include "pictures/tiff_file.h"
 
 namespace zerdix::app {
 
@@ -66,7 +66,7 @@ std::string path_of(const std::string& path, int page) {
 using page_work = std::function<void(const wanted_page&)>;
 
 // A page at a time, with progress where there are several.
-void for_each_page(desk& user, const document& which, const std::vector<int>& pages,
+void for_each_page(user_session& user, const document& which, const std::vector<int>& pages,
                    const page_work& work) {
     const bool silent = user.out().is_json() || user.out().is_quiet() || pages.size() < 2;
     const int all = static_cast<int>(pages.size());
@@ -78,7 +78,7 @@ void for_each_page(desk& user, const document& which, const std::vector<int>& pa
     }
 }
 
-std::vector<std::string> write_tiff(desk& user, const document& which,
+std::vector<std::string> write_tiff(user_session& user, const document& which,
                                     const std::vector<int>& pages, const std::string& path) {
     std::optional<tiff_file> file; // not made before a page is there to go in
     for_each_page(user, which, pages, [&](const wanted_page& wanted) {
@@ -92,7 +92,7 @@ std::vector<std::string> write_tiff(desk& user, const document& which,
     return {path};
 }
 
-std::vector<std::string> write_pngs(desk& user, const document& which,
+std::vector<std::string> write_pngs(user_session& user, const document& which,
                                     const std::vector<int>& pages, const std::string& path) {
     std::vector<std::string> paths;
     for_each_page(user, which, pages, [&](const wanted_page& wanted) {
@@ -115,7 +115,7 @@ void write_text(const std::string& path, const std::string& text) {
     not_written(path, std::strerror(error));
 }
 
-std::vector<std::string> write_texts(desk& user, const document& which,
+std::vector<std::string> write_texts(user_session& user, const document& which,
                                      const std::vector<int>& pages, const std::string& path) {
     std::string all;
     for_each_page(user, which, pages, [&](const wanted_page& wanted) {
@@ -143,7 +143,7 @@ void check_page_path(const std::string& path, const std::vector<page_range>& pag
                                                     "number of the page");
 }
 
-std::vector<std::string> write_pages(desk& user, const document& which,
+std::vector<std::string> write_pages(user_session& user, const document& which,
                                      const std::vector<int>& pages, const std::string& path) {
     switch (form_of(path)) {
     case form::tiff:

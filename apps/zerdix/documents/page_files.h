@@ -18,7 +18,7 @@ void check_page_path(const std::string& path, const std::vector<page_range>& pag
 
 // The paths that were written, in order. A number of pages of the document, all of which exist.
 // Throws failure; what was whole by then stays.
-std::vector<std::string> write_pages(desk& user, const document& which,
+std::vector<std::string> write_pages(user_session& user, const document& which,
                                      const std::vector<int>& pages, const std::string& path);
 
 } // namespace zerdix::app

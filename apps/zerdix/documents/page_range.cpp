@@ -3,8 +3,8 @@
 #include <charconv>
 #include <string_view>
 
-#include "failure.h"
-#include "progress.h"
+#include "output/failure.h"
+#include "output/progress.h"
 
 namespace zerdix::app {
 

@@ -7,8 +7,8 @@
 #include "documents/arguments.h"
 #include "documents/commands.h"
 #include "documents/page_files.h"
-#include "progress.h"
-#include "shell/user_command.h"
+#include "output/progress.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -43,7 +43,7 @@ chosen_pages choose(const std::string& typed, int pages, const std::string& name
     return chosen;
 }
 
-void write(desk& user, const pages_line& line) {
+void write(user_session& user, const pages_line& line) {
     const document which = find_document(user, line.document);
     const std::string name = name_of(which);
     const a_get_inf_o& info = user.fetch("fetching the pages of " + name, [&] {
@@ -74,7 +74,7 @@ void add_pages_command(CLI::App& parent) {
     auto line = std::make_shared<pages_line>();
     CLI::App* command = add_user_command(
         parent, "page", "Write pages of a document to files",
-        [line](desk& user) { write(user, *line); }, [line] { check(*line); });
+        [line](user_session& user) { write(user, *line); }, [line] { check(*line); });
     command->alias("pages");
     add_document(*command, line->document);
     command->add_option("PAGES", line->pages, "3, 1-3, 2- or 1-3,7 (default: all pages)")

@@ -28,8 +28,8 @@ json loaded(JOURNAL& journal, topftype pool) {
     return all;
 }
 
-std::int32_t block_size(desk& user) {
-    const call_watch watch;
+std::int32_t block_size(user_session& user) {
+    const call_probe watch;
     const std::int32_t size = ZERDIX::clsGetJournalBlockSize();
     if (size == -1 || (size == 12 && ZERDIX::clsGetClient() == nullptr))
         user.lost("asking for the size of a block", watch);
@@ -53,7 +53,8 @@ bool append_later(json& all, json& block) {
 
 } // namespace
 
-json list_block(desk& user, topftype pool, list_selection which, std::int32_t from, int most) {
+json list_block(user_session& user, topftype pool, list_selection which, std::int32_t from,
+                int most) {
     JOURNAL& journal = user.journal();
     user.expect(
         std::string("listing the ") + pool_word(pool) + " documents",
@@ -62,7 +63,7 @@ json list_block(desk& user, topftype pool, list_selection which, std::int32_t fr
     return loaded(journal, pool);
 }
 
-json list_pool(desk& user, topftype pool, list_selection which, std::int32_t from) {
+json list_pool(user_session& user, topftype pool, list_selection which, std::int32_t from) {
     const std::int32_t size = block_size(user);
     json all = json::array();
     for (;;) {

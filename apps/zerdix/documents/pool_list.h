@@ -5,17 +5,19 @@
 #include <cstdint>
 
 #include "documents/document_name.h"
-#include "shell/report.h"
+#include "output/report.h"
 #include <zerdix/values.h>
 
 namespace zerdix::app {
 
 // All of them that the selection shows, from the id `from` on, block by block in the size that the
 // server is configured with.
-json list_pool(desk& user, topftype pool, list_selection which, std::int32_t from = first_block);
+json list_pool(user_session& user, topftype pool, list_selection which,
+               std::int32_t from = first_block);
 
 // One block.
-json list_block(desk& user, topftype pool, list_selection which, std::int32_t from, int most);
+json list_block(user_session& user, topftype pool, list_selection which, std::int32_t from,
+                int most);
 
 } // namespace zerdix::app
 

@@ -13,11 +13,11 @@
 #include "documents/commands.h"
 #include "documents/document_name.h"
 #include "documents/sending_to_receivers.h"
+#include "output/progress.h"
+#include "output/value_text.h"
 #include "print/job_options.h"
 #include "print/outcome_words.h"
-#include "progress.h"
-#include "shell/user_command.h"
-#include "shell/value_text.h"
+#include "session/user_command.h"
 
 namespace zerdix::app {
 
@@ -31,11 +31,11 @@ struct stored_documents {
     std::vector<char> comments;    // 31 bytes a document
 };
 
-std::int32_t desk_document(desk& user, const std::string& typed) {
+std::int32_t desk_document(user_session& user, const std::string& typed) {
     return find_document(user, typed, TOPF_P, "only a document of the desk can be sent").id;
 }
 
-void add_comment(desk& user, std::int32_t id, std::vector<char>& comments) {
+void add_comment(user_session& user, std::int32_t id, std::vector<char>& comments) {
     const a_p_rec& record = user.fetch("reading document " + std::to_string(id),
                                        [&] { return user.journal().getPDoc(id); });
     const std::size_t at = comments.size();
@@ -44,7 +44,7 @@ void add_comment(desk& user, std::int32_t id, std::vector<char>& comments) {
     std::memcpy(&comments[at], title.data(), std::min(title.size(), comment_size - 1));
 }
 
-stored_documents read_documents(desk& user, const std::vector<std::string>& typed) {
+stored_documents read_documents(user_session& user, const std::vector<std::string>& typed) {
     stored_documents documents;
     for (const std::string& one : typed) {
         documents.ids.push_back(desk_document(user, one));
@@ -55,7 +55,7 @@ stored_documents read_documents(desk& user, const std::vector<std::string>& type
 }
 
 // Receivers of all documents; those that have none are counted by the dialog's own messages.
-void tell_end(desk& user, const zx_outcome& outcome) {
+void tell_end(user_session& user, const zx_outcome& outcome) {
     const std::string made =
         counted(static_cast<int>(receivers_that_are(outcome, ZX_HANDED_OVER).size()), "send job");
     const auto unknown = receivers_that_are(outcome, ZX_UNKNOWN);
@@ -74,7 +74,7 @@ void tell_end(desk& user, const zx_outcome& outcome) {
     user.out().done(made + " made", {{"jobs", receivers_that_are(outcome, ZX_HANDED_OVER).size()}});
 }
 
-void ask_and_send(desk& user, const std::vector<std::string>& typed) {
+void ask_and_send(user_session& user, const std::vector<std::string>& typed) {
     stored_documents documents = read_documents(user, typed);
     const std::int32_t ended = SendStoredDocuments(nullptr, &user.journal(), documents.ids.data(),
                                                    documents.comments.data());
@@ -113,7 +113,7 @@ void check(const CLI::App& command, send_line& line) {
         line.options.resolution = line.resolution;
 }
 
-void send(desk& user, const send_line& line) {
+void send(user_session& user, const send_line& line) {
     if (line.options.to.empty() && line.options.groups.empty())
         return ask_and_send(user, line.documents);
     send_to_receivers(user, desk_document(user, line.documents[0]), line.options);
@@ -126,7 +126,8 @@ void add_send_command(CLI::App& parent) {
     auto command = std::make_shared<CLI::App*>(nullptr);
     *command = add_user_command(
         parent, "send", "Send documents of the desk: to named receivers, or a dialog asks to whom",
-        [line](desk& user) { send(user, *line); }, [line, command] { check(**command, *line); });
+        [line](user_session& user) { send(user, *line); },
+        [line, command] { check(**command, *line); });
     add_documents(**command, line->documents);
     add_receiver_options(**command, line->options, "fax");
     add_settings_of_jobs(**command, {line->at, line->retries, line->priority, line->resolution});

@@ -5,10 +5,10 @@
 #include <zerdix/book_entry.h>
 #include <zerdix/values.h>
 
+#include "arguments/send_time.h"
+#include "output/progress.h"
+#include "output/value_text.h"
 #include "platform/encoding.h"
-#include "progress.h"
-#include "send_time.h"
-#include "shell/value_text.h"
 
 namespace zerdix::app {
 
@@ -22,7 +22,7 @@ void set_time(a_s_rec& record, const std::optional<send_time>& at) {
         record.sendtime = send_time_seconds(*at, std::time(nullptr));
 }
 
-a_s_rec send_record(desk& user, std::int32_t document, const print_options& options) {
+a_s_rec send_record(user_session& user, std::int32_t document, const print_options& options) {
     const a_p_rec& desk_record = user.fetch("reading document " + std::to_string(document),
                                             [&] { return user.journal().getPDoc(document); });
     a_s_rec record{};
@@ -38,7 +38,7 @@ a_s_rec send_record(desk& user, std::int32_t document, const print_options& opti
     return record;
 }
 
-void require_fax_entry(desk& user, const std::string& receiver) {
+void require_fax_entry(user_session& user, const std::string& receiver) {
     const auto named = parse_book_entry(receiver);
     if (!named)
         return;
@@ -52,7 +52,7 @@ void require_fax_entry(desk& user, const std::string& receiver) {
         throw failure(exit_no_receiver, shown_name + " has no fax: it is an entry for telex");
 }
 
-void add_group(desk& user, const std::string& typed, std::vector<std::string>& receivers) {
+void add_group(user_session& user, const std::string& typed, std::vector<std::string>& receivers) {
     const std::string group = field_text("--group", typed, 10);
     const std::size_t before = receivers.size();
     const PTRLIST& members = user.fetch("reading the group " + typed, [&] {
@@ -72,7 +72,7 @@ void add_group(desk& user, const std::string& typed, std::vector<std::string>& r
                       "the group " + typed + " doesn't exist or has no fax receiver");
 }
 
-std::vector<std::string> all_receivers(desk& user, const print_options& options) {
+std::vector<std::string> all_receivers(user_session& user, const print_options& options) {
     std::vector<std::string> receivers;
     for (const std::string& typed : options.to) {
         receivers.push_back(phone_value(typed));
@@ -93,7 +93,7 @@ std::string rest_command(std::int32_t document, const std::vector<std::string>& 
 
 // A reply that was lost leaves open whether the job at hand was made.
 failure stopped(std::int32_t document, const std::vector<std::string>& receivers, std::size_t made,
-                std::int32_t result, const trouble& why) {
+                std::int32_t result, const failure_cause& why) {
     const bool is_open = result == call_failed;
     std::string sentence = "sending to " + platform::cp1252_to_utf8(receivers[made]) +
                            " failed: " + why.cause + "; " + std::to_string(made) + " of " +
@@ -108,17 +108,18 @@ failure stopped(std::int32_t document, const std::vector<std::string>& receivers
 
 } // namespace
 
-void send_to_receivers(desk& user, std::int32_t document, const print_options& options) {
+void send_to_receivers(user_session& user, std::int32_t document, const print_options& options) {
     a_s_rec record = send_record(user, document, options);
     const std::vector<std::string> receivers = all_receivers(user, options);
     for (std::size_t made = 0; made < receivers.size(); ++made) {
-        const call_watch watch;
+        const call_probe watch;
         record.phone.assign(receivers[made]);
         const std::int32_t result = user.journal().sendDoc(document, &record);
         if (result != call_succeeded)
             throw stopped(document, receivers, made, result,
-                          result == call_refused ? trouble{exit_refused, "the server refused it"}
-                                                 : watch.explain(user.host()));
+                          result == call_refused
+                              ? failure_cause{exit_refused, "the server refused it"}
+                              : watch.explain(user.host()));
     }
     user.out().done(counted(static_cast<int>(receivers.size()), "send job") + " made",
                     {{"jobs", receivers.size()}});

@@ -5,13 +5,13 @@
 #include <cstdint>
 
 #include "print/merge_text.h"
-#include "shell/desk.h"
+#include "session/user_session.h"
 
 namespace zerdix::app {
 
 // In the order in which they are named, the members of groups last; it stops at the first failure,
 // which names the command that sends the rest. The document stays on the desk. Throws failure.
-void send_to_receivers(desk& user, std::int32_t document, const print_options& options);
+void send_to_receivers(user_session& user, std::int32_t document, const print_options& options);
 
 } // namespace zerdix::app
 

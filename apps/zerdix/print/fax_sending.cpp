@@ -6,11 +6,11 @@
 #include <zerdix/sendfax.h>
 #include <zerdix/zerdix.h>
 
+#include "output/progress.h"
+#include "output/value_text.h"
 #include "print/leftover.h"
 #include "print/outcome_words.h"
 #include "print/step_failure.h"
-#include "progress.h"
-#include "shell/value_text.h"
 
 namespace zerdix::app {
 
@@ -115,7 +115,7 @@ bool stopped_job::has_covers() const {
 }
 
 failure stopped_job::settle() {
-    const trouble why = cause_of(outcome_);
+    const failure_cause why = cause_of(outcome_);
     return failed_step(step(), {why.code, why.cause + "; " + count() + what_is_left()});
 }
 

@@ -7,7 +7,7 @@
 #include <zerdix/zerdix.h>
 
 #include "cover/kept_picture.h"
-#include "failure.h"
+#include "output/failure.h"
 
 namespace zerdix::app {
 

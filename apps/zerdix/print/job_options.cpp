@@ -6,8 +6,8 @@
 
 #include <zerdix/zerdix.h>
 
-#include "shell/one_of.h"
-#include "shell/value_text.h"
+#include "arguments/one_of.h"
+#include "output/value_text.h"
 
 namespace zerdix::app {
 
@@ -75,7 +75,7 @@ std::string given_title(const std::string& utf8) {
     const title_text title = title_of(utf8);
     if (title.cut)
         note("the title is cut to 30 characters");
-    if (title.has_strangers)
+    if (title.has_unknown_characters)
         note("characters of the title that aren't in Windows-1252 become \"?\"");
     return title.text;
 }

@@ -4,7 +4,7 @@
 #include <cctype>
 #include <string_view>
 
-#include "failure.h"
+#include "output/failure.h"
 #include "platform/encoding.h"
 
 namespace zerdix::app {
@@ -33,7 +33,7 @@ bool has_control_character(std::string_view text) {
 }
 
 // A "?" that wasn't typed stands for a character that Windows-1252 lacks.
-bool has_strangers(std::string_view utf8, std::string_view converted) {
+bool has_unknown_characters(std::string_view utf8, std::string_view converted) {
     return std::count(converted.begin(), converted.end(), '?') !=
            std::count(utf8.begin(), utf8.end(), '?');
 }
@@ -49,7 +49,7 @@ std::string receiver_value(const char* option, const std::string& typed, std::si
     if (has_control_character(utf8))
         throw failure(exit_usage, about + "a receiver can't hold a control character");
     const std::string value = platform::utf8_to_cp1252(utf8);
-    if (has_strangers(utf8, value))
+    if (has_unknown_characters(utf8, value))
         throw failure(exit_usage, about + "a character isn't in Windows-1252");
     if (value.size() > longest)
         throw failure(exit_usage, about + "longer than " + std::to_string(longest) + " characters");
@@ -77,7 +77,8 @@ title_text title_of(const std::string& utf8) {
     }
     clean = trimmed(clean);
     const std::string all = platform::utf8_to_cp1252(clean);
-    return {all.substr(0, longest_value), all.size() > longest_value, has_strangers(clean, all)};
+    return {all.substr(0, longest_value), all.size() > longest_value,
+            has_unknown_characters(clean, all)};
 }
 
 std::string merge_text(const print_options& options, const std::string& title) {

@@ -11,7 +11,7 @@
 
 #include <zerdix/book_entry.h>
 
-#include "send_time.h"
+#include "arguments/send_time.h"
 
 namespace zerdix::app {
 
@@ -31,9 +31,9 @@ struct print_options {
 
 // Cut to the 30 characters that a document's title may have.
 struct title_text {
-    std::string text;   // Windows-1252
-    bool cut;           // characters were dropped
-    bool has_strangers; // characters that don't exist in Windows-1252 became "?"
+    std::string text;            // Windows-1252
+    bool cut;                    // characters were dropped
+    bool has_unknown_characters; // characters that don't exist in Windows-1252 became "?"
 };
 title_text title_of(const std::string& utf8);
 

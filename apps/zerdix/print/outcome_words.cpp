@@ -9,7 +9,7 @@ namespace {
 // Numbers of the ONC RPC library.
 enum rpc_status : std::int32_t { cant_send = 3, cant_receive = 4, timed_out = 5 };
 
-trouble lost_call(std::int32_t status) {
+failure_cause lost_call(std::int32_t status) {
     switch (status) {
     case timed_out:
         return {exit_unavailable, "the server didn't answer within 25 seconds"};
@@ -38,7 +38,7 @@ const zx_receiver* stopped_at(const zx_outcome& outcome) {
     return nullptr;
 }
 
-trouble cause_of(const zx_outcome& outcome) {
+failure_cause cause_of(const zx_outcome& outcome) {
     switch (outcome.answer) {
     case 4:
         return {exit_refused, "the server refused it"};

@@ -8,7 +8,7 @@
 
 #include <zerdix/outcome.h>
 
-#include "link_probe.h"
+#include "session/connection_probe.h"
 
 namespace zerdix::app {
 
@@ -20,7 +20,7 @@ std::vector<const zx_receiver*> receivers_that_are(const zx_outcome& outcome, zx
 const zx_receiver* stopped_at(const zx_outcome& outcome);
 
 // Why the job stopped, with the exit code for it.
-trouble cause_of(const zx_outcome& outcome);
+failure_cause cause_of(const zx_outcome& outcome);
 
 // UTF-8.
 std::string shown_receiver(const zx_receiver& receiver);

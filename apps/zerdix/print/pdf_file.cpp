@@ -9,9 +9,9 @@
 #include <poppler-page-renderer.h>
 #include <poppler-page.h>
 
-#include "failure.h"
-#include "page_geometry.h"
-#include "print/page_block.h"
+#include "output/failure.h"
+#include "print/dithering.h"
+#include "print/page_placement.h"
 
 namespace zerdix::app {
 

@@ -10,17 +10,17 @@
 #include <zerdix/sendfax.h>
 #include <zerdix/zerdix.h>
 
-#include "commands.h"
-#include "failure.h"
-#include "interrupt.h"
+#include "output/failure.h"
+#include "output/interrupt.h"
+#include "output/progress.h"
+#include "output/value_text.h"
+#include "print/commands.h"
 #include "print/forms.h"
 #include "print/job_options.h"
 #include "print/merge_text.h"
 #include "print/pdf_file.h"
 #include "print/print_job.h"
-#include "progress.h"
-#include "settings_choice.h"
-#include "shell/value_text.h"
+#include "session/settings_choice.h"
 
 namespace zerdix::app {
 

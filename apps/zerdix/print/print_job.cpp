@@ -9,13 +9,13 @@
 #include <zerdix/telebook.h>
 #include <zerdix/zerdix.h>
 
+#include "output/value_text.h"
 #include "platform/dialog/presenter_plugin.h"
 #include "platform/encoding.h"
 #include "print/fax_sending.h"
 #include "print/leftover.h"
 #include "print/outcome_words.h"
 #include "print/step_failure.h"
-#include "shell/value_text.h"
 
 namespace zerdix::app {
 
@@ -45,7 +45,7 @@ std::string telex_step(const zx_outcome& outcome) {
 
 // A print document tells nobody what became of it, so that an unknown receiver stays unknown.
 failure telex_failure(const zx_outcome& outcome) {
-    const trouble why = cause_of(outcome);
+    const failure_cause why = cause_of(outcome);
     const std::size_t handed_over = receivers_that_are(outcome, ZX_HANDED_OVER).size();
     const bool is_open = !receivers_that_are(outcome, ZX_UNKNOWN).empty();
     return failed_step(telex_step(outcome),
@@ -65,7 +65,7 @@ print_job::print_job(const std::string& title, nettypetype net) : net_(net) {
         return;
     }
     DeleteFaxDoc();
-    trouble why = probe_server(host_);
+    failure_cause why = probe_server(host_);
     if (why.code == exit_refused)
         why = {exit_unavailable, "the server answers, but took no connection"};
     throw failed_step("opening the print job", why);
@@ -77,14 +77,14 @@ print_job::~print_job() {
 }
 
 void print_job::apply(const std::string& merge_text) {
-    const call_watch watch;
+    const call_probe watch;
     const auto length = static_cast<std::int32_t>(merge_text.size());
     if (SetFaxMergeData(merge_text.data(), length) != success)
         throw failed_step("reading the receivers", watch.explain(host_));
 }
 
 void print_job::require_entry(const book_entry& wanted) {
-    const call_watch watch;
+    const call_probe watch;
     TELEBOOK books;
     const o_tebul* entry = books.getTBookEntry(wanted.book.c_str(), wanted.entry.c_str(), 1);
     const std::string name = platform::cp1252_to_utf8(wanted.text());
@@ -108,10 +108,10 @@ void print_job::add_group(const std::string& group_utf8) {
 void print_job::store_page(const std::vector<unsigned char>& block) {
     if (pages_ == std::numeric_limits<std::int16_t>::max())
         throw failure(exit_bad_data, "a document has at most 32767 pages");
-    const call_watch watch;
+    const call_probe watch;
     const auto size = static_cast<std::int32_t>(block.size());
     if (StoreFaxPage(block.data(), size, pages_, 0) != success) {
-        trouble why = watch.explain(host_);
+        failure_cause why = watch.explain(host_);
         if (pa_s_rec->faxid != 0)
             throw failed_step("storing page " + std::to_string(pages_ + 1), why);
         if (why.code == exit_refused)

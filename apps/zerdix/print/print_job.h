@@ -14,8 +14,8 @@
 
 #include <zerdix/records.h>
 
-#include "link_probe.h"
 #include "print/merge_text.h"
+#include "session/connection_probe.h"
 
 namespace zerdix::app {
 

@@ -4,12 +4,12 @@
 
 #include <string>
 
-#include "error_log.h"
-#include "link_probe.h"
+#include "session/connection_probe.h"
+#include "session/error_log.h"
 
 namespace zerdix::app {
 
-inline failure failed_step(const std::string& step, const trouble& why) {
+inline failure failed_step(const std::string& step, const failure_cause& why) {
     return {why.code,
             step + " failed: " + why.cause + " (the error log is " + error_log_path() + ")"};
 }

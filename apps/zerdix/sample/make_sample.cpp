@@ -10,7 +10,7 @@
 #include <cairo-pdf.h>
 #include <cairo.h>
 
-#include "still_life.h"
+#include "drawn_photograph.h"
 
 namespace {
 
@@ -154,7 +154,7 @@ void draw_table(cairo_t* cr) {
 }
 
 void draw_picture(cairo_t* cr) {
-    const auto picture = zerdix::sample::render_still_life(620, 780);
+    const auto picture = zerdix::sample::draw_photograph(620, 780);
     std::vector<std::uint32_t> pixels;
     pixels.reserve(picture.pixels.size());
     for (const std::uint32_t grey : picture.pixels)

@@ -1,0 +1,50 @@
+#include "arguments/several_names.h"
+
+#include <cstdio>
+#include <optional>
+
+#include "output/failure.h"
+
+namespace zerdix::app {
+
+namespace {
+
+bool ends_the_walk(const failure& error) {
+    return error.code() == exit_unavailable || error.code() == exit_no_host;
+}
+
+std::string undone(std::size_t all, std::size_t done) {
+    return std::to_string(all - done) + " of " + std::to_string(all) +
+           (all - done == 1 ? " wasn't done" : " weren't done");
+}
+
+} // namespace
+
+void for_each_name(const report& out, const std::vector<std::string>& names,
+                   const std::function<named_act(const std::string&)>& work) {
+    json deeds = json::array();
+    std::optional<failure> first;
+    for (const std::string& name : names) {
+        try {
+            named_act done = work(name);
+            if (!out.is_json())
+                out.done(done.sentence);
+            deeds.push_back(std::move(done.object));
+        } catch (const failure& error) {
+            if (names.size() > 1)
+                std::fprintf(stderr, "zerdix: %s\n", error.what());
+            if (!first)
+                first = error;
+            if (ends_the_walk(error))
+                break;
+        }
+    }
+    if (out.is_json() && !deeds.empty())
+        out.rows(deeds, {}, "");
+    if (first && names.size() > 1)
+        throw failure(first->code(), undone(names.size(), deeds.size()));
+    if (first)
+        throw failure(*first);
+}
+
+} // namespace zerdix::app

@@ -1,0 +1,15 @@
+// The command that fetches a page as a picture.
+#ifndef ZERDIX_APP_PICTURES_COMMANDS_H
+#define ZERDIX_APP_PICTURES_COMMANDS_H
+
+namespace CLI {
+class App;
+}
+
+namespace zerdix::app {
+
+void add_page_command(CLI::App& app, char** arguments);
+
+} // namespace zerdix::app
+
+#endif

@@ -1,0 +1,17 @@
+// The commands that send something new. Each adds itself to the command line, with a callback that
+// does the work and throws failure when it can't.
+#ifndef ZERDIX_APP_PRINT_COMMANDS_H
+#define ZERDIX_APP_PRINT_COMMANDS_H
+
+namespace CLI {
+class App;
+}
+
+namespace zerdix::app {
+
+void add_print_command(CLI::App& app, char** arguments);
+void add_telex_command(CLI::App& app, char** arguments);
+
+} // namespace zerdix::app
+
+#endif

@@ -1,0 +1,101 @@
+// zerdix telex: a text goes out as a telex.
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+#include <CLI/CLI.hpp>
+
+#include "output/failure.h"
+#include "output/interrupt.h"
+#include "output/progress.h"
+#include "output/value_text.h"
+#include "print/commands.h"
+#include "print/job_options.h"
+#include "print/telex_text.h"
+#include "session/settings_choice.h"
+
+namespace zerdix::app {
+
+namespace {
+
+struct telex_line_options {
+    print_options options;
+    std::string title, at, settings;
+    int retries = 0;
+};
+
+telex_text read_telex(const std::string& path) {
+    const std::string name = path == "-" ? "standard input" : path;
+    const std::string utf8 = read_telex_file(path);
+    try {
+        telex_text telex = make_telex(utf8);
+        for (const std::string& remark : telex.remarks)
+            note(name + ": " + remark);
+        return telex;
+    } catch (const failure& error) {
+        throw failure(error.code(), name + ' ' + error.what());
+    }
+}
+
+std::string default_title(const std::string& path) {
+    return path == "-" ? "Telex" : std::filesystem::path(path).filename().string();
+}
+
+// What can be told wrong without the server is told before anything is asked of it.
+void send(const print_options& options) {
+    check_receivers(options);
+    const telex_text telex = read_telex(options.file);
+    const std::string title = job_title(options, default_title(options.file));
+    const std::string settings = merge_text(options, title);
+    watch_for_interrupts();
+    print_job job(title, NETTYPE_TELEX);
+    set_up(job, options, settings);
+    job.require_receivers_or_dialog();
+    stop_if_interrupted();
+    const std::int32_t sent = job.send_telex(telex.text);
+    if (!options.quiet)
+        std::printf("%s: %s, handed over to %s\n",
+                    options.file == "-" ? "telex" : options.file.c_str(),
+                    counted(telex.lines, "line").c_str(), counted(sent, "receiver").c_str());
+}
+
+// The telex printer is told a time and no tariff.
+send_time telex_time(const std::string& typed) {
+    const send_time time = required_send_time(typed);
+    if (time.when == send_time::kind::night)
+        throw failure(exit_usage, "--at night: a telex can't wait for the cheap tariff");
+    return time;
+}
+
+void run(const CLI::App& command, telex_line_options& line, char** arguments) {
+    use_settings(line.settings, arguments);
+    if (command.count("--title") > 0)
+        line.options.title = line.title;
+    if (command.count("--retries") > 0)
+        line.options.retries = line.retries;
+    if (command.count("--at") > 0)
+        line.options.at = telex_time(line.at);
+    send(line.options);
+}
+
+} // namespace
+
+void add_telex_command(CLI::App& app, char** arguments) {
+    auto line = std::make_shared<telex_line_options>();
+    CLI::App* command = app.add_subcommand("telex", "Send a text as a telex");
+    command->add_option("FILE", line->options.file, "The text to send, UTF-8; - for standard input")
+        ->required()
+        ->option_text(" ");
+    add_receiver_options(*command, line->options, "telex");
+    add_job_options(*command, {line->title, line->at, line->retries}, "the name of the file");
+    command->get_option("--at")->description(
+        "When to send, in the server's time: now, 20:15, or \"2026-12-31 20:15\"");
+    command->add_option("--settings", line->settings, "Settings file to use")->option_text("FILE");
+    command->add_flag("--quiet", line->options.quiet, "No last line");
+    command->footer("Example: zerdix telex order.txt --to 402195 --to common:hansen");
+    command->callback([command, line, arguments] { run(*command, *line, arguments); });
+}
+
+} // namespace zerdix::app
