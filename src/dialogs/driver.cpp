@@ -2,14 +2,14 @@
 
 namespace zerdix::dialogs {
 
-using platform::current_presenter;
+using forms::current_presenter;
 
 namespace {
 
 // A window of any program that takes no input for a while, unless it took none before.
 class disabled_window {
   public:
-    explicit disabled_window(platform::window_handle window)
+    explicit disabled_window(forms::window_handle window)
         : window_(window != nullptr && current_presenter().is_enabled(window) ? window : nullptr) {
         if (window_ != nullptr)
             current_presenter().enable(window_, false);
@@ -22,33 +22,33 @@ class disabled_window {
     disabled_window& operator=(const disabled_window&) = delete;
 
   private:
-    platform::window_handle window_;
+    forms::window_handle window_;
 };
 
 } // namespace
 
-CDialogDriver::CDialogDriver(std::int32_t template_id, platform::window_handle& parent)
+CDialogDriver::CDialogDriver(std::int32_t template_id, forms::window_handle& parent)
     : dialog(template_id, parent), pParentHandle(&parent), hParent(parent) {}
 
 std::int32_t CDialogDriver::DoModal() {
-    if (!platform::ensure_presenter() || !has_template())
+    if (!forms::ensure_presenter() || !has_template())
         return -1;
     bool was_active = false;
-    const platform::loop_end end = run_over_parent(was_active);
+    const forms::loop_end end = run_over_parent(was_active);
     if (was_active && hParent != nullptr)
         current_presenter().activate(hParent);
     DestroyWindow();
-    return end == platform::loop_end::dialog_ended ? result() : -1;
+    return end == forms::loop_end::dialog_ended ? result() : -1;
 }
 
 // The parent takes input again before the dialog's window goes, so that it can become the active
 // one in the dialog's place.
-platform::loop_end CDialogDriver::run_over_parent(bool& was_active) {
+forms::loop_end CDialogDriver::run_over_parent(bool& was_active) {
     const disabled_window parent(hParent);
     if (!make_window())
-        return platform::loop_end::program_quits;
-    const platform::loop_end end =
-        has_ended() ? platform::loop_end::dialog_ended : current_presenter().run_modal(*this);
+        return forms::loop_end::program_quits;
+    const forms::loop_end end =
+        has_ended() ? forms::loop_end::dialog_ended : current_presenter().run_modal(*this);
     was_active = current_presenter().is_active(window_);
     current_presenter().show(window_, false);
     return end;

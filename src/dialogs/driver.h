@@ -4,15 +4,15 @@
 
 #include <cstdint>
 
-#include "platform/dialog/dialog.h"
+#include "forms/dialog.h"
 
 namespace zerdix::dialogs {
 
-class CDialogDriver : public platform::dialog {
+class CDialogDriver : public forms::dialog {
   public:
     // `parent` names a window of any program, or none, and outlives the dialog. A dialog that opens
     // a further one hands on its own `window_`.
-    CDialogDriver(std::int32_t template_id, platform::window_handle& parent);
+    CDialogDriver(std::int32_t template_id, forms::window_handle& parent);
 
     // Keeps the parent disabled while the dialog runs. -1 when it can't run or the program ends.
     std::int32_t DoModal() override;
@@ -21,11 +21,11 @@ class CDialogDriver : public platform::dialog {
     // Centered on the screen and topmost. A derived dialog that opens elsewhere doesn't call it.
     bool OnInitDialog() override;
 
-    platform::window_handle* pParentHandle;
-    platform::window_handle hParent; // as it was when the dialog was built
+    forms::window_handle* pParentHandle;
+    forms::window_handle hParent; // as it was when the dialog was built
 
   private:
-    platform::loop_end run_over_parent(bool& was_active);
+    forms::loop_end run_over_parent(bool& was_active);
 };
 
 } // namespace zerdix::dialogs

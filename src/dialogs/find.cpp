@@ -8,8 +8,8 @@
 
 namespace zerdix::dialogs {
 
-using platform::control_event;
-using platform::current_presenter;
+using forms::control_event;
+using forms::current_presenter;
 
 namespace {
 
@@ -27,7 +27,7 @@ std::string& searchText() {
     return text;
 }
 
-CDialogFind::CDialogFind(platform::window_handle& parent, std::int32_t mode)
+CDialogFind::CDialogFind(forms::window_handle& parent, std::int32_t mode)
     : CDialogDriver(find_form, parent), lMode(mode) {
     set_search_syntax();
     on(find_button, control_event::clicked, [this] { OnFind(); });

@@ -21,7 +21,7 @@ std::string& searchText();
 // DoModal: 1402. It is disabled from the button until the search is done and calls ready().
 class CDialogFind final : public CDialogDriver {
   public:
-    CDialogFind(platform::window_handle& parent, std::int32_t mode);
+    CDialogFind(forms::window_handle& parent, std::int32_t mode);
 
     // Enables the dialog and gives it the focus, for the next search.
     void ready();

@@ -12,9 +12,9 @@ constexpr std::int32_t ok_button = 1;
 
 } // namespace
 
-CDialogNotify::CDialogNotify(platform::window_handle& parent, const std::string* text)
+CDialogNotify::CDialogNotify(forms::window_handle& parent, const std::string* text)
     : CDialogDriver(notify_form, parent), message(text != nullptr ? *text : std::string()) {
-    on(ok_button, platform::control_event::clicked, [this] { EndDialog(ok_button); });
+    on(ok_button, forms::control_event::clicked, [this] { EndDialog(ok_button); });
 }
 
 bool CDialogNotify::OnInitDialog() {
@@ -22,9 +22,9 @@ bool CDialogNotify::OnInitDialog() {
     return true;
 }
 
-CDialogNotifyId::CDialogNotifyId(platform::window_handle parent, std::int32_t stringId)
+CDialogNotifyId::CDialogNotifyId(forms::window_handle parent, std::int32_t stringId)
     : dialog(notify_form, parent), lStringId(stringId) {
-    on(ok_button, platform::control_event::clicked, [this] { EndDialog(ok_button); });
+    on(ok_button, forms::control_event::clicked, [this] { EndDialog(ok_button); });
 }
 
 bool CDialogNotifyId::OnInitDialog() {

@@ -12,7 +12,7 @@ namespace zerdix::dialogs {
 class CDialogNotify final : public CDialogDriver {
   public:
     // The text is copied; null counts as an empty one.
-    CDialogNotify(platform::window_handle& parent, const std::string* text);
+    CDialogNotify(forms::window_handle& parent, const std::string* text);
 
   private:
     bool OnInitDialog() override;
@@ -21,9 +21,9 @@ class CDialogNotify final : public CDialogDriver {
 };
 
 // The same with a text of the string table, looked up when the dialog opens.
-class CDialogNotifyId final : public platform::dialog {
+class CDialogNotifyId final : public forms::dialog {
   public:
-    CDialogNotifyId(platform::window_handle parent, std::int32_t stringId);
+    CDialogNotifyId(forms::window_handle parent, std::int32_t stringId);
 
   private:
     bool OnInitDialog() override;

@@ -10,7 +10,7 @@ namespace {
 
 class expansion {
   public:
-    expansion(TELEBOOK& telebook, bool telexOnly, platform::window_handle window)
+    expansion(TELEBOOK& telebook, bool telexOnly, forms::window_handle window)
         : telebook_(telebook), telexOnly_(telexOnly), window_(window) {}
 
     void add(const recipient_pick& pick) {
@@ -38,14 +38,14 @@ class expansion {
 
     TELEBOOK& telebook_;
     bool telexOnly_;
-    platform::window_handle window_;
+    forms::window_handle window_;
 };
 
 } // namespace
 
 std::vector<final_receiver> expand_picks(const std::vector<recipient_pick>& picks,
                                          TELEBOOK& telebook, bool telexOnly,
-                                         platform::window_handle window) {
+                                         forms::window_handle window) {
     expansion run(telebook, telexOnly, window);
     for (const recipient_pick& pick : picks)
         run.add(pick);

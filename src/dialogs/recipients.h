@@ -8,7 +8,7 @@
 
 #include <zerdix/telebook.h>
 
-#include "platform/dialog/presenter.h"
+#include "forms/presenter.h"
 
 namespace zerdix::dialogs {
 
@@ -29,7 +29,7 @@ struct final_receiver {
 // number. The user is told of a group that can't be read, and the others go on.
 std::vector<final_receiver> expand_picks(const std::vector<recipient_pick>& picks,
                                          TELEBOOK& telebook, bool telexOnly,
-                                         platform::window_handle window);
+                                         forms::window_handle window);
 
 } // namespace zerdix::dialogs
 

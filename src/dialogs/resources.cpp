@@ -2,15 +2,15 @@
 
 #include "common/string_table.h"
 #include "dialogs/templates.h"
-#include "platform/dialog/dialog.h"
+#include "forms/dialog.h"
 
 namespace zerdix::dialogs {
 
 namespace {
 
-class templates_and_words final : public platform::dialog_resources {
+class templates_and_words final : public forms::dialog_resources {
   public:
-    const platform::dialog_template* find(std::int32_t id) override { return find_template(id); }
+    const forms::dialog_template* find(std::int32_t id) override { return find_template(id); }
     std::string caption(std::int32_t dialog, std::int32_t control) override {
         return common::caption(dialog, control);
     }
@@ -22,7 +22,7 @@ constinit templates_and_words all;
 } // namespace
 
 void install_dialog_resources() {
-    platform::replace_dialog_resources(&all);
+    forms::replace_dialog_resources(&all);
 }
 
 } // namespace zerdix::dialogs

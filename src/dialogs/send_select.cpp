@@ -11,18 +11,18 @@
 namespace zerdix::dialogs {
 
 using enum send::send_control;
-using platform::control_event;
+using forms::control_event;
 
 // The number of the form is the one that the setting of its size has chosen.
-CDialogSendSelect::CDialogSendSelect(platform::window_handle& parent)
+CDialogSendSelect::CDialogSendSelect(forms::window_handle& parent)
     : CDialogDriver(chosen_templates.send, parent), lBlockSize(rpc::block_to_gather()),
       idNetType(fax) {
     mapMessages();
     mapListMessages();
 }
 
-CDialogSendSelect::CDialogSendSelect(platform::window_handle& parent, a_s_rec* sRec,
-                                     char** receivers, std::int32_t* coverFlag)
+CDialogSendSelect::CDialogSendSelect(forms::window_handle& parent, a_s_rec* sRec, char** receivers,
+                                     std::int32_t* coverFlag)
     : CDialogSendSelect(parent) {
     pSRec = sRec;
     ppJobReceiver = receivers;
@@ -32,7 +32,7 @@ CDialogSendSelect::CDialogSendSelect(platform::window_handle& parent, a_s_rec* s
         AfxMessageBox("Invalid Pointer");
 }
 
-CDialogSendSelect::CDialogSendSelect(platform::window_handle& parent, JOURNAL* journal,
+CDialogSendSelect::CDialogSendSelect(forms::window_handle& parent, JOURNAL* journal,
                                      std::int32_t* docIds, const char* comments)
     : CDialogSendSelect(parent) {
     pJournalForSend = journal;

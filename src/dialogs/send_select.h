@@ -28,13 +28,13 @@ class CDialogSendSelect final : public CDialogDriver {
   public:
     // For the print job: pa_s_rec, ppReceiver and the address of fCoverpage, which are written when
     // the user accepts. Without receivers the user is told so, and the dialog can't run.
-    CDialogSendSelect(platform::window_handle& parent, a_s_rec* sRec, char** receivers,
+    CDialogSendSelect(forms::window_handle& parent, a_s_rec* sRec, char** receivers,
                       std::int32_t* coverFlag);
 
     // For stored documents of the desk, by id, ended by 0: they are sent when the user accepts.
     // Elements are replaced as zerdix/dialogs.h tells. `comments` has 31 bytes for each document
     // and may be null.
-    CDialogSendSelect(platform::window_handle& parent, JOURNAL* journal, std::int32_t* docIds,
+    CDialogSendSelect(forms::window_handle& parent, JOURNAL* journal, std::int32_t* docIds,
                       const char* comments);
 
     // Keeps the chosen phone book in the settings, however the dialog ended.
@@ -44,7 +44,7 @@ class CDialogSendSelect final : public CDialogDriver {
     std::int32_t DoModal() override;
 
   private:
-    explicit CDialogSendSelect(platform::window_handle& parent);
+    explicit CDialogSendSelect(forms::window_handle& parent);
     void mapMessages();
     void mapListMessages();
     // Runs the handler unless another one is at work on the lists.

@@ -166,7 +166,7 @@ int CDialogSendSelect::tellNotFound(std::int32_t message) {
     const std::string told = string_text(message);
     CDialogNotify(window_, &told).DoModal();
     if (pFindDialog != nullptr) {
-        platform::current_presenter().enable(window_, false);
+        forms::current_presenter().enable(window_, false);
         pFindDialog->ready();
     }
     return 0;

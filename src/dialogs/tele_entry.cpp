@@ -7,7 +7,7 @@
 
 namespace zerdix::dialogs {
 
-using platform::control_event;
+using forms::control_event;
 
 namespace {
 
@@ -44,7 +44,7 @@ bool isTeleIdChar(unsigned char c) {
            others.find(static_cast<char>(c)) != std::string_view::npos;
 }
 
-CDialogTeleEntry::CDialogTeleEntry(platform::window_handle& parent, o_tebul* record,
+CDialogTeleEntry::CDialogTeleEntry(forms::window_handle& parent, o_tebul* record,
                                    const char* tbookid, TELEBOOK* telebook, int isNew)
     : CDialogDriver(entry_form, parent), pRecord(record), work{}, book(tbookid),
       pTelebook(telebook), fNew(isNew) {

@@ -27,7 +27,7 @@ class CDialogTeleEntry final : public CDialogDriver {
   public:
     // With `isNew` 1 the dialog starts empty, and `record` is only written when the entry is
     // stored; else it starts with the record. Record, id and phone book outlive the dialog.
-    CDialogTeleEntry(platform::window_handle& parent, o_tebul* record, const char* tbookid,
+    CDialogTeleEntry(forms::window_handle& parent, o_tebul* record, const char* tbookid,
                      TELEBOOK* telebook, int isNew);
 
   private:

@@ -10,9 +10,9 @@ constexpr std::int32_t cancel_button = 9607;
 
 } // namespace
 
-CDialogWait::CDialogWait(platform::window_handle parent, std::int32_t showCancel)
+CDialogWait::CDialogWait(forms::window_handle parent, std::int32_t showCancel)
     : dialog(wait_form, parent), fShowCancel(showCancel) {
-    on(cancel_button, platform::control_event::clicked, [this] { fCancelled = 1; });
+    on(cancel_button, forms::control_event::clicked, [this] { fCancelled = 1; });
 }
 
 bool CDialogWait::OnInitDialog() {

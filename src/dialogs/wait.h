@@ -4,15 +4,15 @@
 
 #include <cstdint>
 
-#include "platform/dialog/dialog.h"
+#include "forms/dialog.h"
 
 namespace zerdix::dialogs {
 
 // Lives from create() until its owner destroys the window (DestroyWindow) or the object.
-class CDialogWait final : public platform::dialog {
+class CDialogWait final : public forms::dialog {
   public:
     // With `showCancel` 0 it has no button.
-    CDialogWait(platform::window_handle parent, std::int32_t showCancel);
+    CDialogWait(forms::window_handle parent, std::int32_t showCancel);
 
     bool create() { return Create(); }
 

@@ -12,7 +12,7 @@
 
 namespace zerdix::testing {
 
-using platform::dialog_view;
+using forms::dialog_view;
 using step = test::scripted_presenter::step;
 using steps = std::vector<step>;
 
@@ -64,7 +64,7 @@ class SendDialog : public PrintJob {
     static constexpr std::int32_t form = 2300;
 
     SendDialog() {
-        platform::SftTree_RegisterApp2(this);
+        forms::SftTree_RegisterApp2(this);
         dialogs::install_dialog_resources();
         dialogs::install_send_select();
     }

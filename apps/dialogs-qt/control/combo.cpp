@@ -12,7 +12,7 @@ constexpr int least_characters = 14;
 
 } // namespace
 
-combo_control::combo_control(window_port& window, platform::control& control, QWidget* parent)
+combo_control::combo_control(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control, new QComboBox(parent)) {
     auto* box = static_cast<QComboBox*>(widget());
     box->setMinimumContentsLength(least_characters);

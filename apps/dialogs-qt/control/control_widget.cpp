@@ -12,7 +12,7 @@
 
 namespace zerdix::dialogs_qt {
 
-control_widget::control_widget(window_port& window, platform::control& control, QWidget* widget)
+control_widget::control_widget(window_port& window, forms::control& control, QWidget* widget)
     : window_(window), control_(control), widget_(widget) {
     widget_->setObjectName(QString::number(control.id()));
 }
@@ -41,9 +41,9 @@ void control_widget::refresh() {
     label_->setVisible(control_.visible);
 }
 
-std::unique_ptr<control_widget> make_control_widget(window_port& window, platform::control& control,
+std::unique_ptr<control_widget> make_control_widget(window_port& window, forms::control& control,
                                                     QWidget* parent) {
-    using platform::control_kind;
+    using forms::control_kind;
     switch (control.kind()) {
     case control_kind::label:
         return std::make_unique<label_control>(window, control, parent);

@@ -24,7 +24,7 @@ int width_for(const QLineEdit& edit, std::size_t characters) {
 
 } // namespace
 
-edit_control::edit_control(window_port& window, platform::control& control, QWidget* parent)
+edit_control::edit_control(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control, new typed_edit(window, control.id(), parent)) {
     if (control.form->style.captioned)
         make_label(parent);
@@ -57,7 +57,7 @@ void edit_control::refresh_content() {
         edit->setFixedWidth(width_for(*edit, control_.limit));
 }
 
-text_control::text_control(window_port& window, platform::control& control, QWidget* parent)
+text_control::text_control(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control, new QPlainTextEdit(parent)) {
     if (control.form->style.captioned)
         make_label(parent);

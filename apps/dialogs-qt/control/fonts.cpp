@@ -40,7 +40,7 @@ int characters_of_cell(QFont font, int cell) {
 
 } // namespace
 
-QFont font_of(const platform::font_description& description) {
+QFont font_of(const forms::font_description& description) {
     constexpr int tallest = 200;
     const int height = static_cast<int>(
         std::clamp<std::int64_t>(std::abs(std::int64_t{description.height}), 1, tallest));
@@ -51,7 +51,7 @@ QFont font_of(const platform::font_description& description) {
     return font;
 }
 
-platform::font_description describe(const QFont& font) {
+forms::font_description describe(const QFont& font) {
     return {-QFontInfo(font).pixelSize(), font.weight(), taken(font.family())};
 }
 

@@ -12,7 +12,7 @@ constexpr int widest_characters = 64;
 
 } // namespace
 
-label_control::label_control(window_port& window, platform::control& control, QWidget* parent)
+label_control::label_control(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control, new QLabel(parent)) {
     static_cast<QLabel*>(widget())->setTextFormat(Qt::PlainText);
 }

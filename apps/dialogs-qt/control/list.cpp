@@ -9,7 +9,7 @@
 
 namespace zerdix::dialogs_qt {
 
-list_control::list_control(window_port& window, platform::control& control, QWidget* parent)
+list_control::list_control(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control,
                      new list_table(new list_model(control.list.get(), parent), parent)),
       model_(static_cast<list_model*>(table().model())) {
@@ -115,7 +115,7 @@ void list_control::bring_into_view(std::int32_t row) {
     table().scrollTo(model_->index(row, 0));
 }
 
-bool list_control::in_view(std::int32_t row, platform::row_rectangle& place) {
+bool list_control::in_view(std::int32_t row, forms::row_rectangle& place) {
     const QScopedValueRollback quiet(quiet_, true);
     model_->flush();
     const QRect room = table().viewport()->rect();

@@ -6,7 +6,7 @@
 
 namespace zerdix::dialogs_qt {
 
-list_model::list_model(const platform::tree_list* list, QObject* parent)
+list_model::list_model(const forms::tree_list* list, QObject* parent)
     : QAbstractTableModel(parent), list_(list) {}
 
 int list_model::rowCount(const QModelIndex& parent) const {

@@ -30,7 +30,7 @@ bool is_on_screen(WId id) {
 
 } // namespace
 
-QWindow* foreign_windows::find(platform::window_handle window) {
+QWindow* foreign_windows::find(forms::window_handle window) {
     const auto id = reinterpret_cast<WId>(window);
     if (id == 0)
         return nullptr;

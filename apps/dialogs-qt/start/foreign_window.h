@@ -8,7 +8,7 @@
 
 #include <QWindow>
 
-#include "platform/dialog/presenter.h"
+#include "forms/presenter.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -16,7 +16,7 @@ class foreign_windows {
   public:
     // A window of the host's by this toolkit, or a stand-in for a window of X; null where there is
     // no such window, or the screen tells nothing about windows of others.
-    QWindow* find(platform::window_handle window);
+    QWindow* find(forms::window_handle window);
     bool is_stand_in(const QWindow* window) const;
 
   private:

@@ -50,7 +50,7 @@ QString text_of(dialog_window* window, std::int32_t number) {
 
 } // namespace
 
-void qt_presenter::show_message(platform::window_handle owner, std::string_view text,
+void qt_presenter::show_message(forms::window_handle owner, std::string_view text,
                                 std::string_view caption) {
     if (!on_own_thread())
         return;
@@ -70,7 +70,7 @@ void qt_presenter::show_message(platform::window_handle owner, std::string_view 
     give_back_focus(front);
 }
 
-bool qt_presenter::choose_font(platform::window_handle owner, platform::font_description& font,
+bool qt_presenter::choose_font(forms::window_handle owner, forms::font_description& font,
                                bool scalable_only) {
     if (!on_own_thread())
         return false;

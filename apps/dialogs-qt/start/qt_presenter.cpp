@@ -21,12 +21,12 @@ bool qt_presenter::on_own_thread() const {
            QCoreApplication::instance()->thread() == QThread::currentThread();
 }
 
-dialog_window* qt_presenter::own(platform::window_handle window) {
+dialog_window* qt_presenter::own(forms::window_handle window) {
     const auto found = std::find(windows_.begin(), windows_.end(), window);
     return found != windows_.end() ? *found : nullptr;
 }
 
-QWindow* qt_presenter::any(platform::window_handle window) {
+QWindow* qt_presenter::any(forms::window_handle window) {
     dialog_window* ours = own(window);
     return ours != nullptr ? ours->handle() : foreign_.find(window);
 }
@@ -39,8 +39,7 @@ dialog_window* qt_presenter::in_front() {
     return found != windows_.rend() ? *found : nullptr;
 }
 
-platform::window_handle qt_presenter::create(platform::dialog_view& dialog,
-                                             platform::window_handle owner) {
+forms::window_handle qt_presenter::create(forms::dialog_view& dialog, forms::window_handle owner) {
     if (!on_own_thread())
         return nullptr;
     auto* window = new dialog_window(dialog, gate_);
@@ -52,7 +51,7 @@ platform::window_handle qt_presenter::create(platform::dialog_view& dialog,
     return window;
 }
 
-void qt_presenter::destroy(platform::window_handle window) {
+void qt_presenter::destroy(forms::window_handle window) {
     dialog_window* gone = own(window);
     if (gone == nullptr)
         return;
@@ -64,16 +63,15 @@ void qt_presenter::destroy(platform::window_handle window) {
         behind->requestActivate();
 }
 
-platform::loop_end qt_presenter::run_modal(platform::dialog_view& dialog) {
+forms::loop_end qt_presenter::run_modal(forms::dialog_view& dialog) {
     dialog_window* window = own(dialog.window());
     if (window == nullptr || quitting_)
-        return platform::loop_end::program_quits;
+        return forms::loop_end::program_quits;
     window->run();
-    return dialog.has_ended() ? platform::loop_end::dialog_ended
-                              : platform::loop_end::program_quits;
+    return dialog.has_ended() ? forms::loop_end::dialog_ended : forms::loop_end::program_quits;
 }
 
-void qt_presenter::show(platform::window_handle window, bool visible) {
+void qt_presenter::show(forms::window_handle window, bool visible) {
     dialog_window* shown = own(window);
     if (shown == nullptr)
         return;
@@ -83,51 +81,51 @@ void qt_presenter::show(platform::window_handle window, bool visible) {
     notice_.paint(*shown);
 }
 
-void qt_presenter::center(platform::window_handle window) {
+void qt_presenter::center(forms::window_handle window) {
     if (dialog_window* shown = own(window))
         shown->set_centered();
 }
 
-void qt_presenter::make_topmost(platform::window_handle window) {
+void qt_presenter::make_topmost(forms::window_handle window) {
     if (dialog_window* shown = own(window))
         shown->setWindowFlag(Qt::WindowStaysOnTopHint);
 }
 
-bool qt_presenter::is_enabled(platform::window_handle window) {
+bool qt_presenter::is_enabled(forms::window_handle window) {
     const QWindow* known = any(window);
     return known != nullptr && !gate_.is_disabled(known);
 }
 
-void qt_presenter::enable(platform::window_handle window, bool enabled) {
+void qt_presenter::enable(forms::window_handle window, bool enabled) {
     if (enabled)
         gate_.enable(any(window));
     else
         gate_.disable(any(window));
 }
 
-bool qt_presenter::is_active(platform::window_handle window) {
+bool qt_presenter::is_active(forms::window_handle window) {
     const QWindow* known = any(window);
     return known != nullptr && known == QGuiApplication::focusWindow();
 }
 
-void qt_presenter::activate(platform::window_handle window) {
+void qt_presenter::activate(forms::window_handle window) {
     if (dialog_window* ours = own(window))
         return ours->present();
     if (QWindow* known = any(window))
         known->requestActivate();
 }
 
-void qt_presenter::control_changed(platform::dialog_view& dialog, std::int32_t id) {
+void qt_presenter::control_changed(forms::dialog_view& dialog, std::int32_t id) {
     if (dialog_window* window = own(dialog.window()))
         window->refresh_control(id);
 }
 
-void qt_presenter::set_focus(platform::dialog_view& dialog, std::int32_t id) {
+void qt_presenter::set_focus(forms::dialog_view& dialog, std::int32_t id) {
     if (dialog_window* window = own(dialog.window()))
         window->focus_control(id);
 }
 
-void qt_presenter::post_command(platform::window_handle window, std::int32_t command) {
+void qt_presenter::post_command(forms::window_handle window, std::int32_t command) {
     if (dialog_window* target = own(window))
         target->post_command(command);
 }

@@ -5,7 +5,7 @@
 #include <set>
 #include <vector>
 
-#include "platform/dialog/presenter.h"
+#include "forms/presenter.h"
 #include "start/application.h"
 #include "start/foreign_window.h"
 #include "window/call_notice.h"
@@ -14,38 +14,37 @@
 
 namespace zerdix::dialogs_qt {
 
-class qt_presenter final : public platform::presenter {
+class qt_presenter final : public forms::presenter {
   public:
     // With the toolkit's application there.
     explicit qt_presenter(application whose);
     ~qt_presenter() = default;
 
-    platform::window_handle create(platform::dialog_view& dialog,
-                                   platform::window_handle owner) override;
-    void destroy(platform::window_handle window) override;
-    platform::loop_end run_modal(platform::dialog_view& dialog) override;
+    forms::window_handle create(forms::dialog_view& dialog, forms::window_handle owner) override;
+    void destroy(forms::window_handle window) override;
+    forms::loop_end run_modal(forms::dialog_view& dialog) override;
 
-    void show(platform::window_handle window, bool visible) override;
-    void center(platform::window_handle window) override;
-    void make_topmost(platform::window_handle window) override;
+    void show(forms::window_handle window, bool visible) override;
+    void center(forms::window_handle window) override;
+    void make_topmost(forms::window_handle window) override;
 
-    bool is_enabled(platform::window_handle window) override;
-    void enable(platform::window_handle window, bool enabled) override;
-    bool is_active(platform::window_handle window) override;
-    void activate(platform::window_handle window) override;
+    bool is_enabled(forms::window_handle window) override;
+    void enable(forms::window_handle window, bool enabled) override;
+    bool is_active(forms::window_handle window) override;
+    void activate(forms::window_handle window) override;
 
-    void control_changed(platform::dialog_view& dialog, std::int32_t id) override;
-    void set_focus(platform::dialog_view& dialog, std::int32_t id) override;
-    void post_command(platform::window_handle window, std::int32_t command) override;
+    void control_changed(forms::dialog_view& dialog, std::int32_t id) override;
+    void set_focus(forms::dialog_view& dialog, std::int32_t id) override;
+    void post_command(forms::window_handle window, std::int32_t command) override;
 
     void wait_cursor(bool on) override;
     void remote_call_begins() override { notice_.call_begins(); }
     void remote_call_goes_on() override { notice_.call_goes_on(); }
     void remote_call_ended() override { notice_.call_ended(); }
 
-    void show_message(platform::window_handle owner, std::string_view text,
+    void show_message(forms::window_handle owner, std::string_view text,
                       std::string_view caption) override;
-    bool choose_font(platform::window_handle owner, platform::font_description& font,
+    bool choose_font(forms::window_handle owner, forms::font_description& font,
                      bool scalable_only) override;
 
     bool input_waits() override;
@@ -55,9 +54,9 @@ class qt_presenter final : public platform::presenter {
   private:
     bool on_own_thread() const;
     // Null for a window that isn't ours.
-    dialog_window* own(platform::window_handle window);
+    dialog_window* own(forms::window_handle window);
     // Of any window; null for one that isn't known.
-    QWindow* any(platform::window_handle window);
+    QWindow* any(forms::window_handle window);
     dialog_window* in_front();
 
     application whose_;

@@ -12,7 +12,7 @@
 
 namespace zerdix::dialogs_qt {
 
-dialog_window::dialog_window(platform::dialog_view& dialog, input_gate& gate)
+dialog_window::dialog_window(forms::dialog_view& dialog, input_gate& gate)
     : dialog_(&dialog), gate_(gate) {
     const QScopedValueRollback updating(updating_, updating_ + 1);
     const auto& form = *dialog.form();

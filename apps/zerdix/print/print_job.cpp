@@ -9,8 +9,8 @@
 #include <zerdix/telebook.h>
 #include <zerdix/zerdix.h>
 
-#include "platform/dialog/presenter_plugin.h"
 #include "platform/encoding.h"
+#include "platform/windows_plugin.h"
 #include "print/fax_sending.h"
 #include "print/leftover.h"
 #include "print/step_failure.h"

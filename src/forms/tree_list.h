@@ -1,15 +1,15 @@
 // The list control with columns: its rows, and the messages by which a program talks to it.
 //
 // Texts are Windows-1252. A row has one cell a column; a cell that was never written is empty.
-#ifndef ZERDIX_PLATFORM_DIALOG_TREE_LIST_H
-#define ZERDIX_PLATFORM_DIALOG_TREE_LIST_H
+#ifndef ZERDIX_FORMS_TREE_LIST_H
+#define ZERDIX_FORMS_TREE_LIST_H
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
 
-namespace zerdix::platform {
+namespace zerdix::forms {
 
 // 16 bytes, as the control's messages hand them over.
 struct column_record {
@@ -109,6 +109,6 @@ bool tree_lists_registered();
 std::intptr_t SftTree_WndProc(void* window, std::uint32_t message, std::uintptr_t wParam,
                               std::intptr_t lParam);
 
-} // namespace zerdix::platform
+} // namespace zerdix::forms
 
 #endif

@@ -1,11 +1,11 @@
 // What a dialog is made of: its controls and their places, without a word in any language.
-#ifndef ZERDIX_PLATFORM_DIALOG_DIALOG_TEMPLATE_H
-#define ZERDIX_PLATFORM_DIALOG_DIALOG_TEMPLATE_H
+#ifndef ZERDIX_FORMS_DIALOG_TEMPLATE_H
+#define ZERDIX_FORMS_DIALOG_TEMPLATE_H
 
 #include <cstdint>
 #include <span>
 
-namespace zerdix::platform {
+namespace zerdix::forms {
 
 enum class control_kind {
     label,
@@ -75,6 +75,6 @@ struct dialog_template {
     std::span<const menu_command> list_menu = {};
 };
 
-} // namespace zerdix::platform
+} // namespace zerdix::forms
 
 #endif

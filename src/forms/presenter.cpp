@@ -1,12 +1,12 @@
-#include "platform/dialog/presenter.h"
+#include "forms/presenter.h"
 
 #include <utility>
 
-#include "platform/dialog/presenter_plugin.h"
+#include "forms/presenter_plugin.h"
 #include "platform/message_box.h"
 #include "platform/quit.h"
 
-namespace zerdix::platform {
+namespace zerdix::forms {
 
 namespace {
 
@@ -30,7 +30,7 @@ class no_windows final : public presenter {
     void remote_call_goes_on() override {}
     void remote_call_ended() override {}
     void show_message(window_handle, std::string_view text, std::string_view caption) override {
-        message_box().show(text, caption);
+        platform::message_box().show(text, caption);
     }
     bool choose_font(window_handle, font_description&, bool) override { return false; }
     bool input_waits() override { return false; }
@@ -41,14 +41,14 @@ class no_windows final : public presenter {
 no_windows none;
 presenter* current = &none;
 
-class box_in_window final : public message_box_port {
+class box_in_window final : public platform::message_box_port {
   public:
     void show(std::string_view text, std::string_view caption) override {
         current->show_message(nullptr, text, caption);
     }
 };
 
-class quit_of_windows final : public quit_port {
+class quit_of_windows final : public platform::quit_port {
   public:
     void post(int code) override { current->quit(code); }
 };
@@ -68,8 +68,8 @@ bool has_presenter() {
 
 presenter* replace_presenter(presenter* one) {
     presenter* before = std::exchange(current, one != nullptr ? one : &none);
-    replace_message_box(one != nullptr ? &box : nullptr);
-    replace_quit_request(one != nullptr ? &quit_loop : nullptr);
+    platform::replace_message_box(one != nullptr ? &box : nullptr);
+    platform::replace_quit_request(one != nullptr ? &quit_loop : nullptr);
     return before != &none ? before : nullptr;
 }
 
@@ -83,4 +83,4 @@ bool ensure_presenter() {
     return true;
 }
 
-} // namespace zerdix::platform
+} // namespace zerdix::forms

@@ -1,8 +1,8 @@
-#include "platform/dialog/dialog.h"
+#include "forms/dialog.h"
 
 #include <algorithm>
 
-namespace zerdix::platform {
+namespace zerdix::forms {
 
 namespace {
 
@@ -300,4 +300,4 @@ tree_list* dialog::list(std::int32_t id) {
     return one != nullptr ? one->list.get() : nullptr;
 }
 
-} // namespace zerdix::platform
+} // namespace zerdix::forms

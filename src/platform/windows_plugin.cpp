@@ -1,4 +1,4 @@
-#include "platform/dialog/presenter_plugin.h"
+#include "platform/windows_plugin.h"
 
 #include <dlfcn.h>
 
@@ -28,19 +28,6 @@ std::vector<std::string> candidates() {
     return {beside / "zerdix" / file_name, beside / file_name};
 }
 
-// Never unloaded: the toolkit keeps state until the process ends.
-presenter_entry find_entry() {
-    for (const auto& path : candidates()) {
-        if (path.front() != '/')
-            continue;
-        void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-        void* entry = library != nullptr ? dlsym(library, "zerdix_presenter") : nullptr;
-        if (entry != nullptr)
-            return reinterpret_cast<presenter_entry>(entry);
-    }
-    return nullptr;
-}
-
 } // namespace
 
 // Spares a program without a screen the toolkit.
@@ -51,11 +38,17 @@ bool windows_are_wanted() {
     return is_set("DISPLAY") || is_set("WAYLAND_DISPLAY") || is_set("QT_QPA_PLATFORM");
 }
 
-presenter* load_presenter() {
-    if (!windows_are_wanted())
-        return nullptr;
-    const presenter_entry entry = find_entry();
-    return entry != nullptr ? entry(presenter_interface) : nullptr;
+// Never unloaded: the toolkit keeps state until the process ends.
+void* find_in_windows_plugin(const char* symbol) {
+    for (const auto& path : candidates()) {
+        if (path.front() != '/')
+            continue;
+        void* library = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+        void* found = library != nullptr ? dlsym(library, symbol) : nullptr;
+        if (found != nullptr)
+            return found;
+    }
+    return nullptr;
 }
 
 } // namespace zerdix::platform

@@ -2,8 +2,8 @@
 //
 // A dialog that isn't on a window has no controls; getters then give empty values and setters do
 // nothing. Texts are Windows-1252.
-#ifndef ZERDIX_PLATFORM_DIALOG_DIALOG_H
-#define ZERDIX_PLATFORM_DIALOG_DIALOG_H
+#ifndef ZERDIX_FORMS_DIALOG_H
+#define ZERDIX_FORMS_DIALOG_H
 
 #include <functional>
 #include <map>
@@ -11,9 +11,9 @@
 #include <string>
 #include <utility>
 
-#include "platform/dialog/dialog_view.h"
+#include "forms/dialog_view.h"
 
-namespace zerdix::platform {
+namespace zerdix::forms {
 
 // Where templates and words come from.
 class dialog_resources {
@@ -114,6 +114,6 @@ class dialog : public dialog_view {
     std::map<std::int32_t, std::function<void()>> commands_;
 };
 
-} // namespace zerdix::platform
+} // namespace zerdix::forms
 
 #endif

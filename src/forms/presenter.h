@@ -1,14 +1,14 @@
 // Who shows dialogs: a port. A porter derives from `presenter` and draws `dialog_view`s.
 //
 // Everything happens on the one thread that called the library. Texts are Windows-1252.
-#ifndef ZERDIX_PLATFORM_DIALOG_PRESENTER_H
-#define ZERDIX_PLATFORM_DIALOG_PRESENTER_H
+#ifndef ZERDIX_FORMS_PRESENTER_H
+#define ZERDIX_FORMS_PRESENTER_H
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-namespace zerdix::platform {
+namespace zerdix::forms {
 
 class dialog_view;
 
@@ -91,6 +91,6 @@ presenter* replace_presenter(presenter* one);
 // already. False when no dialog can be shown.
 bool ensure_presenter();
 
-} // namespace zerdix::platform
+} // namespace zerdix::forms
 
 #endif

@@ -1,9 +1,9 @@
-#include "platform/dialog/tree_list.h"
+#include "forms/tree_list.h"
 
 #include <algorithm>
 #include <cstring>
 
-namespace zerdix::platform {
+namespace zerdix::forms {
 
 namespace {
 
@@ -236,4 +236,4 @@ std::intptr_t SftTree_WndProc(void* window, std::uint32_t message, std::uintptr_
     return change(list, message, wParam, lParam) ? 0 : ask(list, message, wParam, lParam);
 }
 
-} // namespace zerdix::platform
+} // namespace zerdix::forms

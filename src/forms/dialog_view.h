@@ -1,8 +1,8 @@
 // A dialog as its presenter sees it: the state of its controls, and what the user may do to them.
 //
 // Everything a presenter in a library of its own needs is inline or virtual here.
-#ifndef ZERDIX_PLATFORM_DIALOG_DIALOG_VIEW_H
-#define ZERDIX_PLATFORM_DIALOG_DIALOG_VIEW_H
+#ifndef ZERDIX_FORMS_DIALOG_VIEW_H
+#define ZERDIX_FORMS_DIALOG_VIEW_H
 
 #include <cstdint>
 #include <deque>
@@ -11,11 +11,11 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/dialog/dialog_template.h"
-#include "platform/dialog/presenter.h"
-#include "platform/dialog/tree_list.h"
+#include "forms/dialog_template.h"
+#include "forms/presenter.h"
+#include "forms/tree_list.h"
 
-namespace zerdix::platform {
+namespace zerdix::forms {
 
 enum class control_event {
     clicked,           // buttons, radio buttons, check boxes
@@ -90,6 +90,6 @@ class dialog_view {
     window_handle window_ = nullptr;
 };
 
-} // namespace zerdix::platform
+} // namespace zerdix::forms
 
 #endif
