@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include "platform/port_slot.h"
+
 namespace zerdix::forms {
 
 namespace {
 
-dialog_resources* resources = nullptr;
+constinit platform::port_slot<dialog_resources> resources;
 
 bool needs_registration(const dialog_template& form) {
     return std::any_of(form.controls.begin(), form.controls.end(),
@@ -14,14 +16,14 @@ bool needs_registration(const dialog_template& form) {
 }
 
 std::string caption_in(const dialog_template& form, std::int32_t control) {
-    std::string own = resources->caption(form.id, control);
-    return own.empty() ? resources->caption(form.captions_of, control) : own;
+    std::string own = resources.current()->caption(form.id, control);
+    return own.empty() ? resources.current()->caption(form.captions_of, control) : own;
 }
 
 } // namespace
 
 dialog_resources* replace_dialog_resources(dialog_resources* given) {
-    return std::exchange(resources, given);
+    return resources.replace(given);
 }
 
 dialog::dialog(std::int32_t template_id, window_handle owner)
@@ -48,13 +50,13 @@ void dialog::make_controls() {
 }
 
 bool dialog::has_template() const {
-    return resources != nullptr && resources->find(template_id_) != nullptr;
+    return resources.is_replaced() && resources.current()->find(template_id_) != nullptr;
 }
 
 bool dialog::make_window() {
-    if (window_ != nullptr || resources == nullptr)
+    if (window_ != nullptr || !resources.is_replaced())
         return false;
-    form_ = resources->find(template_id_);
+    form_ = resources.current()->find(template_id_);
     if (form_ == nullptr || (needs_registration(*form_) && !tree_lists_registered()))
         return false;
     result_.reset();
@@ -196,7 +198,7 @@ void dialog::on_command(std::int32_t command) {
 }
 
 std::string dialog::string_text(std::int32_t number) const {
-    return resources != nullptr ? resources->text(number) : std::string();
+    return resources.is_replaced() ? resources.current()->text(number) : std::string();
 }
 
 template <typename Change>

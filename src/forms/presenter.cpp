@@ -1,9 +1,8 @@
 #include "forms/presenter.h"
 
-#include <utility>
-
 #include "forms/presenter_plugin.h"
 #include "platform/message_box.h"
+#include "platform/port_slot.h"
 #include "platform/quit.h"
 
 namespace zerdix::forms {
@@ -38,39 +37,38 @@ class no_windows final : public presenter {
     void quit(int) override {}
 };
 
-no_windows none;
-presenter* current = &none;
+constinit no_windows none;
+constinit platform::port_slot<presenter> slot{&none};
 
 class box_in_window final : public platform::message_box_port {
   public:
     void show(std::string_view text, std::string_view caption) override {
-        current->show_message(nullptr, text, caption);
+        slot.current()->show_message(nullptr, text, caption);
     }
 };
 
 class quit_of_windows final : public platform::quit_port {
   public:
-    void post(int code) override { current->quit(code); }
+    void post(int code) override { slot.current()->quit(code); }
 };
 
-box_in_window box;
-quit_of_windows quit_loop;
+constinit box_in_window box;
+constinit quit_of_windows quit_loop;
 
 } // namespace
 
 presenter& current_presenter() {
-    return *current;
+    return *slot.current();
 }
 
 bool has_presenter() {
-    return current != &none;
+    return slot.is_replaced();
 }
 
 presenter* replace_presenter(presenter* one) {
-    presenter* before = std::exchange(current, one != nullptr ? one : &none);
     platform::replace_message_box(one != nullptr ? &box : nullptr);
     platform::replace_quit_request(one != nullptr ? &quit_loop : nullptr);
-    return before != &none ? before : nullptr;
+    return slot.replace(one);
 }
 
 bool ensure_presenter() {

@@ -83,8 +83,8 @@ presenter& current_presenter();
 // Whether it is a real one.
 bool has_presenter();
 
-// Puts `one` into its place, null for the one that shows nothing, and returns the one before, null
-// likewise. The caller keeps `one` and must take it out again before it goes.
+// As platform/port_slot.h says. Messages and the request to quit go the presenter's way from then
+// on, or no longer.
 presenter* replace_presenter(presenter* one);
 
 // Before the first dialog: loads the windows (presenter_plugin.h) unless a presenter is set

@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/port_slot.h"
+
 namespace zerdix::platform {
 namespace {
 
@@ -54,18 +56,16 @@ class system_files final : public trace_file_port {
 
 // Trivially destroyed, so that it serves the tracer to its very end.
 constinit system_files default_port;
-constinit trace_file_port* current = &default_port;
+constinit port_slot<trace_file_port> slot{&default_port};
 
 } // namespace
 
 trace_file_port& trace_file() {
-    return *current;
+    return *slot.current();
 }
 
 trace_file_port* replace_trace_file(trace_file_port* port) {
-    trace_file_port* before = current;
-    current = port == nullptr ? &default_port : port;
-    return before;
+    return slot.replace(port);
 }
 
 } // namespace zerdix::platform

@@ -35,8 +35,7 @@ class trace_file_port {
 
 trace_file_port& trace_file();
 
-// Puts `port` into its place, null for the default, and returns the one that was there before. The
-// caller keeps `port` and must take it out again before it goes.
+// As port_slot.h says.
 trace_file_port* replace_trace_file(trace_file_port* port);
 
 } // namespace zerdix::platform
