@@ -18,7 +18,6 @@ class CDialogPrintAbort final : public forms::dialog {
     explicit CDialogPrintAbort(forms::window_handle parent);
 
     bool create() { return Create(); }
-    using forms::dialog::set_caption;
 
     std::int32_t fCancelled = 0;
 };

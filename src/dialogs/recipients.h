@@ -1,4 +1,4 @@
-// Whom the user picks, and the receivers that come of it.
+// The receivers that come of what the user has picked: a group becomes its members.
 #ifndef ZERDIX_DIALOGS_RECIPIENTS_H
 #define ZERDIX_DIALOGS_RECIPIENTS_H
 
@@ -8,15 +8,10 @@
 
 #include <zerdix/telebook.h>
 
+#include "dialogs/recipient_picks.h"
 #include "forms/presenter.h"
 
 namespace zerdix::dialogs {
-
-struct recipient_pick {
-    std::string text;         // as typed, or BOOK:ENTRY, or a group's id
-    int isGroup = 0;          //
-    std::int16_t nettype = 0; // a nettypetype of an entry, 0 for the others
-};
 
 // A receiver string of at most 30 characters, with what is known of the pick that it came from.
 struct final_receiver {

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "forms/tree_list.h"
 
@@ -78,6 +79,29 @@ class CSftList : public CSftTree {
 
     std::string columnKey;
     std::int32_t columnCount = 0;
+};
+
+// A list whose rows keep the records that they show, as these were when the rows were added.
+template <class Record>
+class CRecordList : public CSftList {
+  public:
+    void addRecord(const Record& record, std::initializer_list<std::string_view> cells) {
+        const std::int32_t row = addRow(cells);
+        records.resize(static_cast<std::size_t>(row));
+        records.push_back(record);
+    }
+    void removeRows() {
+        CSftList::removeRows();
+        records.clear();
+    }
+    // Null when no row is selected. Good until a row is added or removed.
+    const Record* selectedRecord() {
+        const auto row = static_cast<std::size_t>(selectedRow());
+        return row < records.size() ? &records[row] : nullptr;
+    }
+
+  private:
+    std::vector<Record> records; // one for each row
 };
 
 } // namespace zerdix::dialogs

@@ -61,12 +61,8 @@ class dialog : public dialog_view {
     void on_command(std::int32_t command) final;
     std::string string_text(std::int32_t number) const final;
 
-  protected:
-    // Runs once the window is there and before it shows. False: the focus was set on purpose.
-    virtual bool OnInitDialog();
-    // Escape, and closing the window. By default the dialog's cancel button is pressed.
-    virtual void OnCancel();
-
+    // What the dialog does with its controls, and so does whoever looks after a part of them for
+    // it.
     void on(std::int32_t id, control_event event, std::function<void()> handler);
     void on_posted(std::int32_t command, std::function<void()> handler);
 
@@ -92,6 +88,12 @@ class dialog : public dialog_view {
     std::string selected_item(std::int32_t id);
     // The list control of that id, for SftTree_WndProc; null when there is none.
     tree_list* list(std::int32_t id);
+
+  protected:
+    // Runs once the window is there and before it shows. False: the focus was set on purpose.
+    virtual bool OnInitDialog();
+    // Escape, and closing the window. By default the dialog's cancel button is pressed.
+    virtual void OnCancel();
 
     // The steps of DoModal, for a dialog that has its own way of opening. `make_window` runs
     // OnInitDialog. Each is false when it can't be.
