@@ -1,7 +1,7 @@
 // The library's one entry.
 #include "forms/presenter_plugin.h"
-#include "start/application.h"
-#include "start/qt_presenter.h"
+#include "presenter/application.h"
+#include "presenter/qt_presenter.h"
 
 extern "C" [[gnu::visibility("default")]] zerdix::forms::presenter*
 zerdix_presenter(std::int32_t interface) {

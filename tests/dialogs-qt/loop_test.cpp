@@ -11,7 +11,7 @@
 #include "dialogs-qt/windows.h"
 #include "gallery/clipped.h"
 #include "gallery/sample_dialog.h"
-#include "start/display.h"
+#include "presenter/display.h"
 
 namespace zerdix::test {
 namespace {

@@ -8,7 +8,7 @@
 #include "control/frame.h"
 #include "control/label.h"
 #include "control/list.h"
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -20,7 +20,7 @@ control_widget::control_widget(window_port& window, forms::control& control, QWi
 control_widget::~control_widget() = default;
 
 QString control_widget::caption() const {
-    return shown(control_.caption);
+    return to_unicode(control_.caption);
 }
 
 void control_widget::make_label(QWidget* parent) {
@@ -31,7 +31,7 @@ void control_widget::make_label(QWidget* parent) {
 
 void control_widget::refresh() {
     refresh_content();
-    widget_->setAccessibleName(plain(caption()));
+    widget_->setAccessibleName(without_accelerator(caption()));
     widget_->setEnabled(control_.enabled);
     widget_->setVisible(control_.visible);
     if (label_ == nullptr)

@@ -5,7 +5,7 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -64,7 +64,7 @@ void list_control::open_menu(const QPoint& place) {
     auto* menu = new QMenu(&table());
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const auto& [command, text] : window_.dialog().form()->list_menu) {
-        const auto* line = menu->addAction(shown(window_.dialog().string_text(text)));
+        const auto* line = menu->addAction(to_unicode(window_.dialog().string_text(text)));
         QObject::connect(line, &QAction::triggered, &table(), [this, command = command] {
             window_.tell_later([command](auto& dialog) { dialog.on_command(command); });
         });

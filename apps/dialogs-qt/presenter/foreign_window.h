@@ -1,7 +1,7 @@
 // Windows that aren't dialogs of ours: the host's own, or those of another toolkit in the same
 // process or of another program.
-#ifndef ZERDIX_START_FOREIGN_WINDOW_H
-#define ZERDIX_START_FOREIGN_WINDOW_H
+#ifndef ZERDIX_PRESENTER_FOREIGN_WINDOW_H
+#define ZERDIX_PRESENTER_FOREIGN_WINDOW_H
 
 #include <map>
 #include <memory>

@@ -1,5 +1,5 @@
 // Boxes of the toolkit's own: messages and the choice of a font.
-#include "start/qt_presenter.h"
+#include "presenter/qt_presenter.h"
 
 #include <QFontDialog>
 #include <QMessageBox>
@@ -7,7 +7,7 @@
 #include <QPushButton>
 
 #include "control/fonts.h"
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -45,7 +45,7 @@ void give_back_focus(const QPointer<dialog_window>& front) {
 }
 
 QString text_of(dialog_window* window, std::int32_t number) {
-    return window != nullptr ? shown(window->view()->string_text(number)) : QString();
+    return window != nullptr ? to_unicode(window->view()->string_text(number)) : QString();
 }
 
 } // namespace
@@ -59,9 +59,9 @@ void qt_presenter::show_message(forms::window_handle owner, std::string_view tex
     if (over == nullptr && front != nullptr)
         over = front->handle();
     open_box<QMessageBox> box(front, over);
-    box->setWindowTitle(shown(caption));
+    box->setWindowTitle(to_unicode(caption));
     box->setTextFormat(Qt::PlainText);
-    box->setText(shown(text).trimmed());
+    box->setText(to_unicode(text).trimmed());
     const QString ok = text_of(front, text_ok);
     box->addButton(QMessageBox::Ok);
     if (!ok.isEmpty())

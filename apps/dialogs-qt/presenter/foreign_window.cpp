@@ -1,4 +1,4 @@
-#include "start/foreign_window.h"
+#include "presenter/foreign_window.h"
 
 #include <xcb/xcb.h>
 

@@ -1,6 +1,6 @@
 // The toolkit's application object: the host's own where it has one, else one of ours.
-#ifndef ZERDIX_START_APPLICATION_H
-#define ZERDIX_START_APPLICATION_H
+#ifndef ZERDIX_PRESENTER_APPLICATION_H
+#define ZERDIX_PRESENTER_APPLICATION_H
 
 namespace zerdix::dialogs_qt {
 

@@ -1,5 +1,5 @@
 // The loop for those who have one of their own, and the end of the program.
-#include "start/qt_presenter.h"
+#include "presenter/qt_presenter.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "start/display.h"
+#include "presenter/display.h"
 
 #include <dlfcn.h>
 #include <sys/socket.h>

@@ -1,4 +1,4 @@
-#include "start/application.h"
+#include "presenter/application.h"
 
 #include <array>
 #include <clocale>
@@ -7,7 +7,7 @@
 #include <QApplication>
 #include <QThread>
 
-#include "start/display.h"
+#include "presenter/display.h"
 
 namespace zerdix::dialogs_qt {
 

@@ -1,6 +1,6 @@
 // Texts of the library are Windows-1252, texts of the toolkit are Unicode.
-#ifndef ZERDIX_WINDOW_WORDS_H
-#define ZERDIX_WINDOW_WORDS_H
+#ifndef ZERDIX_CONTROL_UNICODE_H
+#define ZERDIX_CONTROL_UNICODE_H
 
 #include <string>
 #include <string_view>
@@ -9,15 +9,15 @@
 
 namespace zerdix::dialogs_qt {
 
-QString shown(std::string_view text);
+QString to_unicode(std::string_view text);
 // A letter and its accent become one character where there is such a one; what then has no
 // counterpart becomes "?".
-std::string taken(const QString& text);
-// Whether taken() keeps it.
-bool can_be_taken(const QString& character);
+std::string to_cp1252(const QString& text);
+// Whether to_cp1252() keeps it.
+bool has_cp1252(const QString& character);
 
 // A caption without its accelerator.
-QString plain(const QString& caption);
+QString without_accelerator(const QString& caption);
 
 } // namespace zerdix::dialogs_qt
 

@@ -1,4 +1,4 @@
-#include "start/qt_presenter.h"
+#include "presenter/qt_presenter.h"
 
 #include <algorithm>
 

@@ -1,13 +1,13 @@
 // Shows the library's dialogs in windows of the toolkit.
-#ifndef ZERDIX_START_QT_PRESENTER_H
-#define ZERDIX_START_QT_PRESENTER_H
+#ifndef ZERDIX_PRESENTER_QT_PRESENTER_H
+#define ZERDIX_PRESENTER_QT_PRESENTER_H
 
 #include <set>
 #include <vector>
 
 #include "forms/presenter.h"
-#include "start/application.h"
-#include "start/foreign_window.h"
+#include "presenter/application.h"
+#include "presenter/foreign_window.h"
 #include "window/call_notice.h"
 #include "window/dialog_window.h"
 #include "window/input_gate.h"

@@ -1,6 +1,6 @@
 // Is there a screen? Asked before the toolkit is started, which ends the process without one.
-#ifndef ZERDIX_START_DISPLAY_H
-#define ZERDIX_START_DISPLAY_H
+#ifndef ZERDIX_PRESENTER_DISPLAY_H
+#define ZERDIX_PRESENTER_DISPLAY_H
 
 #include <memory>
 #include <string>
