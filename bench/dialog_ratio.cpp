@@ -30,8 +30,8 @@
 #include "bench/direct_calls.h"
 #include "bench/instant_server.h"
 #include "dialogs/application.h"
-#include "dialogs/find_text.h"
-#include "dialogs/resources.h"
+#include "dialogs/dialog_resources.h"
+#include "dialogs/search_pattern.h"
 #include "dialogs/send_select.h"
 #include "support/test_server.h"
 

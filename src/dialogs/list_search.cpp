@@ -1,6 +1,6 @@
 #include "dialogs/list_search.h"
 
-#include "dialogs/find_text.h"
+#include "dialogs/search_pattern.h"
 
 namespace zerdix::dialogs {
 

@@ -4,12 +4,12 @@
 
 #include "common/string_table.h"
 #include "dialogs/application.h"
-#include "dialogs/find_text.h"
+#include "dialogs/entry_dialog.h"
 #include "dialogs/kept_setting.h"
 #include "dialogs/message.h"
-#include "dialogs/notify.h"
+#include "dialogs/notify_dialog.h"
+#include "dialogs/search_pattern.h"
 #include "dialogs/send_controls.h"
-#include "dialogs/tele_entry.h"
 #include "dialogs/wait_cursor.h"
 
 namespace zerdix::dialogs {

@@ -12,7 +12,7 @@
 #include <zerdix/telebook.h>
 
 #include "dialogs/entry_pager.h"
-#include "dialogs/find.h"
+#include "dialogs/find_dialog.h"
 #include "dialogs/list_search.h"
 #include "dialogs/recipient_picks.h"
 #include "dialogs/sft_list.h"

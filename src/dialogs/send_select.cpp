@@ -12,7 +12,7 @@
 #include "dialogs/send_controls.h"
 #include "dialogs/stored_sending.h"
 #include "dialogs/user_select.h"
-#include "dialogs/wait.h"
+#include "dialogs/wait_dialog.h"
 #include "sendfax/receivers.h"
 
 namespace zerdix::dialogs {

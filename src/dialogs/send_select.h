@@ -10,10 +10,10 @@
 
 #include <zerdix/journal.h>
 
-#include "dialogs/driver.h"
+#include "dialogs/modal_dialog.h"
+#include "dialogs/pick_expansion.h"
 #include "dialogs/recipient_lists.h"
 #include "dialogs/recipient_picks.h"
-#include "dialogs/recipients.h"
 #include "dialogs/send_settings.h"
 
 namespace zerdix::dialogs {

@@ -15,7 +15,7 @@
 #include <zerdix/journal.h>
 #include <zerdix/records.h>
 
-#include "dialogs/recipients.h"
+#include "dialogs/pick_expansion.h"
 #include "rpc/attached_object.h"
 #include "sending/sender.h"
 

@@ -7,7 +7,7 @@
 #include <zerdix/ptrlist.h>
 #include <zerdix/records.h>
 
-#include "dialogs/driver.h"
+#include "dialogs/modal_dialog.h"
 #include "dialogs/sft_list.h"
 
 namespace zerdix::dialogs {

@@ -13,7 +13,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "dialogs/resources.h"
+#include "dialogs/dialog_resources.h"
 #include "dialogs/templates.h"
 #include "forms/dialog.h"
 #include "forms/presenter_plugin.h"

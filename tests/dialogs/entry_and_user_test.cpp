@@ -9,9 +9,9 @@
 #include <zerdix/zerdix.h>
 
 #include "common/string_table.h"
+#include "dialogs/dialog_resources.h"
+#include "dialogs/entry_dialog.h"
 #include "dialogs/kept_setting.h"
-#include "dialogs/resources.h"
-#include "dialogs/tele_entry.h"
 #include "dialogs/user_select.h"
 #include "support/scripted_presenter.h"
 #include "support/test_server.h"

@@ -6,12 +6,12 @@
 #include <gtest/gtest.h>
 
 #include "common/string_table.h"
-#include "dialogs/find.h"
+#include "dialogs/dialog_resources.h"
+#include "dialogs/find_dialog.h"
 #include "dialogs/message.h"
-#include "dialogs/notify.h"
+#include "dialogs/notify_dialog.h"
 #include "dialogs/print_abort.h"
-#include "dialogs/resources.h"
-#include "dialogs/wait.h"
+#include "dialogs/wait_dialog.h"
 #include "support/scripted_presenter.h"
 #include "support/test_server.h"
 

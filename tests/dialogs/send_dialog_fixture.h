@@ -3,7 +3,7 @@
 #define ZERDIX_TESTS_SEND_DIALOG_FIXTURE_H
 
 #include "common/string_table.h"
-#include "dialogs/resources.h"
+#include "dialogs/dialog_resources.h"
 #include "dialogs/send_dialog_bridge.h"
 #include "platform/profile.h"
 #include "sendfax/job_fixture.h"

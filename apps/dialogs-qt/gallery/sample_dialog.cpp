@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "common/string_table.h"
-#include "dialogs/resources.h"
+#include "dialogs/dialog_resources.h"
 #include "dialogs/templates.h"
 #include "forms/tree_list.h"
 

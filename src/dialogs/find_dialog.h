@@ -1,11 +1,11 @@
 // The dialog that takes a search text. The search itself is its parent's.
-#ifndef ZERDIX_DIALOGS_FIND_H
-#define ZERDIX_DIALOGS_FIND_H
+#ifndef ZERDIX_DIALOGS_FIND_DIALOG_H
+#define ZERDIX_DIALOGS_FIND_DIALOG_H
 
 #include <cstdint>
 #include <string>
 
-#include "dialogs/driver.h"
+#include "dialogs/modal_dialog.h"
 
 namespace zerdix::dialogs {
 

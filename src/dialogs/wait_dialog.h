@@ -1,6 +1,6 @@
 // The dialog that stays on the screen while something goes on.
-#ifndef ZERDIX_DIALOGS_WAIT_H
-#define ZERDIX_DIALOGS_WAIT_H
+#ifndef ZERDIX_DIALOGS_WAIT_DIALOG_H
+#define ZERDIX_DIALOGS_WAIT_DIALOG_H
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "dialogs/resources.h"
+#include "dialogs/dialog_resources.h"
 
 #include "common/string_table.h"
 #include "dialogs/templates.h"

@@ -1,4 +1,4 @@
-#include "dialogs/wait.h"
+#include "dialogs/wait_dialog.h"
 
 #include "dialogs/templates.h"
 

@@ -1,4 +1,4 @@
-#include "dialogs/find_text.h"
+#include "dialogs/search_pattern.h"
 
 #include <algorithm>
 #include <array>

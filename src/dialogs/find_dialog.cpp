@@ -1,8 +1,8 @@
-#include "dialogs/find.h"
+#include "dialogs/find_dialog.h"
 
 #include "common/string_table.h"
-#include "dialogs/find_text.h"
-#include "dialogs/notify.h"
+#include "dialogs/notify_dialog.h"
+#include "dialogs/search_pattern.h"
 #include "dialogs/templates.h"
 #include "dialogs/wait_cursor.h"
 

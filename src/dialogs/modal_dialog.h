@@ -1,6 +1,6 @@
 // The base of the library's modal dialogs, which stand in front of somebody else's windows.
-#ifndef ZERDIX_DIALOGS_DRIVER_H
-#define ZERDIX_DIALOGS_DRIVER_H
+#ifndef ZERDIX_DIALOGS_MODAL_DIALOG_H
+#define ZERDIX_DIALOGS_MODAL_DIALOG_H
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "dialogs/recipients.h"
+#include "dialogs/pick_expansion.h"
 
 #include "dialogs/message.h"
 #include "dialogs/send_controls.h"

@@ -1,4 +1,4 @@
-#include "dialogs/tele_entry.h"
+#include "dialogs/entry_dialog.h"
 
 #include <algorithm>
 

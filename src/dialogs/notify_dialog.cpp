@@ -1,4 +1,4 @@
-#include "dialogs/notify.h"
+#include "dialogs/notify_dialog.h"
 
 #include "common/string_table.h"
 #include "dialogs/templates.h"

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "dialogs/find_text.h"
+#include "dialogs/search_pattern.h"
 
 namespace zerdix::dialogs {
 namespace {

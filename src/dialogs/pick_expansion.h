@@ -1,6 +1,6 @@
 // The receivers that come of what the user has picked: a group becomes its members.
-#ifndef ZERDIX_DIALOGS_RECIPIENTS_H
-#define ZERDIX_DIALOGS_RECIPIENTS_H
+#ifndef ZERDIX_DIALOGS_PICK_EXPANSION_H
+#define ZERDIX_DIALOGS_PICK_EXPANSION_H
 
 #include <cstdint>
 #include <string>

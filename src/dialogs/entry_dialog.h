@@ -1,13 +1,13 @@
 // The dialog for an entry of a phone book, and edit fields that don't take every character.
-#ifndef ZERDIX_DIALOGS_TELE_ENTRY_H
-#define ZERDIX_DIALOGS_TELE_ENTRY_H
+#ifndef ZERDIX_DIALOGS_ENTRY_DIALOG_H
+#define ZERDIX_DIALOGS_ENTRY_DIALOG_H
 
 #include <cstdint>
 #include <string>
 
 #include <zerdix/telebook.h>
 
-#include "dialogs/driver.h"
+#include "dialogs/modal_dialog.h"
 
 namespace zerdix::dialogs {
 

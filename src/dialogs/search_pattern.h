@@ -1,7 +1,7 @@
 // Search texts: "*" stands for any characters, "?" for one, and the rest is a regular expression of
 // the GNU kind in which "+" is a plus sign. Texts are bytes, whatever the process's locale is.
-#ifndef ZERDIX_DIALOGS_FIND_TEXT_H
-#define ZERDIX_DIALOGS_FIND_TEXT_H
+#ifndef ZERDIX_DIALOGS_SEARCH_PATTERN_H
+#define ZERDIX_DIALOGS_SEARCH_PATTERN_H
 
 #include <cstdint>
 #include <memory>

@@ -1,11 +1,11 @@
 // A text in a modal dialog. DoModal gives 1, the number of its button.
-#ifndef ZERDIX_DIALOGS_NOTIFY_H
-#define ZERDIX_DIALOGS_NOTIFY_H
+#ifndef ZERDIX_DIALOGS_NOTIFY_DIALOG_H
+#define ZERDIX_DIALOGS_NOTIFY_DIALOG_H
 
 #include <cstdint>
 #include <string>
 
-#include "dialogs/driver.h"
+#include "dialogs/modal_dialog.h"
 
 namespace zerdix::dialogs {
 

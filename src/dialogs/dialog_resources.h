@@ -1,6 +1,6 @@
 // Where the dialogs take their templates and words from.
-#ifndef ZERDIX_DIALOGS_RESOURCES_H
-#define ZERDIX_DIALOGS_RESOURCES_H
+#ifndef ZERDIX_DIALOGS_DIALOG_RESOURCES_H
+#define ZERDIX_DIALOGS_DIALOG_RESOURCES_H
 
 namespace zerdix::dialogs {
 

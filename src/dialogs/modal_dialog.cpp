@@ -1,4 +1,4 @@
-#include "dialogs/driver.h"
+#include "dialogs/modal_dialog.h"
 
 namespace zerdix::dialogs {
 
