@@ -1,12 +1,13 @@
-// The files of the tracer, as a port that tests can make fail.
-#ifndef ZERDIX_PLATFORM_TRACE_FILE_H
-#define ZERDIX_PLATFORM_TRACE_FILE_H
+// Files that only grow, with no buffer in between, as the tracer writes its own: a port that tests
+// can make fail.
+#ifndef ZERDIX_PLATFORM_APPEND_FILE_H
+#define ZERDIX_PLATFORM_APPEND_FILE_H
 
 #include <string_view>
 
 namespace zerdix::platform {
 
-class trace_file_port {
+class append_file_port {
   public:
     static constexpr int invalid = -1;
 
@@ -30,13 +31,13 @@ class trace_file_port {
     virtual void close(int handle) = 0;
 
   protected:
-    ~trace_file_port() = default;
+    ~append_file_port() = default;
 };
 
-trace_file_port& trace_file();
+append_file_port& append_files();
 
 // As port_slot.h says.
-trace_file_port* replace_trace_file(trace_file_port* port);
+append_file_port* replace_append_files(append_file_port* port);
 
 } // namespace zerdix::platform
 

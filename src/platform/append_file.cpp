@@ -1,4 +1,4 @@
-#include "platform/trace_file.h"
+#include "platform/append_file.h"
 
 #include <cerrno>
 
@@ -13,21 +13,21 @@ namespace {
 
 // Moves a descriptor out of the way of the standard streams: a process that runs without them must
 // not find its output in the trace file.
-trace_file_port::opened above_standard_streams(int descriptor) {
+append_file_port::opened above_standard_streams(int descriptor) {
     if (descriptor < 0)
-        return {trace_file_port::invalid, errno};
+        return {append_file_port::invalid, errno};
     if (descriptor > STDERR_FILENO)
         return {descriptor, 0};
     const int moved = ::fcntl(descriptor, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
     const int error = moved < 0 ? errno : 0;
     ::close(descriptor);
-    return {moved < 0 ? trace_file_port::invalid : moved, error};
+    return {moved < 0 ? append_file_port::invalid : moved, error};
 }
 
 // A pipe in place of a file isn't waited for.
 constexpr int to_append = O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK;
 
-class system_files final : public trace_file_port {
+class system_files final : public append_file_port {
   public:
     bool exists(const char* path) override {
         struct stat found = {};
@@ -56,15 +56,15 @@ class system_files final : public trace_file_port {
 
 // Trivially destroyed, so that it serves the tracer to its very end.
 constinit system_files default_port;
-constinit port_slot<trace_file_port> slot{&default_port};
+constinit port_slot<append_file_port> slot{&default_port};
 
 } // namespace
 
-trace_file_port& trace_file() {
+append_file_port& append_files() {
     return *slot.current();
 }
 
-trace_file_port* replace_trace_file(trace_file_port* port) {
+append_file_port* replace_append_files(append_file_port* port) {
     return slot.replace(port);
 }
 
