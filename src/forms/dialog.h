@@ -61,8 +61,8 @@ class dialog : public dialog_view {
     void on_command(std::int32_t command) final;
     std::string string_text(std::int32_t number) const final;
 
-    // What the dialog does with its controls, and so does whoever looks after a part of them for
-    // it.
+    // Handlers and controls: for the dialog, and for classes that look after a part of it. A
+    // handler takes the place of an earlier one for the same control and event.
     void on(std::int32_t id, control_event event, std::function<void()> handler);
     void on_posted(std::int32_t command, std::function<void()> handler);
 
