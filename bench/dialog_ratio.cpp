@@ -30,8 +30,8 @@
 #include "bench/direct_calls.h"
 #include "bench/instant_server.h"
 #include "dialogs/application.h"
-#include "dialogs/find_text.h"
-#include "dialogs/resources.h"
+#include "dialogs/dialog_resources.h"
+#include "dialogs/search_pattern.h"
 #include "dialogs/send_select.h"
 #include "support/test_server.h"
 
@@ -121,7 +121,7 @@ class running_dialog {
     }
 
   private:
-    platform::window_handle parent_ = nullptr;
+    forms::window_handle parent_ = nullptr;
     a_s_rec record_{};
     char receiver_[31] = {};
     char* receivers_[1000] = {};
@@ -177,7 +177,7 @@ bool measure_opening() {
 }
 
 // The time of all blocks, with what the window does about them.
-double page_through(platform::dialog_view& dialog) {
+double page_through(forms::dialog_view& dialog) {
     const std::int32_t before = dialog.find(send_list)->list->row_count();
     const auto begin = clock_type::now();
     for (std::int32_t last = before; last < entries; last += block) {
@@ -205,7 +205,7 @@ double bare_call(std::uint32_t program, std::size_t result_bytes) {
 }
 
 // The search itself is made ready by dialogs::findInText's rules; here the expression stands whole.
-double search_bare(const platform::tree_list& list, const char* expression) {
+double search_bare(const forms::tree_list& list, const char* expression) {
     std::vector<std::string> texts;
     for (const auto& row : list.rows) {
         std::string& text = texts.emplace_back();
@@ -227,7 +227,7 @@ double search_bare(const platform::tree_list& list, const char* expression) {
     return taken;
 }
 
-double search_once(platform::dialog_view& dialog) {
+double search_once(forms::dialog_view& dialog) {
     const auto begin = clock_type::now();
     dialog.on_command(dialogs::recipient_search_command);
     QApplication::processEvents();
@@ -236,7 +236,7 @@ double search_once(platform::dialog_view& dialog) {
     return taken;
 }
 
-bool measure_paging(platform::dialog_view& dialog, double call) {
+bool measure_paging(forms::dialog_view& dialog, double call) {
     const double each = page_through(dialog);
     std::printf("a block of %d rows, mean over a book of %d\n", block, entries);
     std::printf("  with its call %17.2f ms\n  the bare call %17.2f ms, ratio %.2f\n", each, call,
@@ -244,7 +244,7 @@ bool measure_paging(platform::dialog_view& dialog, double call) {
     return bench::bar("a block beside its call", each - call, most_paging, "ms");
 }
 
-bool measure_search(platform::dialog_view& dialog) {
+bool measure_search(forms::dialog_view& dialog) {
     dialogs::searchText() = "23125 99999";
     search_once(dialog); // finds out that no block is left
     double ours = 1e9, peer = 1e9;
@@ -286,7 +286,7 @@ int main(int argc, char** argv) {
     dialogs::install_dialog_resources();
     ZERDIX session;
     require(session.GetClientAddr("127.0.0.1") != nullptr, "GetClientAddr");
-    require(platform::ensure_presenter(), "the windows that ZERDIX_DIALOGS names");
+    require(forms::ensure_presenter(), "the windows that ZERDIX_DIALOGS names");
     const double call = bare_call(environment.program(), first.size());
     const bool opening = measure_opening();
     const bool list = measure_list(call);

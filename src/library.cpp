@@ -1,7 +1,7 @@
 // The shared library is the rooms, whole, and the one application object, which comes up when the
 // library is loaded. Of all that is made then the tracer alone comes before it.
 #include "dialogs/application.h"
-#include "dialogs/resources.h"
+#include "dialogs/dialog_resources.h"
 #include "dialogs/send_dialog_bridge.h"
 
 namespace {

@@ -1,12 +1,12 @@
 // The library's one entry.
-#include "platform/dialog/presenter_plugin.h"
-#include "start/application.h"
-#include "start/qt_presenter.h"
+#include "forms/presenter_plugin.h"
+#include "presenter/application.h"
+#include "presenter/qt_presenter.h"
 
-extern "C" [[gnu::visibility("default")]] zerdix::platform::presenter*
+extern "C" [[gnu::visibility("default")]] zerdix::forms::presenter*
 zerdix_presenter(std::int32_t interface) {
     using namespace zerdix::dialogs_qt;
-    if (interface != zerdix::platform::presenter_interface)
+    if (interface != zerdix::forms::presenter_interface)
         return nullptr;
     const application whose = find_application();
     if (whose == application::none)

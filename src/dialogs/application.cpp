@@ -7,7 +7,7 @@
 #include "common/settings.h"
 #include "common/show_message.h"
 #include "common/string_table.h"
-#include "platform/dialog/tree_list.h"
+#include "forms/tree_list.h"
 #include "trace/traced.h"
 
 namespace zerdix::dialogs {
@@ -45,7 +45,7 @@ void tell_fault(const char* library) {
                           fault.line);
 }
 
-platform::font_description described(const common::font_setting& setting) {
+forms::font_description described(const common::font_setting& setting) {
     return {.height = setting.height == 0 ? 20 : setting.height,
             .weight = setting.weight == 0 ? 400 : setting.weight,
             .face = setting.face.empty() ? "Times New Roman" : setting.face};
@@ -60,7 +60,7 @@ CZerdixApp::CZerdixApp() {
     set_language();
     choose_templates(common::setting_dialog_size());
     load_resources(line.library.bytes);
-    platform::SftTree_RegisterApp2(this);
+    forms::SftTree_RegisterApp2(this);
     list_font_.description = described(common::setting_list_font());
 }
 
@@ -97,7 +97,7 @@ void CZerdixApp::load_resources(const char* name) {
     common::set_resource_source(library);
 }
 
-const platform::font_description* CZerdixApp::listFont() {
+const forms::font_description* CZerdixApp::listFont() {
     const bool usable = list_font_.made != nullptr || list_font_.make();
     return usable ? &list_font_.description : nullptr;
 }
@@ -135,8 +135,8 @@ bool CZerdixApp::font_object::make() {
 
 // True when the user has chosen one. It isn't written to the settings.
 bool CZerdixApp::font_object::choose(bool scalable_only) {
-    platform::ensure_presenter();
-    if (!platform::current_presenter().choose_font(nullptr, description, scalable_only))
+    forms::ensure_presenter();
+    if (!forms::current_presenter().choose_font(nullptr, description, scalable_only))
         return false;
     make();
     return true;

@@ -9,7 +9,7 @@
 
 #include <zerdix/text.h>
 
-#include "platform/dialog/presenter.h"
+#include "forms/presenter.h"
 #include "platform/font.h"
 #include "platform/resource_library.h"
 
@@ -42,14 +42,14 @@ class CZerdixApp {
 
     // For lists. Null when it can't be made. Made when it is first asked for, since opening fonts
     // takes longer than loading the library should.
-    const platform::font_description* listFont();
+    const forms::font_description* listFont();
 
     // False for a command that isn't the application's.
     bool OnCommand(std::int32_t command);
 
   private:
     struct font_object {
-        platform::font_description description;
+        forms::font_description description;
         std::shared_ptr<platform::font> made;
 
         bool make();

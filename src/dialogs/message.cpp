@@ -5,9 +5,9 @@
 
 namespace zerdix::dialogs {
 
-std::int32_t showMessage(platform::window_handle window, std::int32_t stringId) {
-    platform::current_presenter().show_message(window, common::string_text(stringId),
-                                               common::string_text(common::text_notification));
+std::int32_t showMessage(forms::window_handle window, std::int32_t stringId) {
+    forms::current_presenter().show_message(window, common::string_text(stringId),
+                                            common::string_text(common::text_notification));
     return 1;
 }
 

@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <string_view>
 
-#include "platform/dialog/presenter.h"
+#include "forms/presenter.h"
 
 namespace zerdix::dialogs {
 
 // The text of that number, titled "Benachrichtigung". Always 1.
-std::int32_t showMessage(platform::window_handle window, std::int32_t stringId);
+std::int32_t showMessage(forms::window_handle window, std::int32_t stringId);
 
 // A text of one's own, under the application's name.
 void AfxMessageBox(std::string_view text);

@@ -12,16 +12,16 @@ constexpr std::int32_t cancel_button = 9607;
 
 constinit std::int32_t fUserAbort = 0;
 
-CDialogPrintAbort::CDialogPrintAbort(platform::window_handle parent) : dialog(print_form, parent) {
+CDialogPrintAbort::CDialogPrintAbort(forms::window_handle parent) : dialog(print_form, parent) {
     fUserAbort = 0;
-    on(cancel_button, platform::control_event::clicked, [this] {
+    on(cancel_button, forms::control_event::clicked, [this] {
         fCancelled = 1;
         fUserAbort = 1;
     });
 }
 
 std::int32_t abortProc() {
-    auto& windows = platform::current_presenter();
+    auto& windows = forms::current_presenter();
     while (fUserAbort == 0 && windows.input_waits()) {
         if (!windows.take_input())
             return 0;

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "platform/dialog/dialog.h"
+#include "forms/dialog.h"
 
 namespace zerdix::dialogs {
 
@@ -13,12 +13,11 @@ extern std::int32_t fUserAbort;
 
 // Lives from create() until its owner destroys it. The texts 9602 to 9606 are set by whoever
 // prints.
-class CDialogPrintAbort final : public platform::dialog {
+class CDialogPrintAbort final : public forms::dialog {
   public:
-    explicit CDialogPrintAbort(platform::window_handle parent);
+    explicit CDialogPrintAbort(forms::window_handle parent);
 
     bool create() { return Create(); }
-    using platform::dialog::set_caption;
 
     std::int32_t fCancelled = 0;
 };

@@ -1,6 +1,6 @@
 #include "dialogs/remote_wait.h"
 
-#include "platform/dialog/presenter.h"
+#include "forms/presenter.h"
 
 namespace zerdix::dialogs {
 
@@ -8,9 +8,9 @@ namespace {
 
 class told_to_presenter final : public wire::call_watch {
   public:
-    void begins() override { platform::current_presenter().remote_call_begins(); }
-    void goes_on() override { platform::current_presenter().remote_call_goes_on(); }
-    void ended() override { platform::current_presenter().remote_call_ended(); }
+    void begins() override { forms::current_presenter().remote_call_begins(); }
+    void goes_on() override { forms::current_presenter().remote_call_goes_on(); }
+    void ended() override { forms::current_presenter().remote_call_ended(); }
 };
 
 constinit told_to_presenter watch;

@@ -17,7 +17,7 @@ constexpr std::int32_t cannot_run = -1;
 
 // A dialog for which there is no memory can't run.
 template <class... Arguments>
-std::int32_t run(platform::window_handle parent, Arguments... arguments) {
+std::int32_t run(forms::window_handle parent, Arguments... arguments) {
     try {
         return CDialogSendSelect(parent, arguments...).DoModal();
     } catch (const std::bad_alloc&) {
@@ -25,7 +25,7 @@ std::int32_t run(platform::window_handle parent, Arguments... arguments) {
     }
 }
 
-std::int32_t run_for_job(platform::window_handle parent) {
+std::int32_t run_for_job(forms::window_handle parent) {
     return run(parent, pa_s_rec, ppReceiver, &fCoverpage);
 }
 

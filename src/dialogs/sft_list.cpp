@@ -11,7 +11,7 @@
 
 namespace zerdix::dialogs {
 
-using namespace platform; // the messages
+using namespace forms; // the messages
 
 namespace {
 

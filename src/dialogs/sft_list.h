@@ -7,8 +7,9 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
-#include "platform/dialog/tree_list.h"
+#include "forms/tree_list.h"
 
 namespace zerdix::dialogs {
 
@@ -16,7 +17,7 @@ namespace zerdix::dialogs {
 class CSftTree {
   public:
     // `control` is good while its dialog is on a window.
-    void attach(platform::tree_list* control) { control_ = control; }
+    void attach(forms::tree_list* control) { control_ = control; }
 
     std::int32_t rowCount();
     // -1 for none.
@@ -31,9 +32,9 @@ class CSftTree {
     void removeRows();
 
   protected:
-    std::intptr_t send(platform::tree_message message, std::intptr_t wParam = 0,
+    std::intptr_t send(forms::tree_message message, std::intptr_t wParam = 0,
                        std::intptr_t lParam = 0);
-    std::intptr_t sendText(platform::tree_message message, std::intptr_t wParam,
+    std::intptr_t sendText(forms::tree_message message, std::intptr_t wParam,
                            std::string_view text);
     // Of the control's window: the room for columns in pixels, and whether several rows can be
     // selected.
@@ -41,7 +42,7 @@ class CSftTree {
     bool takesSeveral() const;
 
   private:
-    platform::tree_list* control_ = nullptr;
+    forms::tree_list* control_ = nullptr;
 };
 
 struct column_setup {
@@ -74,10 +75,33 @@ class CSftList : public CSftTree {
     void unselectAll();
 
   private:
-    std::span<platform::column_record> columns();
+    std::span<forms::column_record> columns();
 
     std::string columnKey;
     std::int32_t columnCount = 0;
+};
+
+// A list whose rows keep the records that they show, as these were when the rows were added.
+template <class Record>
+class CRecordList : public CSftList {
+  public:
+    void addRecord(const Record& record, std::initializer_list<std::string_view> cells) {
+        const std::int32_t row = addRow(cells);
+        records.resize(static_cast<std::size_t>(row));
+        records.push_back(record);
+    }
+    void removeRows() {
+        CSftList::removeRows();
+        records.clear();
+    }
+    // Null when no row is selected. Good until a row is added or removed.
+    const Record* selectedRecord() {
+        const auto row = static_cast<std::size_t>(selectedRow());
+        return row < records.size() ? &records[row] : nullptr;
+    }
+
+  private:
+    std::vector<Record> records; // one for each row
 };
 
 } // namespace zerdix::dialogs

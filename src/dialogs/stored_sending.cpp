@@ -34,7 +34,7 @@ void tell_count(std::int32_t stringId, std::int32_t count) {
 } // namespace
 
 stored_sending::stored_sending(JOURNAL& journal, TELEBOOK& telebook, const a_s_rec& record,
-                               bool withCover, platform::window_handle window)
+                               bool withCover, forms::window_handle window)
     : journal_(journal), telebook_(telebook), record_(record), outcome_(sending::stored_outcome()),
       steps_(journal_, record_, outcome_), withCover_(withCover && record.nettype != NETTYPE_TELEX),
       window_(window) {

@@ -15,7 +15,7 @@
 #include <zerdix/journal.h>
 #include <zerdix/records.h>
 
-#include "dialogs/recipients.h"
+#include "dialogs/pick_expansion.h"
 #include "rpc/attached_object.h"
 #include "sending/sender.h"
 
@@ -26,7 +26,7 @@ class stored_sending {
     // `record` is the send record of all jobs, up to comment and receiver. Messages stand over
     // `window`. Journal and phone book outlive the object.
     stored_sending(JOURNAL& journal, TELEBOOK& telebook, const a_s_rec& record, bool withCover,
-                   platform::window_handle window);
+                   forms::window_handle window);
     ~stored_sending();
     stored_sending(const stored_sending&) = delete;
     stored_sending& operator=(const stored_sending&) = delete;
@@ -59,7 +59,7 @@ class stored_sending {
     sending::sender steps_;
     std::size_t receiver_ = 0; // of the outcome, at hand
     bool withCover_;
-    platform::window_handle window_;
+    forms::window_handle window_;
     std::optional<rpc::attached_object> session_; // for the cover pages
     std::int32_t failedFax = 0;
     std::int32_t failedTelex = 0;

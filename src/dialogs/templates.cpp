@@ -9,10 +9,10 @@ namespace zerdix::dialogs {
 
 namespace {
 
-using platform::control_kind;
-using platform::control_style;
-using platform::control_template;
-using platform::dialog_template;
+using forms::control_kind;
+using forms::control_style;
+using forms::control_template;
+using forms::dialog_template;
 
 constexpr control_style hidden{.visible = false};
 constexpr control_style greyed{.enabled = false};
@@ -132,7 +132,7 @@ constexpr auto notify_controls = std::to_array<control_template>({
     {1, control_kind::push_button, {0, 2, 0}},
 });
 
-constexpr auto font_menu = std::to_array<platform::menu_command>({
+constexpr auto font_menu = std::to_array<forms::menu_command>({
     {choose_list_font, 40004},
     {choose_text_font, 40005},
 });

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-#include "platform/dialog/dialog_template.h"
+#include "forms/dialog_template.h"
 
 namespace zerdix::dialogs {
 
@@ -19,9 +19,9 @@ constexpr std::int32_t wait_form = 9599;
 constexpr std::int32_t print_form = 9600;
 constexpr std::int32_t notify_form = 9650;
 
-std::span<const platform::dialog_template> templates();
+std::span<const forms::dialog_template> templates();
 // Null when there is none of that id.
-const platform::dialog_template* find_template(std::int32_t id);
+const forms::dialog_template* find_template(std::int32_t id);
 
 } // namespace zerdix::dialogs
 

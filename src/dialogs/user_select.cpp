@@ -11,7 +11,7 @@
 
 namespace zerdix::dialogs {
 
-using platform::control_event;
+using forms::control_event;
 
 namespace {
 
@@ -27,7 +27,7 @@ constexpr std::size_t server_width = 37;
 
 } // namespace
 
-CDialogUserSelect::CDialogUserSelect(platform::window_handle& parent, char* user, char* server)
+CDialogUserSelect::CDialogUserSelect(forms::window_handle& parent, char* user, char* server)
     : CDialogDriver(user_form, parent),
       pUsers(pzerdix != nullptr ? pzerdix->getUserList() : nullptr),
       lUserCount(pUsers != nullptr ? pUsers->getSize() : 0), pUserid(user), pAlphaid(server) {

@@ -7,7 +7,7 @@
 #include <zerdix/ptrlist.h>
 #include <zerdix/records.h>
 
-#include "dialogs/driver.h"
+#include "dialogs/modal_dialog.h"
 #include "dialogs/sft_list.h"
 
 namespace zerdix::dialogs {
@@ -17,7 +17,7 @@ class CDialogUserSelect final : public CDialogDriver {
   public:
     // `user` has room for 11 bytes, `server` for 36. The users are those of the print job's
     // session; none when they can't be had.
-    CDialogUserSelect(platform::window_handle& parent, char* user, char* server);
+    CDialogUserSelect(forms::window_handle& parent, char* user, char* server);
     // Keeps the remembered user in the settings.
     ~CDialogUserSelect() override;
 

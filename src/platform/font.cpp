@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/font_face.h"
+#include "platform/port_slot.h"
 
 namespace zerdix::platform {
 namespace {
@@ -113,19 +114,20 @@ class system_fonts final : public font_port {
     recent<font_request, font> fonts_{kept_fonts};
 };
 
-constinit font_port* replaced = nullptr;
+// Without a standard one, which is made when it is asked for first.
+constinit port_slot<font_port> slot;
 
 } // namespace
 
 font_port& fonts() {
-    if (replaced != nullptr)
-        return *replaced;
+    if (slot.is_replaced())
+        return *slot.current();
     static system_fonts of_the_system;
     return of_the_system;
 }
 
 font_port* replace_fonts(font_port* port) {
-    return std::exchange(replaced, port);
+    return slot.replace(port);
 }
 
 } // namespace zerdix::platform

@@ -64,8 +64,7 @@ class font_port {
 // The one in use. Without a replacement: FreeType, on the files that fontconfig names.
 font_port& fonts();
 
-// Puts `port` into its place, null for the default, and returns the one that was there before. The
-// caller keeps `port` and must take it out again before it goes.
+// As port_slot.h says.
 font_port* replace_fonts(font_port* port);
 
 } // namespace zerdix::platform

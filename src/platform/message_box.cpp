@@ -4,7 +4,7 @@
 #include <climits>
 #include <cstdio>
 #include <string>
-#include <utility>
+#include <type_traits>
 
 #include <poll.h>
 #include <unistd.h>
@@ -12,11 +12,12 @@
 #include <zerdix/messages.h>
 
 #include "platform/encoding.h"
+#include "platform/port_slot.h"
 
 namespace zerdix::platform {
 namespace {
 
-constinit message_log log = nullptr;
+constinit port_slot<std::remove_pointer_t<message_log>> log;
 
 // Who takes the place of standard error.
 struct host_program {
@@ -26,11 +27,11 @@ struct host_program {
 constinit host_program host{nullptr, nullptr};
 
 void tell_log(const char* line) {
-    const message_log teller = std::exchange(log, nullptr);
+    const message_log teller = log.replace(nullptr);
     if (teller == nullptr)
         return;
     teller(line);
-    log = teller;
+    log.replace(teller);
 }
 
 // The library may be loaded into any process: a reader who has gone must not end it, and one who
@@ -62,22 +63,20 @@ class standard_error final : public message_box_port {
 
 // Trivially destroyed, so that it serves the tracer to its very end.
 constinit standard_error default_port;
-constinit message_box_port* current = &default_port;
+constinit port_slot<message_box_port> slot{&default_port};
 
 } // namespace
 
 message_box_port& message_box() {
-    return *current;
+    return *slot.current();
 }
 
 message_log set_message_log(message_log new_log) {
-    return std::exchange(log, new_log);
+    return log.replace(new_log);
 }
 
 message_box_port* replace_message_box(message_box_port* port) {
-    message_box_port* before = current;
-    current = port == nullptr ? &default_port : port;
-    return before;
+    return slot.replace(port);
 }
 
 } // namespace zerdix::platform

@@ -26,8 +26,7 @@ message_box_port& message_box();
 using message_log = void (*)(const char* line);
 message_log set_message_log(message_log log);
 
-// Puts `port` into its place, null for the default, and returns the one that was there before. The
-// caller keeps `port` and must take it out again before it goes.
+// As port_slot.h says.
 message_box_port* replace_message_box(message_box_port* port);
 
 } // namespace zerdix::platform

@@ -1,5 +1,7 @@
 #include "platform/quit.h"
 
+#include "platform/port_slot.h"
+
 namespace zerdix::platform {
 namespace {
 
@@ -9,18 +11,16 @@ class no_loop final : public quit_port {
 };
 
 constinit no_loop default_port;
-constinit quit_port* current = &default_port;
+constinit port_slot<quit_port> slot{&default_port};
 
 } // namespace
 
 quit_port& quit_request() {
-    return *current;
+    return *slot.current();
 }
 
 quit_port* replace_quit_request(quit_port* port) {
-    quit_port* before = current;
-    current = port == nullptr ? &default_port : port;
-    return before;
+    return slot.replace(port);
 }
 
 } // namespace zerdix::platform

@@ -17,8 +17,7 @@ class quit_port {
 // The one in use. Without a replacement nobody runs a message loop, and the request goes nowhere.
 quit_port& quit_request();
 
-// Puts `port` into its place, null for the default, and returns the one that was there before. The
-// caller keeps `port` and must take it out again before it goes.
+// As port_slot.h says.
 quit_port* replace_quit_request(quit_port* port);
 
 } // namespace zerdix::platform

@@ -1,9 +1,10 @@
 #include "sendfax/send_dialog.h"
 
-#include <utility>
+#include <type_traits>
 
 #include <zerdix/values.h>
 
+#include "platform/port_slot.h"
 #include "sendfax/job.h"
 #include "sendfax/receivers.h"
 #include "sendfax/trace_lines.h"
@@ -12,7 +13,7 @@ namespace zerdix::sendfax {
 
 namespace {
 
-send_dialog installed = nullptr;
+constinit platform::port_slot<std::remove_pointer_t<send_dialog>> slot;
 
 std::int32_t job_result(std::int32_t ended) {
     switch (ended) {
@@ -28,7 +29,7 @@ std::int32_t job_result(std::int32_t ended) {
 } // namespace
 
 send_dialog install_send_dialog(send_dialog dialog) {
-    return std::exchange(installed, dialog);
+    return slot.replace(dialog);
 }
 
 std::int32_t run_send_dialog() {
@@ -41,7 +42,7 @@ std::int32_t run_send_dialog() {
 std::int32_t CallSendDialog(void* parent) {
     trace_lines.entry("<-- CallSendDialog()");
     job().fDialogActive = 1;
-    const std::int32_t ended = installed != nullptr ? installed(parent) : 0;
+    const std::int32_t ended = slot.is_replaced() ? slot.current()(parent) : 0;
     job().fDialogActive = 0;
     trace_lines.exit("--> CallSendDialog: RC from CDialogSendSelect: %ld ", ended);
     const std::int32_t rc = job_result(ended);

@@ -12,9 +12,9 @@
 
 #include <fcntl.h>
 
+#include "platform/append_file.h"
 #include "platform/format.h"
 #include "platform/tick.h"
-#include "platform/trace_file.h"
 #include "trace/state.h"
 #include "trace/wrap.h"
 
@@ -150,5 +150,5 @@ void T_TRACE::_outPhysicalLine(std::uint32_t level, const char* leader, std::str
     if (trace::is_error(level))
         append_to_error_log(_errorFileName, _errorFile, line.text(), last);
     if (_traceOn == 1)
-        platform::trace_file().write(zerdix::trace::the_trace_file.handle, line.view());
+        platform::append_files().write(zerdix::trace::the_trace_file.handle, line.view());
 }

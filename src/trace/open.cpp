@@ -14,9 +14,9 @@
 #include <unistd.h>
 
 #include "common/settings.h"
+#include "platform/append_file.h"
 #include "platform/encoding.h"
 #include "platform/message_box.h"
-#include "platform/trace_file.h"
 #include "trace/state.h"
 #include "trace/traced.h"
 
@@ -52,7 +52,7 @@ void report_no_text_buffer() {
 namespace {
 
 using namespace zerdix;
-using platform::trace_file;
+using platform::append_files;
 using trace::the_trace_file;
 
 std::uint32_t configured_width() {
@@ -87,12 +87,12 @@ void rotate() {
 // A file that is still there couldn't be rotated; it goes on.
 void open_trace_file() {
     const char* path = the_trace_file.path.data();
-    if (trace_file().exists(path))
+    if (append_files().exists(path))
         rotate();
-    const auto opened =
-        trace_file().exists(path) ? trace_file().open_at_end(path) : trace_file().create(path);
+    const auto opened = append_files().exists(path) ? append_files().open_at_end(path)
+                                                    : append_files().create(path);
     the_trace_file.handle = opened.handle;
-    if (opened.handle != platform::trace_file_port::invalid)
+    if (opened.handle != platform::append_file_port::invalid)
         return;
     std::array<char, 80> text;
     std::snprintf(text.data(), text.size(), "Tracesetname: Error open trace file\nerror code: %d",
@@ -104,7 +104,7 @@ void write_start_line() {
     std::array<char, 80> line;
     const int length = std::snprintf(line.data(), line.size(), "*** Tracer gestartet: %s\n",
                                      trace::time_text().data());
-    trace_file().write(the_trace_file.handle, {line.data(), static_cast<std::size_t>(length)});
+    append_files().write(the_trace_file.handle, {line.data(), static_cast<std::size_t>(length)});
 }
 
 void log_message(const char* line) {
@@ -136,8 +136,8 @@ T_TRACE::~T_TRACE() {
         platform::set_message_log(nullptr);
     delete[] _textBuffer;
     _textBuffer = nullptr;
-    if (the_trace_file.handle != 0 && the_trace_file.handle != platform::trace_file_port::invalid)
-        trace_file().close(the_trace_file.handle);
+    if (the_trace_file.handle != 0 && the_trace_file.handle != platform::append_file_port::invalid)
+        append_files().close(the_trace_file.handle);
     the_trace_file.handle = 0;
     delete[] _errorFileName;
     _errorFileName = nullptr;

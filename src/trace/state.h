@@ -14,7 +14,7 @@ inline constexpr std::uint32_t default_width = 82;
 
 struct trace_file_state {
     std::array<char, path_size> path;
-    int handle; // of platform::trace_file(); 0 until the file has been opened
+    int handle; // of platform::append_files(); 0 until the file has been opened
 };
 
 // Set while the tracer opens, cleared when it is destroyed.

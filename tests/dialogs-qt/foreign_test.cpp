@@ -14,7 +14,7 @@ namespace zerdix::test {
 namespace {
 
 using dialogs::find_form;
-using platform::window_handle;
+using forms::window_handle;
 using ::testing::ElementsAre;
 
 // The host's own window by the same toolkit, whose application is there before the dialogs.
@@ -23,14 +23,12 @@ TEST(Host, KeepsItsApplicationAndItsWindowWaits) {
     static char name[] = "host";
     static char* arguments[] = {name, nullptr};
     QApplication host(count, arguments);
-    platform::presenter* shown = zerdix_presenter(platform::presenter_interface);
+    forms::presenter* shown = zerdix_presenter(forms::presenter_interface);
     ASSERT_NE(shown, nullptr);
-    platform::presenter* of_another_thread = shown;
-    std::thread([&] {
-        of_another_thread = zerdix_presenter(platform::presenter_interface);
-    }).join();
+    forms::presenter* of_another_thread = shown;
+    std::thread([&] { of_another_thread = zerdix_presenter(forms::presenter_interface); }).join();
     EXPECT_EQ(of_another_thread, nullptr);
-    platform::replace_presenter(shown);
+    forms::replace_presenter(shown);
     dialogs::install_dialog_resources();
 
     QLineEdit own;
@@ -53,7 +51,7 @@ TEST(Host, KeepsItsApplicationAndItsWindowWaits) {
     shown->enable(handle, true);
     QTest::keyClick(own.windowHandle(), Qt::Key_8);
     EXPECT_EQ(own.text(), "8");
-    platform::replace_presenter(nullptr);
+    forms::replace_presenter(nullptr);
 }
 
 // A window of X by a program that knows nothing of the toolkit.

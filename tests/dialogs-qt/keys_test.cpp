@@ -44,7 +44,7 @@ TEST_F(Windows, ATypedNumberBesidePicksIsMarkedUntilItIsOneOfThem) {
     char first[31] = "";
     char* receivers[] = {first};
     std::int32_t cover = 0;
-    platform::window_handle nothing = nullptr;
+    forms::window_handle nothing = nullptr;
     dialogs::CDialogSendSelect dialog(nothing, &record, receivers, &cover);
     const auto type = [](std::int32_t id, const char* text) {
         control(send_form, id)->setFocus();

@@ -10,7 +10,7 @@ namespace zerdix::test {
 namespace {
 
 using dialogs::send_form;
-using platform::SftTree_WndProc;
+using forms::SftTree_WndProc;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 
@@ -29,18 +29,18 @@ class Lists : public Windows {
         return SftTree_WndProc(dialog.list(2331), message, wParam, lParam);
     }
     void set_columns(std::int32_t width) {
-        const platform::column_record columns[2] = {{width / 2, 0, 0, 0}, {width / 2, 0, 0, 0}};
-        send(platform::write_columns, 2, reinterpret_cast<std::intptr_t>(columns));
+        const forms::column_record columns[2] = {{width / 2, 0, 0, 0}, {width / 2, 0, 0, 0}};
+        send(forms::write_columns, 2, reinterpret_cast<std::intptr_t>(columns));
     }
     void add(int rows) {
         for (int i = 0; i < rows; ++i) {
-            const auto row = send(platform::add_row, 0, reinterpret_cast<std::intptr_t>("e"));
-            send(platform::choose_column, 1);
-            send(platform::write_cell, static_cast<std::uintptr_t>(row),
+            const auto row = send(forms::add_row, 0, reinterpret_cast<std::intptr_t>("e"));
+            send(forms::choose_column, 1);
+            send(forms::write_cell, static_cast<std::uintptr_t>(row),
                  reinterpret_cast<std::intptr_t>("K\xf6ln"));
         }
     }
-    bool in_view(std::uintptr_t row) { return send(platform::row_place, row) == 0; }
+    bool in_view(std::uintptr_t row) { return send(forms::row_place, row) == 0; }
     static QTableView* table() { return control<QTableView>(send_form, 2331); }
     void finish() { dialog.EndDialog(1); }
 
@@ -51,7 +51,7 @@ TEST_F(Lists, FillsWhileTheUserScrolls) {
     // What the send dialog does: the next block when the last row comes into view.
     int blocks = 0;
     dialog.on(2331, control_event::scrolled, [&] {
-        if (blocks < 4 && in_view(static_cast<std::uintptr_t>(send(platform::count_rows)) - 1)) {
+        if (blocks < 4 && in_view(static_cast<std::uintptr_t>(send(forms::count_rows)) - 1)) {
             ++blocks;
             add(30);
         }
@@ -71,7 +71,7 @@ TEST_F(Lists, FillsWhileTheUserScrolls) {
             [&] {
                 EXPECT_EQ(table()->model()->rowCount(), 90);
                 EXPECT_FALSE(in_view(0));
-                send(platform::remove_rows);
+                send(forms::remove_rows);
                 EXPECT_EQ(table()->model()->rowCount(), 0);
                 finish();
             }});
@@ -95,11 +95,11 @@ TEST_F(Lists, TellsOfScrollingWhereThereIsNothingToScroll) {
 TEST_F(Lists, SelectsByMouseAndKeysAndTellsNothingOfWhatTheDialogSelects) {
     script({[&] {
                 add(50);
-                send(platform::select_row, 40);
-                send(platform::show_row, 40);
+                send(forms::select_row, 40);
+                send(forms::show_row, 40);
                 EXPECT_TRUE(in_view(40));
                 EXPECT_EQ(table()->selectionModel()->selectedRows().front().row(), 40);
-                send(platform::show_row, 0);
+                send(forms::show_row, 0);
             },
             [&] {
                 dialog.notes.clear();
@@ -108,7 +108,7 @@ TEST_F(Lists, SelectsByMouseAndKeysAndTellsNothingOfWhatTheDialogSelects) {
                 QTest::keyClick(table(), Qt::Key_Down);
                 QTest::keyClick(table(), Qt::Key_Return);
                 QTest::mouseDClick(table()->viewport(), Qt::LeftButton, {}, second);
-                send(platform::select_row, static_cast<std::uintptr_t>(-1));
+                send(forms::select_row, static_cast<std::uintptr_t>(-1));
                 EXPECT_TRUE(table()->selectionModel()->selectedRows().isEmpty());
                 QTest::keyClick(table(), Qt::Key_Home);
                 finish();
@@ -120,15 +120,15 @@ TEST_F(Lists, SelectsByMouseAndKeysAndTellsNothingOfWhatTheDialogSelects) {
 }
 
 TEST_F(Lists, KeepsTheWidthThatTheUserDrew) {
-    static const platform::font_description large{-30, 700, "Courier"};
+    static const forms::font_description large{-30, 700, "Courier"};
     script({[&] {
         EXPECT_EQ(table()->horizontalScrollBar()->maximum(), 0) << "the columns fill the list";
         const int row = table()->verticalHeader()->defaultSectionSize();
         table()->horizontalHeader()->resizeSection(1, 77);
-        send(platform::set_font, reinterpret_cast<std::uintptr_t>(&large));
+        send(forms::set_font, reinterpret_cast<std::uintptr_t>(&large));
         EXPECT_EQ(table()->columnWidth(1), 77);
-        platform::column_record* columns = nullptr;
-        EXPECT_EQ(send(platform::read_columns, 0, reinterpret_cast<std::intptr_t>(&columns)), 2);
+        forms::column_record* columns = nullptr;
+        EXPECT_EQ(send(forms::read_columns, 0, reinterpret_cast<std::intptr_t>(&columns)), 2);
         EXPECT_EQ(columns[1].width, 77);
         EXPECT_GE(table()->verticalHeader()->defaultSectionSize(), row + 8);
         finish();
@@ -138,7 +138,7 @@ TEST_F(Lists, KeepsTheWidthThatTheUserDrew) {
 
 // By the right button on the titles and by the menu key, with the box that the menu leads to.
 TEST_F(Lists, OffersTheFontsInAMenu) {
-    static platform::font_description font{-20, 400, "Courier"};
+    static forms::font_description font{-20, 400, "Courier"};
     dialog.on_posted(31036, [&] {
         EXPECT_TRUE(shown->choose_font(nullptr, font, false));
         dialog.notes.push_back("list font " + font.face);

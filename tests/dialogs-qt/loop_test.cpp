@@ -11,7 +11,7 @@
 #include "dialogs-qt/windows.h"
 #include "gallery/clipped.h"
 #include "gallery/sample_dialog.h"
-#include "start/display.h"
+#include "presenter/display.h"
 
 namespace zerdix::test {
 namespace {
@@ -113,13 +113,13 @@ TEST_F(Windows, AWaitingWindowIsPaintedAtOnceAndAPumpHasAnEnd) {
     while (shown->input_waits() && ++rounds < 50)
         EXPECT_TRUE(shown->take_input());
     EXPECT_LT(rounds, 50);
-    EXPECT_FALSE(shown->is_enabled(reinterpret_cast<platform::window_handle>(0x7654321)));
+    EXPECT_FALSE(shown->is_enabled(reinterpret_cast<forms::window_handle>(0x7654321)));
 }
 
 TEST_F(Windows, StartLeavesTheLocaleAlone) {
     EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
-    EXPECT_EQ(zerdix_presenter(platform::presenter_interface), shown);
-    EXPECT_EQ(zerdix_presenter(platform::presenter_interface - 1), nullptr);
+    EXPECT_EQ(zerdix_presenter(forms::presenter_interface), shown);
+    EXPECT_EQ(zerdix_presenter(forms::presenter_interface - 1), nullptr);
 }
 
 TEST(Display, IsKnownBeforeTheToolkitStarts) {

@@ -13,22 +13,22 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "dialogs/resources.h"
+#include "dialogs/dialog_resources.h"
 #include "dialogs/templates.h"
-#include "platform/dialog/dialog.h"
-#include "platform/dialog/presenter_plugin.h"
-#include "platform/dialog/tree_list.h"
+#include "forms/dialog.h"
+#include "forms/presenter_plugin.h"
+#include "forms/tree_list.h"
 
-extern "C" zerdix::platform::presenter* zerdix_presenter(std::int32_t interface);
+extern "C" zerdix::forms::presenter* zerdix_presenter(std::int32_t interface);
 
 namespace zerdix::test {
 
-using platform::control_event;
+using forms::control_event;
 
 // A dialog of the library that only notes what the user does: "clicked 2301", "changed 2327 030".
-class noting_dialog : public platform::dialog {
+class noting_dialog : public forms::dialog {
   public:
-    explicit noting_dialog(std::int32_t template_id, platform::window_handle owner = nullptr)
+    explicit noting_dialog(std::int32_t template_id, forms::window_handle owner = nullptr)
         : dialog(template_id, owner) {
         for (const auto& one : dialogs::find_template(template_id)->controls)
             listen(one.id);
@@ -74,12 +74,12 @@ class Windows : public ::testing::Test {
   protected:
     Windows() {
         dialogs::install_dialog_resources();
-        platform::SftTree_RegisterApp2(this);
-        shown = zerdix_presenter(platform::presenter_interface);
+        forms::SftTree_RegisterApp2(this);
+        shown = zerdix_presenter(forms::presenter_interface);
         if (shown != nullptr)
-            platform::replace_presenter(shown);
+            forms::replace_presenter(shown);
     }
-    ~Windows() override { platform::replace_presenter(nullptr); }
+    ~Windows() override { forms::replace_presenter(nullptr); }
     void SetUp() override { ASSERT_NE(shown, nullptr); }
 
     static QWidget* window(std::int32_t template_id) {
@@ -100,7 +100,7 @@ class Windows : public ::testing::Test {
             QTimer::singleShot(120 + 60 * at++, qApp, std::move(step));
     }
 
-    platform::presenter* shown = nullptr;
+    forms::presenter* shown = nullptr;
 };
 
 } // namespace zerdix::test

@@ -9,9 +9,9 @@
 #include <zerdix/zerdix.h>
 
 #include "common/string_table.h"
+#include "dialogs/dialog_resources.h"
+#include "dialogs/entry_dialog.h"
 #include "dialogs/kept_setting.h"
-#include "dialogs/resources.h"
-#include "dialogs/tele_entry.h"
 #include "dialogs/user_select.h"
 #include "support/scripted_presenter.h"
 #include "support/test_server.h"
@@ -19,7 +19,7 @@
 namespace zerdix::dialogs {
 namespace {
 
-using platform::dialog_view;
+using forms::dialog_view;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -38,7 +38,7 @@ class EntryAndUser : public ::testing::Test {
   protected:
     EntryAndUser() {
         install_dialog_resources();
-        platform::SftTree_RegisterApp2(this);
+        forms::SftTree_RegisterApp2(this);
         pzerdix = &session;
         session.setUserId("zerdix");
         session.setAlphaserver("127.0.0.1");
@@ -76,7 +76,7 @@ class EntryAndUser : public ::testing::Test {
 
     test::test_server server;
     test::scripted_presenter user;
-    platform::window_handle host = user.foreign_window("host");
+    forms::window_handle host = user.foreign_window("host");
     ZERDIX session;
     TELEBOOK book;
     char name[11] = "";
@@ -191,7 +191,7 @@ TEST_F(EntryAndUser, TheFirstUserIsSelectedUntilOneIsRemembered) {
 
     server.add_users(20); // between the two
     const auto out_of_ten_into_view = [](dialog_view& shown) {
-        platform::row_rectangle place;
+        forms::row_rectangle place;
         EXPECT_TRUE(shown.find(2453)->list->view->in_view(21, place));
         shown.user_closes();
     };

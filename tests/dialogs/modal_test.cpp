@@ -6,19 +6,19 @@
 #include <gtest/gtest.h>
 
 #include "common/string_table.h"
-#include "dialogs/find.h"
+#include "dialogs/dialog_resources.h"
+#include "dialogs/find_dialog.h"
 #include "dialogs/message.h"
-#include "dialogs/notify.h"
+#include "dialogs/notify_dialog.h"
 #include "dialogs/print_abort.h"
-#include "dialogs/resources.h"
-#include "dialogs/wait.h"
+#include "dialogs/wait_dialog.h"
 #include "support/scripted_presenter.h"
 #include "support/test_server.h"
 
 namespace zerdix::dialogs {
 namespace {
 
-using platform::dialog_view;
+using forms::dialog_view;
 using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
@@ -30,8 +30,8 @@ std::string told(std::int32_t number) {
 // Opens as the base class does; its button runs `work`.
 class plain_dialog : public CDialogDriver {
   public:
-    plain_dialog(std::int32_t form, platform::window_handle& parent) : CDialogDriver(form, parent) {
-        on(1, platform::control_event::clicked, [this] { work(*this); });
+    plain_dialog(std::int32_t form, forms::window_handle& parent) : CDialogDriver(form, parent) {
+        on(1, forms::control_event::clicked, [this] { work(*this); });
         on_posted(recipient_search_command, [this] { search(searchText()); });
         on_posted(group_search_command, [this] { search("groups"); });
     }
@@ -58,14 +58,14 @@ class Modal : public ::testing::Test {
   protected:
     Modal() { install_dialog_resources(); }
 
-    std::int32_t run(platform::window_handle over, std::int32_t form = 9650) {
+    std::int32_t run(forms::window_handle over, std::int32_t form = 9650) {
         user.active = over;
         plain_dialog shown(form, over);
         return shown.DoModal();
     }
 
     test::scripted_presenter user;
-    platform::window_handle host = user.foreign_window("host");
+    forms::window_handle host = user.foreign_window("host");
 };
 
 TEST_F(Modal, TheOwnerWaitsUntilTheDialogIsGone) {
@@ -80,7 +80,7 @@ TEST_F(Modal, TheOwnerWaitsUntilTheDialogIsGone) {
 }
 
 TEST_F(Modal, AnOwnerThatWasDisabledStaysSoAndAnotherWindowStaysActive) {
-    platform::window_handle closed = user.foreign_window("closed", false);
+    forms::window_handle closed = user.foreign_window("closed", false);
     user.script(9650, {[&](dialog_view& shown) {
                     user.active = host;
                     shown.user_clicks(1);
@@ -113,10 +113,10 @@ TEST_F(Modal, WhatCannotRunGivesMinusOneAndLeavesTheOwnerEnabled) {
 
 TEST_F(Modal, WithoutWindowsNoDialogRuns) {
     const test::environment_value none("ZERDIX_DIALOGS", "none");
-    platform::replace_presenter(nullptr);
+    forms::replace_presenter(nullptr);
     EXPECT_EQ(run(nullptr), -1);
     EXPECT_FALSE(CDialogWait(nullptr, 0).create());
-    platform::replace_presenter(&user);
+    forms::replace_presenter(&user);
 }
 
 TEST_F(Modal, MessagesAndNotifications) {

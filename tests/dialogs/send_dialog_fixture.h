@@ -3,7 +3,7 @@
 #define ZERDIX_TESTS_SEND_DIALOG_FIXTURE_H
 
 #include "common/string_table.h"
-#include "dialogs/resources.h"
+#include "dialogs/dialog_resources.h"
 #include "dialogs/send_dialog_bridge.h"
 #include "platform/profile.h"
 #include "sendfax/job_fixture.h"
@@ -12,7 +12,7 @@
 
 namespace zerdix::testing {
 
-using platform::dialog_view;
+using forms::dialog_view;
 using step = test::scripted_presenter::step;
 using steps = std::vector<step>;
 
@@ -64,7 +64,7 @@ class SendDialog : public PrintJob {
     static constexpr std::int32_t form = 2300;
 
     SendDialog() {
-        platform::SftTree_RegisterApp2(this);
+        forms::SftTree_RegisterApp2(this);
         dialogs::install_dialog_resources();
         dialogs::install_send_select();
     }

@@ -91,7 +91,7 @@ TEST_F(SendDialog, TheSearchLoadsTheRestAndGoesRound) {
             auto& list = *user.open(form)->find(2331)->list;
             EXPECT_EQ(list.row_count(), 31);
             EXPECT_EQ(list.selected_row(), row);
-            platform::row_rectangle place;
+            forms::row_rectangle place;
             EXPECT_TRUE(list.view->in_view(row, place));
             EXPECT_TRUE(user.is_enabled(find.window()));
         };

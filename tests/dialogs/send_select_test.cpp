@@ -257,7 +257,7 @@ TEST_F(SendDialog, ADialogThatCantRunIsAFailure) {
     EXPECT_EQ(send_fax({}), 8);
     user.quitting = false;
 
-    platform::window_handle none = nullptr;
+    forms::window_handle none = nullptr;
     a_s_rec record{};
     std::int32_t cover = 0;
     dialogs::CDialogSendSelect without_receivers(none, &record, nullptr, &cover);

@@ -33,7 +33,7 @@ class SftList : public ::testing::Test {
     tests::environment_variable ini{
         "ZERDIX_INI",
         folder.write("zerdix.ini", "[Zerdix]\nKey0=100\nKey1=0\nKey2=wide\nKey4=7\n")};
-    platform::tree_list control;
+    forms::tree_list control;
     test::scripted_list view{control};
     CSftList list;
 };

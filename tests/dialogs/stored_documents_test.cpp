@@ -176,11 +176,17 @@ TEST_F(StoredDocuments, WhatThereIsNothingOfIsCountedOnce) {
 }
 
 // A telex entry that was picked behind a group: the group's members must not shift the pick's net
-// type to another receiver.
+// type to another receiver, and it is that of the entry, whatever its row says of it.
 TEST_F(StoredDocuments, TheNetTypeIsThatOfTheReceiversOwnPick) {
-    const steps telex_behind_group{click(2326), double_click(2304, 1), click(2328),
-                                   click(2324), double_click(2331, 0), click(2325),
-                                   click(2301)};
+    const steps telex_behind_group{
+        click(2326),
+        double_click(2304, 1),
+        click(2328),
+        click(2324),
+        [](dialog_view& shown) { shown.find(2331)->list->rows[0][5] = told(1332); },
+        double_click(2331, 0),
+        click(2325),
+        click(2301)};
     EXPECT_EQ(send_one(fax, telex_behind_group), 2301);
     EXPECT_THAT(receivers(), ElementsAre("common:druckerei", "common:spedition", "private:kunde1",
                                          "private:kunde2"));

@@ -9,11 +9,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "platform/append_file.h"
 #include "platform/host_lookup.h"
 #include "platform/message_box.h"
 #include "platform/scratch.h"
 #include "platform/tick.h"
-#include "platform/trace_file.h"
 
 using namespace zerdix;
 
@@ -75,7 +75,7 @@ TEST(MessageBox, NeitherWaitsForAReaderNorDiesOfOneThatHasGone) {
 TEST(TraceFile, CreatesAppendsAndTellsWhyNot) {
     const tests::scratch_folder folder;
     const std::string path = folder.path("trace");
-    auto& files = platform::trace_file();
+    auto& files = platform::append_files();
     EXPECT_FALSE(files.exists(path.c_str()));
     EXPECT_EQ(files.open_at_end(path.c_str()).error, ENOENT);
     for (const char* text : {"one", "two"}) {
@@ -88,7 +88,7 @@ TEST(TraceFile, CreatesAppendsAndTellsWhyNot) {
     }
     EXPECT_EQ(folder.read("trace"), "onetwo");
     const auto failed = files.create(folder.path("no/such/folder").c_str());
-    EXPECT_EQ(failed.handle, platform::trace_file_port::invalid);
+    EXPECT_EQ(failed.handle, platform::append_file_port::invalid);
     EXPECT_EQ(failed.error, ENOENT);
     files.write(failed.handle, "lost");
     ASSERT_EQ(::mkfifo(folder.path("pipe").c_str(), 0600), 0);
@@ -99,12 +99,12 @@ TEST(TraceFile, NeverTakesTheNumberOfAStandardStream) {
     const tests::scratch_folder folder;
     const int saved = ::dup(STDIN_FILENO);
     ::close(STDIN_FILENO);
-    const auto opened = platform::trace_file().create(folder.path("trace").c_str());
+    const auto opened = platform::append_files().create(folder.path("trace").c_str());
     const bool stdin_is_free = ::fcntl(STDIN_FILENO, F_GETFD) < 0;
     if (saved >= 0)
         ::dup2(saved, STDIN_FILENO);
     ::close(saved);
     EXPECT_GT(opened.handle, STDERR_FILENO);
     EXPECT_TRUE(stdin_is_free);
-    platform::trace_file().close(opened.handle);
+    platform::append_files().close(opened.handle);
 }

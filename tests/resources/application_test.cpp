@@ -9,7 +9,7 @@
 #include "common/show_message.h"
 #include "common/string_table.h"
 #include "dialogs/application.h"
-#include "platform/dialog/tree_list.h"
+#include "forms/tree_list.h"
 #include "platform/scratch.h"
 #include "support/scripted_presenter.h"
 
@@ -92,7 +92,7 @@ TEST_F(Application, SaysThatThereIsNoResourceLibraryAndGoesOnInGerman) {
         EXPECT_EQ(ZERDIX::clsGetLanguage(), c.letter) << c.line;
         EXPECT_THAT(boxes.shown, ElementsAre(Pair(no_library, "zerDIX"))) << c.line;
         EXPECT_EQ(dialogs::hResourceLib, 0u);
-        EXPECT_TRUE(platform::tree_lists_registered());
+        EXPECT_TRUE(forms::tree_lists_registered());
         boxes.shown.clear();
     }
 }
@@ -149,7 +149,7 @@ TEST_F(Application, TakesTheFontThatTheUserChoosesUntilTheProgramEnds) {
     const std::string before = folder.read("zerdix.ini");
     CZerdixApp application;
     test::scripted_presenter user;
-    const platform::font_description* font = application.listFont();
+    const forms::font_description* font = application.listFont();
     application.OnCommand(dialogs::choose_list_font); // cancelled
     EXPECT_EQ(font->height, -20);
     user.fonts = {{.height = 9, .weight = 700, .face = "Arial"}, {}};

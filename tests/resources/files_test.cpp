@@ -16,7 +16,7 @@
 #include "platform/resource_text.h"
 
 using namespace zerdix;
-using platform::control_kind;
+using forms::control_kind;
 using platform::resource_texts;
 
 namespace {
@@ -56,7 +56,7 @@ bool has_no_letter_of_its_own(std::int32_t control) {
     return control == 2320 || control == 2310;
 }
 
-std::string doubled_letters(const resource_texts& texts, const platform::dialog_template& form) {
+std::string doubled_letters(const resource_texts& texts, const forms::dialog_template& form) {
     std::map<char, int> uses;
     for (const auto& control : form.controls) {
         auto caption = texts.captions.find({form.id, control.id});

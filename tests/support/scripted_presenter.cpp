@@ -8,9 +8,9 @@
 
 namespace zerdix::test {
 
-using platform::control_kind;
-using platform::dialog_view;
-using platform::window_handle;
+using forms::control_kind;
+using forms::dialog_view;
+using forms::window_handle;
 
 void scripted_list::columns_changed() {
     dragged_.clear();
@@ -21,7 +21,7 @@ void scripted_list::bring_into_view(std::int32_t row) {
         first = row;
 }
 
-bool scripted_list::in_view(std::int32_t row, platform::row_rectangle& place) {
+bool scripted_list::in_view(std::int32_t row, forms::row_rectangle& place) {
     if (row < first || row >= first + rows)
         return false;
     constexpr std::int32_t height = 16;
@@ -35,10 +35,10 @@ std::int32_t scripted_list::column_width(std::int32_t column) {
                                    : list_.columns[static_cast<std::size_t>(column)].width;
 }
 
-scripted_presenter::scripted_presenter() : before_(platform::replace_presenter(this)) {}
+scripted_presenter::scripted_presenter() : before_(forms::replace_presenter(this)) {}
 
 scripted_presenter::~scripted_presenter() {
-    platform::replace_presenter(before_);
+    forms::replace_presenter(before_);
 }
 
 void scripted_presenter::script(std::int32_t template_id, std::vector<step> steps) {
@@ -138,7 +138,7 @@ void scripted_presenter::deliver_posted() {
     }
 }
 
-platform::loop_end scripted_presenter::run_modal(dialog_view& dialog) {
+forms::loop_end scripted_presenter::run_modal(dialog_view& dialog) {
     constexpr std::int32_t notification = 9650;
     const bool scripted = !scripts_[dialog.form()->id].empty();
     std::deque<step> steps = take_script(dialog);
@@ -152,8 +152,7 @@ platform::loop_end scripted_presenter::run_modal(dialog_view& dialog) {
         if (!dialog.has_ended() && !quitting)
             run_step(dialog, steps);
     }
-    return dialog.has_ended() ? platform::loop_end::dialog_ended
-                              : platform::loop_end::program_quits;
+    return dialog.has_ended() ? forms::loop_end::dialog_ended : forms::loop_end::program_quits;
 }
 
 void scripted_presenter::run_step(dialog_view& dialog, std::deque<step>& steps) {
@@ -233,7 +232,7 @@ void scripted_presenter::show_message(window_handle owner, std::string_view text
                   std::string(text));
 }
 
-bool scripted_presenter::choose_font(window_handle, platform::font_description& font, bool) {
+bool scripted_presenter::choose_font(window_handle, forms::font_description& font, bool) {
     if (fonts.empty())
         return false;
     font = fonts.front();

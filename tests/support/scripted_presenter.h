@@ -21,15 +21,15 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/dialog/dialog_view.h"
-#include "platform/dialog/presenter.h"
+#include "forms/dialog_view.h"
+#include "forms/presenter.h"
 
 namespace zerdix::test {
 
 // The window of a list: which rows show, and how wide its columns are.
-class scripted_list final : public platform::tree_list_view {
+class scripted_list final : public forms::tree_list_view {
   public:
-    explicit scripted_list(platform::tree_list& list) : list_(list) {}
+    explicit scripted_list(forms::tree_list& list) : list_(list) {}
 
     std::int32_t first = 0; // the row at the top
     std::int32_t rows = 10; // how many show
@@ -44,18 +44,18 @@ class scripted_list final : public platform::tree_list_view {
     void columns_changed() override;
     void selection_changed() override {}
     void bring_into_view(std::int32_t row) override;
-    bool in_view(std::int32_t row, platform::row_rectangle& place) override;
+    bool in_view(std::int32_t row, forms::row_rectangle& place) override;
     std::int32_t client_width() override { return width; }
     std::int32_t column_width(std::int32_t column) override;
 
   private:
-    platform::tree_list& list_;
+    forms::tree_list& list_;
     std::map<std::int32_t, std::int32_t> dragged_;
 };
 
-class scripted_presenter final : public platform::presenter {
+class scripted_presenter final : public forms::presenter {
   public:
-    using step = std::function<void(platform::dialog_view&)>;
+    using step = std::function<void(forms::dialog_view&)>;
 
     scripted_presenter();
     ~scripted_presenter();
@@ -80,46 +80,46 @@ class scripted_presenter final : public platform::presenter {
     std::vector<std::string> messages;
 
     // A window of another program.
-    platform::window_handle foreign_window(std::string name, bool enabled = true);
+    forms::window_handle foreign_window(std::string name, bool enabled = true);
     // What the user looks at; a dialog that shows becomes it.
-    platform::window_handle active = nullptr;
+    forms::window_handle active = nullptr;
 
     // The open dialog of that template, the newest of several; null for none.
-    platform::dialog_view* open(std::int32_t template_id);
-    scripted_list& list(platform::dialog_view& dialog, std::int32_t id);
+    forms::dialog_view* open(std::int32_t template_id);
+    scripted_list& list(forms::dialog_view& dialog, std::int32_t id);
     // The user scrolls so that this row is at the top.
-    void scroll(platform::dialog_view& dialog, std::int32_t id, std::int32_t first);
+    void scroll(forms::dialog_view& dialog, std::int32_t id, std::int32_t first);
 
     // Dialogs of these templates can't be created.
     std::set<std::int32_t> cannot_create;
     // Answers of the font dialog, in turn; without one the user cancels.
-    std::deque<platform::font_description> fonts;
+    std::deque<forms::font_description> fonts;
     // What waits for a pump; false: the program ends.
     std::deque<std::function<bool()>> input;
     bool quitting = false;
     // Runs at the start of each remote call.
     std::function<void()> at_remote_call;
 
-    platform::window_handle create(platform::dialog_view&, platform::window_handle) override;
-    void destroy(platform::window_handle window) override;
-    platform::loop_end run_modal(platform::dialog_view& dialog) override;
-    void show(platform::window_handle window, bool visible) override;
-    void center(platform::window_handle window) override;
-    void make_topmost(platform::window_handle window) override;
-    bool is_enabled(platform::window_handle window) override;
-    void enable(platform::window_handle window, bool enabled) override;
-    bool is_active(platform::window_handle window) override;
-    void activate(platform::window_handle window) override;
-    void control_changed(platform::dialog_view&, std::int32_t) override {}
-    void set_focus(platform::dialog_view& dialog, std::int32_t id) override;
-    void post_command(platform::window_handle window, std::int32_t command) override;
+    forms::window_handle create(forms::dialog_view&, forms::window_handle) override;
+    void destroy(forms::window_handle window) override;
+    forms::loop_end run_modal(forms::dialog_view& dialog) override;
+    void show(forms::window_handle window, bool visible) override;
+    void center(forms::window_handle window) override;
+    void make_topmost(forms::window_handle window) override;
+    bool is_enabled(forms::window_handle window) override;
+    void enable(forms::window_handle window, bool enabled) override;
+    bool is_active(forms::window_handle window) override;
+    void activate(forms::window_handle window) override;
+    void control_changed(forms::dialog_view&, std::int32_t) override {}
+    void set_focus(forms::dialog_view& dialog, std::int32_t id) override;
+    void post_command(forms::window_handle window, std::int32_t command) override;
     void wait_cursor(bool on) override;
     void remote_call_begins() override;
     void remote_call_goes_on() override {}
     void remote_call_ended() override {}
-    void show_message(platform::window_handle owner, std::string_view text,
+    void show_message(forms::window_handle owner, std::string_view text,
                       std::string_view caption) override;
-    bool choose_font(platform::window_handle, platform::font_description& font, bool) override;
+    bool choose_font(forms::window_handle, forms::font_description& font, bool) override;
     bool input_waits() override { return !input.empty(); }
     bool take_input() override;
     void quit(int code) override;
@@ -127,24 +127,24 @@ class scripted_presenter final : public platform::presenter {
   private:
     struct own_window {
         std::string name;
-        platform::dialog_view* dialog = nullptr; // null for a foreign one
+        forms::dialog_view* dialog = nullptr; // null for a foreign one
         bool enabled = true;
         bool visible = false;
         std::map<std::int32_t, std::unique_ptr<scripted_list>> lists;
     };
     struct posted {
-        platform::window_handle window;
+        forms::window_handle window;
         std::int32_t command;
     };
 
-    own_window* find(platform::window_handle handle);
-    std::string name(platform::window_handle handle);
-    void note(platform::window_handle handle, const std::string& what);
-    std::deque<step> take_script(const platform::dialog_view& dialog);
+    own_window* find(forms::window_handle handle);
+    std::string name(forms::window_handle handle);
+    void note(forms::window_handle handle, const std::string& what);
+    std::deque<step> take_script(const forms::dialog_view& dialog);
     void deliver_posted();
-    void run_step(platform::dialog_view& dialog, std::deque<step>& steps);
+    void run_step(forms::dialog_view& dialog, std::deque<step>& steps);
 
-    platform::presenter* before_;
+    forms::presenter* before_;
     std::vector<std::unique_ptr<own_window>> windows_;
     std::map<std::int32_t, std::deque<std::vector<step>>> scripts_;
     std::deque<posted> posted_;

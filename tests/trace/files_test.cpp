@@ -1,6 +1,6 @@
 #include <sys/stat.h>
 
-#include "platform/trace_file.h"
+#include "platform/append_file.h"
 #include "trace/tracing.h"
 
 using namespace zerdix;
@@ -37,10 +37,10 @@ const std::vector<std::string> seven_words_in_20 = {"# Error:  file: : one two  
 constexpr const char* no_buffer = "T_TRACE::T_TRACE: Not enough memory to allocate text buffer";
 
 // A disk on which nothing can be opened.
-class broken_files final : public platform::trace_file_port {
+class broken_files final : public platform::append_file_port {
   public:
-    broken_files() : before_(platform::replace_trace_file(this)) {}
-    ~broken_files() { platform::replace_trace_file(before_); }
+    broken_files() : before_(platform::replace_append_files(this)) {}
+    ~broken_files() { platform::replace_append_files(before_); }
     broken_files(const broken_files&) = delete;
     broken_files& operator=(const broken_files&) = delete;
 
@@ -51,7 +51,7 @@ class broken_files final : public platform::trace_file_port {
     void close(int) override { ADD_FAILURE() << "closed a file that isn't open"; }
 
   private:
-    platform::trace_file_port* before_;
+    platform::append_file_port* before_;
 };
 
 } // namespace

@@ -7,7 +7,7 @@
 
 namespace zerdix::dialogs_qt {
 
-push_button::push_button(window_port& window, platform::control& control, QWidget* parent)
+push_button::push_button(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control, new QPushButton(parent)) {
     const auto& form = *window.dialog().form();
     auto* button = static_cast<QPushButton*>(widget());
@@ -22,7 +22,7 @@ void push_button::refresh_content() {
     static_cast<QPushButton*>(widget())->setText(caption());
 }
 
-checkable::checkable(window_port& window, platform::control& control, QAbstractButton* widget)
+checkable::checkable(window_port& window, forms::control& control, QAbstractButton* widget)
     : control_widget(window, control, widget) {
     QObject::connect(widget, &QAbstractButton::clicked, widget, [this] { clicked(); });
 }
@@ -45,14 +45,14 @@ void checkable::refresh_content() {
         group->setExclusive(true);
 }
 
-radio_button::radio_button(window_port& window, platform::control& control, QWidget* parent)
+radio_button::radio_button(window_port& window, forms::control& control, QWidget* parent)
     : checkable(window, control, new QRadioButton(parent)) {
     const int group = control.form->style.radio_group;
     if (group != 0)
         window.radio_group(group)->addButton(static_cast<QRadioButton*>(widget()));
 }
 
-check_box::check_box(window_port& window, platform::control& control, QWidget* parent)
+check_box::check_box(window_port& window, forms::control& control, QWidget* parent)
     : checkable(window, control, new QCheckBox(parent)) {}
 
 } // namespace zerdix::dialogs_qt

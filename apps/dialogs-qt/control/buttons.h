@@ -10,7 +10,7 @@ namespace zerdix::dialogs_qt {
 
 class push_button final : public control_widget {
   public:
-    push_button(window_port& window, platform::control& control, QWidget* parent);
+    push_button(window_port& window, forms::control& control, QWidget* parent);
 
   private:
     void refresh_content() override;
@@ -19,7 +19,7 @@ class push_button final : public control_widget {
 // The dialog decides what is checked; a click is only told.
 class checkable : public control_widget {
   public:
-    checkable(window_port& window, platform::control& control, QAbstractButton* widget);
+    checkable(window_port& window, forms::control& control, QAbstractButton* widget);
 
   private:
     void refresh_content() override;
@@ -28,12 +28,12 @@ class checkable : public control_widget {
 
 class radio_button final : public checkable {
   public:
-    radio_button(window_port& window, platform::control& control, QWidget* parent);
+    radio_button(window_port& window, forms::control& control, QWidget* parent);
 };
 
 class check_box final : public checkable {
   public:
-    check_box(window_port& window, platform::control& control, QWidget* parent);
+    check_box(window_port& window, forms::control& control, QWidget* parent);
 };
 
 } // namespace zerdix::dialogs_qt

@@ -2,7 +2,7 @@
 
 #include <QComboBox>
 
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -12,7 +12,7 @@ constexpr int least_characters = 14;
 
 } // namespace
 
-combo_control::combo_control(window_port& window, platform::control& control, QWidget* parent)
+combo_control::combo_control(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control, new QComboBox(parent)) {
     auto* box = static_cast<QComboBox*>(widget());
     box->setMinimumContentsLength(least_characters);
@@ -27,7 +27,7 @@ void combo_control::add_new_items() {
     if (static_cast<std::size_t>(box->count()) > control_.items.size())
         box->clear();
     for (auto i = static_cast<std::size_t>(box->count()); i < control_.items.size(); ++i)
-        box->addItem(shown(control_.items[i]));
+        box->addItem(to_unicode(control_.items[i]));
 }
 
 void combo_control::refresh_content() {

@@ -7,7 +7,7 @@ namespace zerdix::dialogs_qt {
 
 class combo_control final : public control_widget {
   public:
-    combo_control(window_port& window, platform::control& control, QWidget* parent);
+    combo_control(window_port& window, forms::control& control, QWidget* parent);
 
     bool grows_wide() const override { return true; }
 

@@ -8,11 +8,11 @@
 #include "control/frame.h"
 #include "control/label.h"
 #include "control/list.h"
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
-control_widget::control_widget(window_port& window, platform::control& control, QWidget* widget)
+control_widget::control_widget(window_port& window, forms::control& control, QWidget* widget)
     : window_(window), control_(control), widget_(widget) {
     widget_->setObjectName(QString::number(control.id()));
 }
@@ -20,7 +20,7 @@ control_widget::control_widget(window_port& window, platform::control& control, 
 control_widget::~control_widget() = default;
 
 QString control_widget::caption() const {
-    return shown(control_.caption);
+    return to_unicode(control_.caption);
 }
 
 void control_widget::make_label(QWidget* parent) {
@@ -31,7 +31,7 @@ void control_widget::make_label(QWidget* parent) {
 
 void control_widget::refresh() {
     refresh_content();
-    widget_->setAccessibleName(plain(caption()));
+    widget_->setAccessibleName(without_accelerator(caption()));
     widget_->setEnabled(control_.enabled);
     widget_->setVisible(control_.visible);
     if (label_ == nullptr)
@@ -41,9 +41,9 @@ void control_widget::refresh() {
     label_->setVisible(control_.visible);
 }
 
-std::unique_ptr<control_widget> make_control_widget(window_port& window, platform::control& control,
+std::unique_ptr<control_widget> make_control_widget(window_port& window, forms::control& control,
                                                     QWidget* parent) {
-    using platform::control_kind;
+    using forms::control_kind;
     switch (control.kind()) {
     case control_kind::label:
         return std::make_unique<label_control>(window, control, parent);

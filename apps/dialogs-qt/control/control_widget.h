@@ -9,7 +9,7 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "platform/dialog/dialog_view.h"
+#include "forms/dialog_view.h"
 
 class QButtonGroup;
 class QLabel;
@@ -19,9 +19,9 @@ namespace zerdix::dialogs_qt {
 // The window, as its controls see it.
 class window_port {
   public:
-    using action = std::function<void(platform::dialog_view&)>;
+    using action = std::function<void(forms::dialog_view&)>;
 
-    virtual platform::dialog_view& dialog() = 0;
+    virtual forms::dialog_view& dialog() = 0;
     // Lets the dialog know what the user did, unless the window itself makes changes just now. The
     // control may be gone afterwards.
     virtual void tell(const action& what) = 0;
@@ -37,7 +37,7 @@ class window_port {
 
 class control_widget {
   public:
-    control_widget(window_port& window, platform::control& control, QWidget* widget);
+    control_widget(window_port& window, forms::control& control, QWidget* widget);
     virtual ~control_widget();
     control_widget(const control_widget&) = delete;
     control_widget& operator=(const control_widget&) = delete;
@@ -51,7 +51,7 @@ class control_widget {
     // In front of the widget, or above it; null for none.
     QLabel* label() const { return label_; }
     std::int32_t id() const { return control_.id(); }
-    const platform::control_template& form() const { return *control_.form; }
+    const forms::control_template& form() const { return *control_.form; }
     // Whether it needs all the room there is.
     virtual bool grows_high() const { return false; }
     virtual bool grows_wide() const { return false; }
@@ -62,14 +62,14 @@ class control_widget {
     QString caption() const;
 
     window_port& window_;
-    platform::control& control_;
+    forms::control& control_;
 
   private:
     QWidget* widget_;
     QLabel* label_ = nullptr;
 };
 
-std::unique_ptr<control_widget> make_control_widget(window_port& window, platform::control& control,
+std::unique_ptr<control_widget> make_control_widget(window_port& window, forms::control& control,
                                                     QWidget* parent);
 
 } // namespace zerdix::dialogs_qt

@@ -4,7 +4,7 @@
 #include <QPlainTextEdit>
 
 #include "control/typed_edit.h"
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -24,13 +24,13 @@ int width_for(const QLineEdit& edit, std::size_t characters) {
 
 } // namespace
 
-edit_control::edit_control(window_port& window, platform::control& control, QWidget* parent)
+edit_control::edit_control(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control, new typed_edit(window, control.id(), parent)) {
     if (control.form->style.captioned)
         make_label(parent);
     auto* edit = static_cast<QLineEdit*>(widget());
     if (label() == nullptr)
-        edit->setPlaceholderText(plain(caption()));
+        edit->setPlaceholderText(without_accelerator(caption()));
     QObject::connect(edit, &QLineEdit::textEdited, edit,
                      [this](const QString& text) { edited(text); });
 }
@@ -41,23 +41,23 @@ bool edit_control::grows_wide() const {
 
 void edit_control::edited(const QString& text) {
     window_.tell(
-        [id = this->id(), bytes = taken(text)](auto& dialog) { dialog.user_edits(id, bytes); });
+        [id = this->id(), bytes = to_cp1252(text)](auto& dialog) { dialog.user_edits(id, bytes); });
 }
 
 void edit_control::refresh_content() {
     auto* edit = static_cast<typed_edit*>(widget());
-    const QString text = shown(control_.text);
+    const QString text = to_unicode(control_.text);
     edit->setMaxLength(control_.limit != 0 ? static_cast<int>(control_.limit) : widest_edit);
     edit->setReadOnly(control_.read_only);
     if (edit->text() != text)
         edit->setText(text);
     edit->set_marked(!control_.mark.empty());
-    edit->setAccessibleDescription(plain(shown(control_.mark)));
+    edit->setAccessibleDescription(without_accelerator(to_unicode(control_.mark)));
     if (!grows_wide())
         edit->setFixedWidth(width_for(*edit, control_.limit));
 }
 
-text_control::text_control(window_port& window, platform::control& control, QWidget* parent)
+text_control::text_control(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control, new QPlainTextEdit(parent)) {
     if (control.form->style.captioned)
         make_label(parent);
@@ -68,7 +68,7 @@ text_control::text_control(window_port& window, platform::control& control, QWid
     edit->setFixedHeight(lines_of_text * edit->fontMetrics().lineSpacing() + margins);
     edit->setMinimumWidth(characters_of_text * edit->fontMetrics().averageCharWidth());
     QObject::connect(edit, &QPlainTextEdit::textChanged, edit, [this, edit] {
-        window_.tell([id = this->id(), bytes = taken(edit->toPlainText())](auto& dialog) {
+        window_.tell([id = this->id(), bytes = to_cp1252(edit->toPlainText())](auto& dialog) {
             dialog.user_edits(id, bytes);
         });
     });
@@ -77,7 +77,7 @@ text_control::text_control(window_port& window, platform::control& control, QWid
 // The newest part of the text stands at its end.
 void text_control::refresh_content() {
     auto* edit = static_cast<QPlainTextEdit*>(widget());
-    const QString text = shown(control_.text);
+    const QString text = to_unicode(control_.text);
     edit->setReadOnly(control_.read_only);
     if (edit->toPlainText() == text)
         return;

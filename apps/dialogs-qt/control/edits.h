@@ -8,7 +8,7 @@ namespace zerdix::dialogs_qt {
 
 class edit_control final : public control_widget {
   public:
-    edit_control(window_port& window, platform::control& control, QWidget* parent);
+    edit_control(window_port& window, forms::control& control, QWidget* parent);
 
     bool grows_wide() const override;
 
@@ -20,7 +20,7 @@ class edit_control final : public control_widget {
 // A text that the user reads. What is typed into one that isn't read-only goes the edit's way.
 class text_control final : public control_widget {
   public:
-    text_control(window_port& window, platform::control& control, QWidget* parent);
+    text_control(window_port& window, forms::control& control, QWidget* parent);
 
     bool grows_wide() const override { return true; }
 

@@ -7,7 +7,7 @@
 #include <QFontMetrics>
 #include <QStringList>
 
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -40,19 +40,19 @@ int characters_of_cell(QFont font, int cell) {
 
 } // namespace
 
-QFont font_of(const platform::font_description& description) {
+QFont font_of(const forms::font_description& description) {
     constexpr int tallest = 200;
     const int height = static_cast<int>(
         std::clamp<std::int64_t>(std::abs(std::int64_t{description.height}), 1, tallest));
     QFont font;
-    font.setFamilies(families(shown(description.face)));
+    font.setFamilies(families(to_unicode(description.face)));
     font.setWeight(static_cast<QFont::Weight>(std::clamp(description.weight, 1, 1000)));
     font.setPixelSize(description.height > 0 ? characters_of_cell(font, height) : height);
     return font;
 }
 
-platform::font_description describe(const QFont& font) {
-    return {-QFontInfo(font).pixelSize(), font.weight(), taken(font.family())};
+forms::font_description describe(const QFont& font) {
+    return {-QFontInfo(font).pixelSize(), font.weight(), to_cp1252(font.family())};
 }
 
 } // namespace zerdix::dialogs_qt

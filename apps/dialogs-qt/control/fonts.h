@@ -3,12 +3,12 @@
 
 #include <QFont>
 
-#include "platform/dialog/presenter.h"
+#include "forms/presenter.h"
 
 namespace zerdix::dialogs_qt {
 
-QFont font_of(const platform::font_description& description);
-platform::font_description describe(const QFont& font);
+QFont font_of(const forms::font_description& description);
+forms::font_description describe(const QFont& font);
 
 } // namespace zerdix::dialogs_qt
 

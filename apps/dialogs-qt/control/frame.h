@@ -8,7 +8,7 @@ namespace zerdix::dialogs_qt {
 // Holds other controls. It has a border only with a caption, which can't come later.
 class frame_control final : public control_widget {
   public:
-    frame_control(window_port& window, platform::control& control, QWidget* parent);
+    frame_control(window_port& window, forms::control& control, QWidget* parent);
 
   private:
     void refresh_content() override;

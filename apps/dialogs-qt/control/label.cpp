@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -12,7 +12,7 @@ constexpr int widest_characters = 64;
 
 } // namespace
 
-label_control::label_control(window_port& window, platform::control& control, QWidget* parent)
+label_control::label_control(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control, new QLabel(parent)) {
     static_cast<QLabel*>(widget())->setTextFormat(Qt::PlainText);
 }
@@ -24,8 +24,8 @@ void label_control::lead_to(QWidget* next) {
 
 void label_control::refresh_content() {
     auto* label = static_cast<QLabel*>(widget());
-    const QString own = shown(control_.text).trimmed();
-    label->setText(!own.isEmpty() || leads_ ? own : plain(caption()));
+    const QString own = to_unicode(control_.text).trimmed();
+    label->setText(!own.isEmpty() || leads_ ? own : without_accelerator(caption()));
     if (own.isEmpty() && leads_)
         label->setText(caption());
     wrap();

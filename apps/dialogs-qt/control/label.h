@@ -8,7 +8,7 @@ namespace zerdix::dialogs_qt {
 // Its text, or its caption where it has none; one with an accelerator leads to the next control.
 class label_control final : public control_widget {
   public:
-    label_control(window_port& window, platform::control& control, QWidget* parent);
+    label_control(window_port& window, forms::control& control, QWidget* parent);
 
     void lead_to(QWidget* next);
 

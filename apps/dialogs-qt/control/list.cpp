@@ -5,11 +5,11 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
-list_control::list_control(window_port& window, platform::control& control, QWidget* parent)
+list_control::list_control(window_port& window, forms::control& control, QWidget* parent)
     : control_widget(window, control,
                      new list_table(new list_model(control.list.get(), parent), parent)),
       model_(static_cast<list_model*>(table().model())) {
@@ -64,7 +64,7 @@ void list_control::open_menu(const QPoint& place) {
     auto* menu = new QMenu(&table());
     menu->setAttribute(Qt::WA_DeleteOnClose);
     for (const auto& [command, text] : window_.dialog().form()->list_menu) {
-        const auto* line = menu->addAction(shown(window_.dialog().string_text(text)));
+        const auto* line = menu->addAction(to_unicode(window_.dialog().string_text(text)));
         QObject::connect(line, &QAction::triggered, &table(), [this, command = command] {
             window_.tell_later([command](auto& dialog) { dialog.on_command(command); });
         });
@@ -115,7 +115,7 @@ void list_control::bring_into_view(std::int32_t row) {
     table().scrollTo(model_->index(row, 0));
 }
 
-bool list_control::in_view(std::int32_t row, platform::row_rectangle& place) {
+bool list_control::in_view(std::int32_t row, forms::row_rectangle& place) {
     const QScopedValueRollback quiet(quiet_, true);
     model_->flush();
     const QRect room = table().viewport()->rect();

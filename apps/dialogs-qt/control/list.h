@@ -3,13 +3,13 @@
 
 #include "control/control_widget.h"
 #include "control/list_table.h"
-#include "platform/dialog/tree_list.h"
+#include "forms/tree_list.h"
 
 namespace zerdix::dialogs_qt {
 
-class list_control final : public control_widget, private platform::tree_list_view {
+class list_control final : public control_widget, private forms::tree_list_view {
   public:
-    list_control(window_port& window, platform::control& control, QWidget* parent);
+    list_control(window_port& window, forms::control& control, QWidget* parent);
     ~list_control() override;
 
     void let_go() override;
@@ -27,11 +27,11 @@ class list_control final : public control_widget, private platform::tree_list_vi
     void columns_changed() override;
     void selection_changed() override;
     void bring_into_view(std::int32_t row) override;
-    bool in_view(std::int32_t row, platform::row_rectangle& place) override;
+    bool in_view(std::int32_t row, forms::row_rectangle& place) override;
     std::int32_t client_width() override;
     std::int32_t column_width(std::int32_t column) override;
 
-    platform::tree_list& list() { return *control_.list; }
+    forms::tree_list& list() { return *control_.list; }
     list_table& table() { return *static_cast<list_table*>(widget()); }
     void listen();
     void offer_menu();

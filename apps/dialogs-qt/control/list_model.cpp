@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
-list_model::list_model(const platform::tree_list* list, QObject* parent)
+list_model::list_model(const forms::tree_list* list, QObject* parent)
     : QAbstractTableModel(parent), list_(list) {}
 
 int list_model::rowCount(const QModelIndex& parent) const {
@@ -24,7 +24,7 @@ QVariant list_model::data(const QModelIndex& index, int role) const {
     const auto column = static_cast<std::size_t>(index.column());
     if (row >= list_->rows.size() || column >= list_->rows[row].size())
         return {};
-    return shown(list_->rows[row][column]);
+    return to_unicode(list_->rows[row][column]);
 }
 
 QVariant list_model::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -35,7 +35,7 @@ QVariant list_model::headerData(int section, Qt::Orientation orientation, int ro
         return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
     if (role != Qt::DisplayRole || column >= list_->titles.size())
         return {};
-    return shown(list_->titles[column]);
+    return to_unicode(list_->titles[column]);
 }
 
 void list_model::row_written(int row) {

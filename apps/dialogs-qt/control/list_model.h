@@ -7,13 +7,13 @@
 
 #include <QAbstractTableModel>
 
-#include "platform/dialog/tree_list.h"
+#include "forms/tree_list.h"
 
 namespace zerdix::dialogs_qt {
 
 class list_model final : public QAbstractTableModel {
   public:
-    list_model(const platform::tree_list* list, QObject* parent);
+    list_model(const forms::tree_list* list, QObject* parent);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -34,7 +34,7 @@ class list_model final : public QAbstractTableModel {
     void flush_later();
     void tell_written();
 
-    const platform::tree_list* list_;
+    const forms::tree_list* list_;
     int told_rows_ = 0;
     int told_columns_ = 0;
     int first_written_ = -1;

@@ -46,8 +46,8 @@ list_table::list_table(list_model* model, QWidget* parent) : QTableView(parent) 
     use_fonts(nullptr, nullptr);
 }
 
-void list_table::use_fonts(const platform::font_description* rows,
-                           const platform::font_description* titles) {
+void list_table::use_fonts(const forms::font_description* rows,
+                           const forms::font_description* titles) {
     if (rows != nullptr)
         setFont(font_of(*rows));
     if (titles != nullptr)

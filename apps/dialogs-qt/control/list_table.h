@@ -6,7 +6,7 @@
 #include <QTableView>
 
 #include "control/list_model.h"
-#include "platform/dialog/presenter.h"
+#include "forms/presenter.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -22,8 +22,7 @@ class list_table final : public QTableView {
     std::function<void(int key)> key_pressed;
 
     // Null for the desktop's own.
-    void use_fonts(const platform::font_description* rows,
-                   const platform::font_description* titles);
+    void use_fonts(const forms::font_description* rows, const forms::font_description* titles);
     // Of the table in a window: `characters` of the present font wide, whatever the rows' own, and
     // high enough for `rows` if there is room.
     void set_room(int characters, int rows);

@@ -7,7 +7,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -36,9 +36,9 @@ typed_edit::typed_edit(window_port& window, std::int32_t id, QWidget* parent)
     : QLineEdit(parent), window_(window), id_(id) {}
 
 bool typed_edit::may_type(const QString& text) const {
-    if (!can_be_taken(text))
+    if (!has_cp1252(text))
         return false;
-    const std::string bytes = taken(text);
+    const std::string bytes = to_cp1252(text);
     return std::all_of(bytes.begin(), bytes.end(), [this](char one) {
         return window_.dialog().user_may_type(id_, static_cast<unsigned char>(one));
     });

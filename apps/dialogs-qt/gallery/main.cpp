@@ -7,11 +7,11 @@
 #include <QTextStream>
 #include <QWidget>
 
+#include "forms/presenter_plugin.h"
 #include "gallery/clipped.h"
 #include "gallery/sample_dialog.h"
-#include "platform/dialog/presenter_plugin.h"
 
-extern "C" zerdix::platform::presenter* zerdix_presenter(std::int32_t interface);
+extern "C" zerdix::forms::presenter* zerdix_presenter(std::int32_t interface);
 
 namespace {
 
@@ -67,7 +67,7 @@ int main(int argc, char** argv) {
         line.showHelp(64);
     if (line.isSet("dark"))
         use_dark_colours();
-    platform::replace_presenter(zerdix_presenter(platform::presenter_interface));
+    forms::replace_presenter(zerdix_presenter(forms::presenter_interface));
     gallery::sample_dialog dialog(arguments[0].toInt(), side_of(line.value("side")),
                                   line.isSet("typed"));
     return take(dialog, arguments[1]);

@@ -4,19 +4,19 @@
 #include <utility>
 
 #include "common/string_table.h"
-#include "dialogs/resources.h"
+#include "dialogs/dialog_resources.h"
 #include "dialogs/templates.h"
-#include "platform/dialog/tree_list.h"
+#include "forms/tree_list.h"
 
 namespace zerdix::gallery {
 
 namespace {
 
-const platform::font_description list_font{-13, 400, "Courier"};
+const forms::font_description list_font{-13, 400, "Courier"};
 
-std::intptr_t send(platform::tree_list* list, std::uint32_t message, std::uintptr_t wParam = 0,
+std::intptr_t send(forms::tree_list* list, std::uint32_t message, std::uintptr_t wParam = 0,
                    std::intptr_t lParam = 0) {
-    return platform::SftTree_WndProc(list, message, wParam, lParam);
+    return forms::SftTree_WndProc(list, message, wParam, lParam);
 }
 
 std::intptr_t bytes(std::string_view words) {
@@ -26,7 +26,7 @@ std::intptr_t bytes(std::string_view words) {
 } // namespace
 
 bool use_language(const char* file) {
-    platform::SftTree_RegisterApp2(&list_font);
+    forms::SftTree_RegisterApp2(&list_font);
     dialogs::install_dialog_resources();
     if (*file == '\0')
         return true;
@@ -72,27 +72,27 @@ void sample_dialog::titles(std::int32_t list_id, std::initializer_list<std::int3
     auto* one = list(list_id);
     const auto font = reinterpret_cast<std::uintptr_t>(&list_font);
     if (template_id() != dialogs::user_form) {
-        send(one, platform::set_font, font);
-        send(one, platform::write_title_font, font);
+        send(one, forms::set_font, font);
+        send(one, forms::write_title_font, font);
     }
     const auto width = one->view->client_width() / static_cast<std::int32_t>(texts.size());
-    const std::vector<platform::column_record> columns(texts.size(), {width, 0, 0, 0});
-    send(one, platform::write_columns, columns.size(),
+    const std::vector<forms::column_record> columns(texts.size(), {width, 0, 0, 0});
+    send(one, forms::write_columns, columns.size(),
          reinterpret_cast<std::intptr_t>(columns.data()));
     std::uintptr_t column = 0;
     for (const auto number : texts) {
-        send(one, platform::choose_column, column++);
-        send(one, platform::write_title, 0, bytes(common::string_text(number)));
+        send(one, forms::choose_column, column++);
+        send(one, forms::write_title, 0, bytes(common::string_text(number)));
     }
 }
 
 void sample_dialog::row(std::int32_t list_id, std::initializer_list<std::string_view> cells) {
     auto* one = list(list_id);
-    const auto at = static_cast<std::uintptr_t>(send(one, platform::add_row, 0, bytes("")));
+    const auto at = static_cast<std::uintptr_t>(send(one, forms::add_row, 0, bytes("")));
     std::uintptr_t column = 0;
     for (const auto cell : cells) {
-        send(one, platform::choose_column, column++);
-        send(one, platform::write_cell, at, bytes(cell));
+        send(one, forms::choose_column, column++);
+        send(one, forms::write_cell, at, bytes(cell));
     }
 }
 
@@ -151,7 +151,7 @@ void sample_dialog::show_book() {
     for (int i = 1; i <= 40; ++i)
         row(2331, {"kunde" + std::to_string(i), "Kunde " + std::to_string(i), "",
                    "040 55" + std::to_string(100 + i), outside, fax});
-    send(list(2331), platform::select_row, 1);
+    send(list(2331), forms::select_row, 1);
 }
 
 void sample_dialog::show_groups() {
@@ -161,7 +161,7 @@ void sample_dialog::show_groups() {
     enable(2322);
     row(2304, {"kunden", "Alle Kunden", "zerdix", "vertrieb"});
     row(2304, {"presse", "Zeitungen und Sender", "meier", "presse"});
-    send(list(2304), platform::select_row, 0);
+    send(list(2304), forms::select_row, 0);
 }
 
 void sample_dialog::fill_entry() {
@@ -180,7 +180,7 @@ void sample_dialog::fill_users() {
     row(2453, {"meier", "Meier, Einkauf", "alpha"});
     row(2453, {"zerdix", "Zentrale", "alpha"});
     row(2453, {"schulz", "Schulz, Vertrieb", "beta"});
-    send(list(2453), platform::select_row, 1);
+    send(list(2453), forms::select_row, 1);
     set_focus(2453);
 }
 

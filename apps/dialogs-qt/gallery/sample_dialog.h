@@ -7,13 +7,13 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/dialog/dialog.h"
+#include "forms/dialog.h"
 
 namespace zerdix::gallery {
 
 enum class side { none, book, groups };
 
-class sample_dialog final : public platform::dialog {
+class sample_dialog final : public forms::dialog {
   public:
     // `typed`: a number stands in the send dialog beside the picks and isn't one of them.
     sample_dialog(std::int32_t template_id, side chosen, bool typed);

@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <QThread>
 
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
@@ -55,7 +55,7 @@ void call_notice::show_when_due() {
 // At the lower edge, over whatever is there: nothing else moves for it.
 void call_notice::show_on(dialog_window& window) {
     delete label_;
-    label_ = new QLabel(shown(window.view()->string_text(text_server_is_asked)), &window);
+    label_ = new QLabel(to_unicode(window.view()->string_text(text_server_is_asked)), &window);
     label_->setTextFormat(Qt::PlainText);
     label_->setAutoFillBackground(true);
     label_->setBackgroundRole(QPalette::ToolTipBase);

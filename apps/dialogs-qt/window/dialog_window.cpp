@@ -8,16 +8,16 @@
 #include <QThread>
 #include <QTimer>
 
-#include "window/words.h"
+#include "control/unicode.h"
 
 namespace zerdix::dialogs_qt {
 
-dialog_window::dialog_window(platform::dialog_view& dialog, input_gate& gate)
+dialog_window::dialog_window(forms::dialog_view& dialog, input_gate& gate)
     : dialog_(&dialog), gate_(gate) {
     const QScopedValueRollback updating(updating_, updating_ + 1);
     const auto& form = *dialog.form();
     setObjectName(QString::number(form.id));
-    setWindowTitle(shown(dialog.caption()));
+    setWindowTitle(to_unicode(dialog.caption()));
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
     QFont text = font();

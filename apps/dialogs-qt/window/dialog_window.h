@@ -16,14 +16,14 @@ namespace zerdix::dialogs_qt {
 
 class dialog_window final : public QDialog, private window_port {
   public:
-    dialog_window(platform::dialog_view& dialog, input_gate& gate);
+    dialog_window(forms::dialog_view& dialog, input_gate& gate);
     ~dialog_window() override;
 
     // The dialog goes, and its controls with it. The window deletes itself, now or when its
     // handlers are done.
     void let_go();
 
-    platform::dialog_view* view() { return dialog_; }
+    forms::dialog_view* view() { return dialog_; }
     // Made when it is first asked for; the window's flags don't change afterwards.
     QWindow* handle();
     // Stays in front of it, and of all others where the owner does.
@@ -44,7 +44,7 @@ class dialog_window final : public QDialog, private window_port {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    platform::dialog_view& dialog() override { return *dialog_; }
+    forms::dialog_view& dialog() override { return *dialog_; }
     void tell(const action& what) override;
     void tell_later(const action& what) override;
     bool press(std::int32_t button) override;
@@ -59,7 +59,7 @@ class dialog_window final : public QDialog, private window_port {
     void focus_something();
     control_widget* find(std::int32_t id);
 
-    platform::dialog_view* dialog_;
+    forms::dialog_view* dialog_;
     input_gate& gate_;
     form_controls controls_;
     std::map<int, QButtonGroup*> groups_;

@@ -11,7 +11,7 @@ namespace zerdix::dialogs_qt {
 
 namespace {
 
-using platform::control_kind;
+using forms::control_kind;
 
 bool holds_input(const control_widget& control) {
     const auto kind = control.form().kind;
@@ -44,7 +44,7 @@ list_control* as_list(control_widget& control) {
 
 } // namespace
 
-form_controls make_form(QWidget& window, window_port& port, platform::dialog_view& dialog) {
+form_controls make_form(QWidget& window, window_port& port, forms::dialog_view& dialog) {
     form_controls controls;
     form_layout layout(&window);
     for (auto& control : dialog.controls()) {

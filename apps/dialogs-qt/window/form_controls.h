@@ -11,7 +11,7 @@ namespace zerdix::dialogs_qt {
 
 using form_controls = std::vector<std::unique_ptr<control_widget>>;
 
-form_controls make_form(QWidget& window, window_port& port, platform::dialog_view& dialog);
+form_controls make_form(QWidget& window, window_port& port, forms::dialog_view& dialog);
 
 // The width of the window when all that it has shows, at most that of the screen; each list knows
 // its room afterwards. What is hidden has to be refreshed then.

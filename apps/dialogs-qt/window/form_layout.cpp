@@ -8,8 +8,8 @@ namespace zerdix::dialogs_qt {
 
 namespace {
 
-using platform::control_kind;
-using platform::control_place;
+using forms::control_kind;
+using forms::control_place;
 
 // A column of the template is two in the grid, labels and what stands behind them.
 int label_column(const control_place& place) {
@@ -29,7 +29,7 @@ bool has_border(const QWidget* widget) {
 }
 
 // A button under a text is as wide as its words; buttons in a column of their own are equally wide.
-Qt::Alignment alignment_of(const platform::control_template& form) {
+Qt::Alignment alignment_of(const forms::control_template& form) {
     const bool under_text =
         form.kind == control_kind::push_button && form.place.frame == 0 && form.place.column == 0;
     return under_text ? Qt::AlignHCenter : Qt::Alignment();

@@ -16,7 +16,7 @@ class form_layout {
     explicit form_layout(QWidget* window);
 
     // The widget that a control with this place belongs into. Frames come before what they hold.
-    QWidget* parent_of(const platform::control_place& place) const;
+    QWidget* parent_of(const forms::control_place& place) const;
     void add(const control_widget& control);
     // After the last control: says where room goes that nobody needs.
     void finish();
@@ -25,14 +25,14 @@ class form_layout {
     struct area {
         QWidget* widget = nullptr;
         QGridLayout* grid = nullptr;
-        platform::control_place place; // in the frame around it
+        forms::control_place place; // in the frame around it
         bool grows_wide = false;
         bool grows_high = false;
     };
 
-    void add_area(int frame, QWidget* widget, const platform::control_place& place);
+    void add_area(int frame, QWidget* widget, const forms::control_place& place);
     void add_with_label(area& into, const control_widget& control);
-    static void grow(area& around, const platform::control_place& place, bool wide, bool high);
+    static void grow(area& around, const forms::control_place& place, bool wide, bool high);
 
     std::map<int, area> areas_;
     std::vector<int> frames_; // from the outermost to the innermost

@@ -12,6 +12,7 @@
 #include "output/value_text.h"
 #include "platform/dialog/presenter_plugin.h"
 #include "platform/encoding.h"
+#include "platform/windows_plugin.h"
 #include "print/fax_sending.h"
 #include "print/leftover.h"
 #include "print/outcome_words.h"

@@ -1,21 +1,21 @@
 #include "rpc/wire/call_watch.h"
 
-#include <utility>
+#include "platform/port_slot.h"
 
 namespace zerdix::wire {
 
 namespace {
 
-constinit call_watch* present = nullptr;
+constinit platform::port_slot<call_watch> slot;
 
 } // namespace
 
 call_watch* replace_call_watch(call_watch* watch) {
-    return std::exchange(present, watch);
+    return slot.replace(watch);
 }
 
 call_watch* present_call_watch() {
-    return present;
+    return slot.current();
 }
 
 } // namespace zerdix::wire

@@ -20,8 +20,7 @@ class call_watch {
 
 constexpr std::chrono::milliseconds call_watch_interval{40};
 
-// Puts `watch` into its place, null for nobody, and returns the one before. The caller keeps it and
-// must take it out again before it goes.
+// As platform/port_slot.h says; null for nobody.
 call_watch* replace_call_watch(call_watch* watch);
 call_watch* present_call_watch();
 
