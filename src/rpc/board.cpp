@@ -24,7 +24,7 @@ a_board_entry* ZERDIX::getBoardEntries(int force) {
     if (force != 0)
         boardRequest.stamp = 0;
     pBoardFirst = nullptr;
-    if (rpc::fetch<proc::a_get_board_1>(caller, boardRequest, pBoardResult, this) == nullptr)
+    if (rpc::fetch<proc::a_get_board_1>(caller, boardRequest, pBoardResult) == nullptr)
         return nullptr;
     boardRequest.stamp = pBoardResult->stamp;
     pBoardFirst = pBoardResult->first;

@@ -14,8 +14,8 @@ constexpr trace::tracer trace_lines{"zerdix"};
 } // namespace
 
 session_state& session() {
-    static session_state state;
-    return state;
+    static session_state* const state = new session_state;
+    return *state;
 }
 
 call_error settle_failed_call(client* handle) {
@@ -33,7 +33,6 @@ call_error settle_failed_call(client* handle) {
 call_error last_failed_call() {
     return session().last_failed_call;
 }
-
 
 client* by_session::handle() const {
     client* present = session().pclient;

@@ -7,6 +7,10 @@
 #ifndef ZERDIX_RPC_CALL_H
 #define ZERDIX_RPC_CALL_H
 
+#include <utility>
+
+#include <zerdix/held_result.h>
+
 #include "rpc/session.h"
 #include "rpc/wire/stub.h"
 
@@ -95,42 +99,59 @@ std::int32_t request(const Policy& policy, const typename P::argument& argument)
     return *answer ? success : refused;
 }
 
-// Whether an object holds a result that is still its own.
-template <class P>
-bool holds(const typename P::result* member, const void* holder) {
-    return member != nullptr && wire::result_slot<P>::holder == holder;
-}
-
-// Releases a result that an object holds. The record is the procedure's: when another object has
-// called it since, what is in it is that one's.
-template <class P>
-void release(typename P::result*& member, const void* holder) {
-    if (holds<P>(member, holder))
-        wire::release(*member);
-    member = nullptr;
-}
-
 // Releases a result, whoever holds it.
 template <class P>
 void forget() {
     wire::release(wire::result_slot<P>::record);
-    wire::result_slot<P>::holder = nullptr;
+    wire::result_slot<P>::place.holder = nullptr;
 }
 
-// An operation that keeps its answer in a member of `holder`: null without a handle, with the
-// member untouched, and null when the call failed, the member null too.
+// An operation that keeps its answer: null without a handle, with the kept one untouched, and null
+// when the call failed, with nothing kept.
 template <class P, class Policy>
 typename P::result* fetch(const Policy& policy, const typename P::argument& argument,
-                          typename P::result*& member, const void* holder) {
+                          held_result<typename P::result>& kept) {
     client* handle = policy.handle();
     if (handle == nullptr)
         return nullptr;
-    release<P>(member, holder);
-    member = call<P>(policy, handle, argument);
-    wire::result_slot<P>::holder = holder;
-    return member;
+    kept.reset();
+    const bool succeeded = call<P>(policy, handle, argument) != nullptr;
+    kept.take_call(wire::result_slot<P>::place, succeeded);
+    return kept.get();
 }
 
 } // namespace zerdix::rpc
+
+namespace zerdix {
+
+template <class Record>
+Record* held_result<Record>::get() const {
+    return place_ != nullptr ? &place_->record : nullptr;
+}
+
+template <class Record>
+bool held_result<Record>::is_own() const {
+    return place_ != nullptr && place_->holder == this;
+}
+
+template <class Record>
+void held_result<Record>::reset() {
+    if (is_own())
+        wire::release(place_->record);
+    place_ = nullptr;
+}
+
+template <class Record>
+void held_result<Record>::take_call(wire::result_place<Record>& place, bool succeeded) {
+    place.holder = this;
+    place_ = succeeded ? &place : nullptr;
+}
+
+template <class Record>
+wire::result_place<Record>* held_result<Record>::detach() {
+    return std::exchange(place_, nullptr);
+}
+
+} // namespace zerdix
 
 #endif

@@ -56,24 +56,23 @@ PTRLIST* ZERDIX::getUserList() {
                              block->getSize());
         return block;
     };
-    if (rpc::gather<o_user_rec>(pUserList, fUserCopies, next_block, key_of) == nullptr) {
+    if (rpc::gather<o_user_rec>(pUserList, next_block, key_of) == nullptr) {
         trace_lines.error("ZERDIX::getUserList(): Error returned from getUserListB()");
         trace_lines.exit("--> ZERDIX::getUserList()");
         return nullptr;
     }
     trace_lines.exit("--> ZERDIX::getUserList(): Number of all loaded user list entries %ld",
                      pUserList->getSize());
-    return pUserList;
+    return pUserList.get();
 }
 
 PTRLIST* ZERDIX::_getUserList() {
     trace_lines.entry("<-- ZERDIX::_getUserList()");
-    PTRLIST* fresh = nullptr;
     if (rpc::fetch_list<proc::a_get_users_1>(by_session{"ZERDIX::_getUserList()"}, {}, pUsersResult,
-                                             fresh, this) == nullptr)
+                                             pUserList) == nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::_getUserList(): Number of Users: %ld\n", fresh->getSize());
-    return rpc::replace_list<o_user_rec>(pUserList, fUserCopies, fresh);
+    trace_lines.exit("--> ZERDIX::_getUserList(): Number of Users: %ld\n", pUserList->getSize());
+    return pUserList.get();
 }
 
 PTRLIST* ZERDIX::getUserListB(const char* userid, const char* alphaid, std::int32_t number) {
@@ -82,20 +81,20 @@ PTRLIST* ZERDIX::getUserListB(const char* userid, const char* alphaid, std::int3
     if (rpc::fetch_list<proc::a_get_usersb_1>(
             by_session{"ZERDIX::getUserListB()"},
             {whole_field<10>(userid), whole_field<35>(alphaid), number}, pUserBlockResult,
-            pUserBlock, this) == nullptr)
+            pUserBlock) == nullptr)
         return nullptr;
     trace_lines.exit("--> ZERDIX::getUserListB(): Number of Users: %ld\n", pUserBlock->getSize());
-    return pUserBlock;
+    return pUserBlock.get();
 }
 
 PTRLIST* ZERDIX::getUserGroups() {
     trace_lines.entry("<-- ZERDIX::getUserGroups()");
     if (rpc::fetch_list<proc::a_get_groups_1>(by_session{"ZERDIX::getUserGroups()"}, {},
-                                              pGroupsResult, pUserGroups, this) == nullptr)
+                                              pGroupsResult, pUserGroups) == nullptr)
         return nullptr;
     trace_lines.exit("--> ZERDIX::getUserGroups(): Number of User Groups: %ld",
                      pUserGroups->getSize());
-    return pUserGroups;
+    return pUserGroups.get();
 }
 
 std::int32_t ZERDIX::clsSearchUserInGroup(const char* groupid) {
@@ -130,55 +129,55 @@ PTRLIST* ZERDIX::getPrinterList() {
     const auto key = [](const a_printer_rec& printer) {
         return std::string{printer.printerid.view()};
     };
-    if (rpc::gather<a_printer_rec>(pPrinterList, fPrinterCopies, next_block, key) == nullptr) {
+    if (rpc::gather<a_printer_rec>(pPrinterList, next_block, key) == nullptr) {
         trace_lines.error("ZERDIX::getPrinterList(): Error returned from getPrinterListB()");
         trace_lines.exit("--> ZERDIX::getPrinterList()");
         return nullptr;
     }
     trace_lines.exit("--> ZERDIX::getPrinterList(): Number of all loaded printer list entries %ld",
                      pPrinterList->getSize());
-    return pPrinterList;
+    return pPrinterList.get();
 }
 
 PTRLIST* ZERDIX::_getPrinterList() {
     trace_lines.entry("<-- ZERDIX::_getPrinterList()");
-    PTRLIST* fresh = nullptr;
     if (rpc::fetch_list<proc::a_get_printers_1>(by_session{"ZERDIX::_getPrinterList()"}, {},
-                                                pPrintersResult, fresh, this) == nullptr)
+                                                pPrintersResult, pPrinterList) == nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::_getPrinterList(): Number of Printers: %ld", fresh->getSize());
-    return rpc::replace_list<a_printer_rec>(pPrinterList, fPrinterCopies, fresh);
+    trace_lines.exit("--> ZERDIX::_getPrinterList(): Number of Printers: %ld",
+                     pPrinterList->getSize());
+    return pPrinterList.get();
 }
 
 PTRLIST* ZERDIX::getPrinterListB(const char* printerid, std::int32_t number) {
     trace_lines.entry("<-- ZERDIX::getPrinterListB(): Printer: <%s> number: (%ld)",
                       or_empty(printerid), number);
-    if (rpc::fetch_list<proc::a_get_printersb_1>(
-            by_session{"ZERDIX::getPrinterListB()"}, {whole_field<10>(printerid), number},
-            pPrinterBlockResult, pPrinterBlock, this) == nullptr)
+    if (rpc::fetch_list<proc::a_get_printersb_1>(by_session{"ZERDIX::getPrinterListB()"},
+                                                 {whole_field<10>(printerid), number},
+                                                 pPrinterBlockResult, pPrinterBlock) == nullptr)
         return nullptr;
     trace_lines.exit("--> ZERDIX::getPrinterListB(): Number of Printers: %ld\n",
                      pPrinterBlock->getSize());
-    return pPrinterBlock;
+    return pPrinterBlock.get();
 }
 
 PTRLIST* ZERDIX::getFreeScanners(std::int32_t selector) {
     trace_lines.entry("<-- ZERDIX::getFreeScanners()");
     if (rpc::fetch_list<proc::a_get_freescanners_1>(by_session{"ZERDIX::getFreeScanners()"},
-                                                    selector, pFreeScannersResult, pScannerList,
-                                                    this) == nullptr)
+                                                    selector, pFreeScannersResult,
+                                                    pScannerList) == nullptr)
         return nullptr;
     trace_lines.exit("--> ZERDIX::getFreeScanners(): Number of free scanners: %ld",
                      pScannerList->getSize());
-    return pScannerList;
+    return pScannerList.get();
 }
 
 PTRLIST* ZERDIX::getAllScanners(std::int32_t selector) {
     trace_lines.entry("<-- ZERDIX::getAllScanners()");
     if (rpc::fetch_list<proc::a_get_scanners_1>(by_session{"ZERDIX::getAllScanners()"}, selector,
-                                                pAllScannersResult, pScannerList, this) == nullptr)
+                                                pAllScannersResult, pScannerList) == nullptr)
         return nullptr;
     trace_lines.exit("--> ZERDIX::getAllScanners(): Number of scanners: %ld",
                      pScannerList->getSize());
-    return pScannerList;
+    return pScannerList.get();
 }

@@ -93,7 +93,7 @@ std::int32_t refusal(std::int32_t status) {
 // From now on no record is kept, in no object: a setter would write that of the user before.
 void forget_user_records() {
     rpc::forget<proc::a_get_user_1>();
-    session().pauserrec = nullptr;
+    session().pauserrec.detach();
     rpc::forget<proc::o_get_user_1>();
 }
 

@@ -41,23 +41,24 @@ struct kept {
 kept<a_user_rec> kept_a_user(ZERDIX& object, const char* name) {
     if (by_session{name}.handle() == nullptr)
         return {nullptr, rpc::no_client};
-    if (session().pauserrec == nullptr && object.getAUserRecord() == nullptr) {
+    if (session().pauserrec.get() == nullptr && object.getAUserRecord() == nullptr) {
         trace_lines.error("%s: RPC error, alpha user record not set\n", name);
         trace_lines.exit("--> %s", name);
         return {nullptr, rpc::call_failed};
     }
-    return {session().pauserrec, rpc::success};
+    return {session().pauserrec.get(), rpc::success};
 }
 
-// The record in `present` is only the object's own as long as no other object has fetched one.
-kept<o_user_rec> kept_o_user(ZERDIX& object, o_user_rec* present, const char* name) {
+// `present` counts only as long as no other object has fetched a record.
+kept<o_user_rec> kept_o_user(ZERDIX& object, const held_result<o_user_rec>& present,
+                             const char* name) {
     if (by_session{name}.handle() == nullptr)
         return {nullptr, rpc::no_client};
-    if (rpc::holds<proc::o_get_user_1>(present, &object))
-        return {present, rpc::success};
-    present = object.getOUserRecord();
-    if (present != nullptr)
-        return {present, rpc::success};
+    if (present.is_own())
+        return {present.get(), rpc::success};
+    o_user_rec* const fetched = object.getOUserRecord();
+    if (fetched != nullptr)
+        return {fetched, rpc::success};
     trace_lines.error("%s: RPC error, omega user record not set\n", name);
     trace_lines.exit("--> %s", name);
     return {nullptr, rpc::call_failed};
@@ -93,11 +94,10 @@ std::int32_t password_result(std::int32_t told) {
 a_user_rec* ZERDIX::getAUserRecord() {
     trace_lines.entry("<-- ZERDIX::getAUserRecord()");
     if (rpc::fetch<proc::a_get_user_1>(by_session{"ZERDIX::getAUserRecord()"},
-                                       session().str10UserId, session().pauserrec,
-                                       &session()) == nullptr)
+                                       session().str10UserId, session().pauserrec) == nullptr)
         return nullptr;
     trace_lines.exit("--> ZERDIX::getAUserRecord()");
-    return session().pauserrec;
+    return session().pauserrec.get();
 }
 
 a_user_rec* ZERDIX::clsGetAUserRecord() {
@@ -105,12 +105,12 @@ a_user_rec* ZERDIX::clsGetAUserRecord() {
     const by_session caller{"ZERDIX::clsGetAUserRecord()"};
     if (caller.handle() == nullptr)
         return nullptr;
-    if (session().pauserrec == nullptr &&
-        rpc::fetch<proc::a_get_user_1>(caller, session().str10UserId, session().pauserrec,
-                                       &session()) == nullptr)
+    if (session().pauserrec.get() == nullptr &&
+        rpc::fetch<proc::a_get_user_1>(caller, session().str10UserId, session().pauserrec) ==
+            nullptr)
         return nullptr;
     trace_lines.exit("--> ZERDIX::clsGetAUserRecord()");
-    return session().pauserrec;
+    return session().pauserrec.get();
 }
 
 std::int32_t ZERDIX::putAUserRecord(const a_user_rec* record) {
@@ -180,10 +180,10 @@ std::int32_t ZERDIX::setActions(std::int32_t actions) {
 o_user_rec* ZERDIX::getOUserRecord() {
     trace_lines.entry("<-- ZERDIX::getOUserRecord()");
     if (rpc::fetch<proc::o_get_user_1>(by_session{"ZERDIX::getOUserRecord()"},
-                                       {{}, session().str10UserId}, pouserrec, this) == nullptr)
+                                       {{}, session().str10UserId}, pouserrec) == nullptr)
         return nullptr;
     trace_lines.exit("--> ZERDIX::getOUserRecord()");
-    return pouserrec;
+    return pouserrec.get();
 }
 
 std::int32_t ZERDIX::putOUserRecord(const o_user_rec* record) {

@@ -122,8 +122,8 @@ std::int32_t TELEBOOK::exportTBook(const char* tbookid, nettypetype nettype, con
     o_get_tbookl_i request = telebook::entry_request(tbookid, nettype, {}, blocksize);
     written_ids written(file);
     for (;;) {
-        const PTRLIST* block = rpc::fetch_list<proc::o_get_tbookl_1>(
-            by_object{pClient}, request, pEntriesResult, pEntryList, this);
+        const PTRLIST* block = rpc::fetch_list<proc::o_get_tbookl_1>(by_object{pClient}, request,
+                                                                     pEntriesResult, pEntryList);
         if (block == nullptr)
             return rpc::refused;
         const std::uint32_t count = block->getSize();

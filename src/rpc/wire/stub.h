@@ -15,11 +15,18 @@ namespace zerdix::wire {
 // Time-out of every call, in seconds.
 constexpr int call_seconds = 25;
 
-// The process-wide result record of a procedure, and the object that made the last call of it.
+// A procedure's result record, and who made the last call of the procedure.
+template <class Record>
+struct result_place {
+    Record record{};
+    const void* holder = nullptr;
+};
+
+// The one of a procedure, process-wide.
 template <class P>
 struct result_slot {
-    static inline typename P::result record{};
-    static inline const void* holder = nullptr;
+    static inline result_place<typename P::result> place{};
+    static constexpr typename P::result& record = place.record;
 };
 
 // One call with everything type-less, over a handle that wire::connect made.
