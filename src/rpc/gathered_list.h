@@ -3,10 +3,10 @@
 #define ZERDIX_RPC_GATHERED_LIST_H
 
 #include <memory>
-#include <set>
-#include <string>
+#include <vector>
 
 #include <zerdix/held_result.h>
+#include <zerdix/pager.h>
 #include <zerdix/ptrlist.h>
 #include <zerdix/zerdix.h>
 
@@ -23,23 +23,18 @@ class record_list : public PTRLIST {
             delete static_cast<Record*>((*this)[i]);
     }
 
-    // Puts copies of a block's records, from index `skip` on, behind the list.
-    void append_copies(const PTRLIST& block, std::uint32_t skip) {
+    // Puts copies of records behind the list.
+    void append_copies(const std::vector<const Record*>& records) {
         copies_ = true;
-        const std::uint32_t have = getSize();
-        setSize(have + block.getSize() - skip);
-        for (std::uint32_t i = have; i < getSize(); ++i)
-            setPtr(i, new Record(*static_cast<Record*>(block[i - have + skip])));
+        std::uint32_t next = getSize();
+        setSize(next + static_cast<std::uint32_t>(records.size()));
+        for (const Record* record : records)
+            setPtr(next++, new Record(*record));
     }
 
   private:
     bool copies_ = false;
 };
-
-template <class Record>
-Record& last_of(PTRLIST& list) {
-    return *static_cast<Record*>(list[list.getSize() - 1]);
-}
 
 // How many records a block of a gathered list asks for. A block of one would hold nothing but the
 // record that it is asked for by.
@@ -58,22 +53,19 @@ inline std::int32_t block_to_gather() {
 // gathering, so that it ends whatever the server does.
 template <class Record, class NextBlock, class Key>
 PTRLIST* gather(std::unique_ptr<record_list<Record>>& list, NextBlock next_block, Key key) {
-    PTRLIST* block = next_block(static_cast<const Record*>(nullptr));
-    if (block == nullptr)
+    pager<Record, end_at_repeat<Record, Key>> pages{end_at_repeat<Record, Key>{key}};
+    paging step = pages.next(next_block);
+    if (step == paging::failed)
         return nullptr;
     list = std::make_unique<record_list<Record>>();
-    std::set<std::string> asked;
-    for (std::uint32_t skip = 0; block->getSize() > 0; skip = 1) {
-        const bool leads_back = !asked.insert(key(last_of<Record>(*block))).second;
-        const std::uint32_t fresh = leads_back ? 0 : block->getSize() - skip;
-        if (fresh > 0)
-            list->append_copies(*block, skip);
+    while (pages.block_size() > 0) {
+        list->append_copies(pages.fresh());
         // One that couldn't be had (-1) doesn't end the list: the next block tells what is wrong.
         const std::int64_t size = block_to_gather();
-        if (fresh == 0 || fresh < size - 1)
+        if (step == paging::ended || static_cast<std::int64_t>(pages.fresh().size()) < size - 1)
             break;
-        block = next_block(&last_of<Record>(*list));
-        if (block == nullptr)
+        step = pages.next(next_block);
+        if (step == paging::failed)
             return nullptr;
     }
     return list.get();
