@@ -1,7 +1,8 @@
 // The one way of making a remote call: client check, release of the old result, the call, and what
 // follows a call that failed.
 //
-// A policy tells who calls. `by_session` is ZERDIX: it uses the session's handle and traces.
+// A policy tells who calls. `by_session` is ZERDIX: it uses the session's handle and writes the
+// operation's entry and exit lines.
 // `by_object` is JOURNAL and TELEBOOK: each object keeps a copy of the handle, which counts as none
 // once it isn't the session's present one, and there are no trace lines.
 #ifndef ZERDIX_RPC_CALL_H
@@ -12,6 +13,7 @@
 #include <zerdix/held_result.h>
 
 #include "rpc/session.h"
+#include "rpc/trace_lines.h"
 #include "rpc/wire/stub.h"
 
 namespace zerdix::rpc {
@@ -43,15 +45,34 @@ class failed_call_mark {
     std::uint32_t before_;
 };
 
-class by_session {
+class by_session : public trace::operation {
   public:
     // `name` is the operation's qualified name with its parentheses.
-    explicit by_session(const char* name) : name_(name) {}
+    explicit by_session(const char* name) : operation(trace_lines, name, "<-- %s", name) {}
+
+    // With an entry line that tells more.
+    template <trace::traceable... Arguments>
+    by_session(const char* name, trace::tracer::format<Arguments...> entry, Arguments... arguments)
+        : operation(trace_lines, name, entry, arguments...) {}
 
     client* handle() const;
-    void failed(client* handle) const;
+    void failed(client* handle) const { failed(handle, name()); }
+
+    // `call` is what the lines of the failure name.
+    void failed(client* handle, const char* call) const;
+};
+
+// A further call of an operation, which has a name of its own in the lines of a failure.
+class by_session_step {
+  public:
+    by_session_step(const by_session& operation, const char* name)
+        : operation_(operation), name_(name) {}
+
+    client* handle() const { return operation_.handle(); }
+    void failed(client* handle) const { operation_.failed(handle, name_); }
 
   private:
+    const by_session& operation_;
     const char* name_;
 };
 

@@ -4,15 +4,9 @@
 
 #include "rpc/call.h"
 #include "rpc/gathered_list.h"
-#include "trace/traced.h"
 
 using namespace zerdix;
-
-namespace {
-
-constexpr trace::tracer trace_lines{"zerdix"};
-
-} // namespace
+using rpc::trace_lines;
 
 ZERDIX::ZERDIX() {
     trace_lines.life("C <-- ZERDIX::ZERDIX()");

@@ -4,15 +4,14 @@
 
 #include "rpc/block_transfer.h"
 #include "rpc/fields.h"
-#include "trace/traced.h"
 
 using namespace zerdix;
 using rpc::by_session;
+using rpc::trace_lines;
 namespace proc = rpc::proc;
 
 namespace {
 
-constexpr trace::tracer trace_lines{"zerdix"};
 constexpr std::int32_t store_block = 16384;
 
 // Fills the signature's room block by block and sets its size; false when a call failed.
@@ -36,7 +35,6 @@ bool fetch_blocks(const by_session& caller, a_get_sigb_i request, held_result<a_
 } // namespace
 
 page_dat* ZERDIX::getSignature() {
-    trace_lines.entry("<-- ZERDIX::getSignature()");
     const by_session caller{"ZERDIX::getSignature()"};
     if (caller.handle() == nullptr)
         return nullptr;
@@ -52,12 +50,11 @@ page_dat* ZERDIX::getSignature() {
             !fetch_blocks(caller, request, pSignatureResult, room, signature))
             return nullptr;
     }
-    trace_lines.exit("--> ZERDIX::getSignature(): %ld Bytes loaded\n", signature.size);
+    caller.exit("--> ZERDIX::getSignature(): %ld Bytes loaded\n", signature.size);
     return &signature;
 }
 
 std::int32_t ZERDIX::putSignature(const page_dat* data) {
-    trace_lines.entry("<-- ZERDIX::putSignature()");
     const by_session caller{"ZERDIX::putSignature()"};
     if (caller.handle() == nullptr)
         return rpc::no_client;
@@ -71,8 +68,5 @@ std::int32_t ZERDIX::putSignature(const page_dat* data) {
             trace_lines.error("Error returned from a_put_sigb_1()\n");
         return rc;
     };
-    const std::int32_t rc = rpc::send_blocks(*data, store_block, send);
-    if (rc != rpc::call_failed) // which has left a line of its own
-        trace_lines.exit("--> ZERDIX::putSignature()");
-    return rc;
+    return rpc::send_blocks(*data, store_block, send);
 }

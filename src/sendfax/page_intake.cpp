@@ -173,10 +173,11 @@ extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::
             return failure;
         }
     }
-    trace_lines.entry("<-- StoreFaxPage(): Size of Bitmap: %ld Page Index: %hd", size, page_index);
+    const trace::operation traced{
+        trace_lines, "StoreFaxPage():", "<-- StoreFaxPage(): Size of Bitmap: %ld Page Index: %hd",
+        size, page_index};
     if (is_sending()) {
         trace_lines.error("StoreFaxPage(): the job is being sent and takes no more pages");
-        trace_lines.exit("--> StoreFaxPage():");
         return failure;
     }
     const std::size_t bytes = block != nullptr && size > 0 ? static_cast<std::size_t>(size) : 0;
@@ -184,26 +185,25 @@ extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::
         take_page({static_cast<const unsigned char*>(block), bytes}, paper_source, log);
     if (!taken)
         sending::job_outcome().failed_so_far(failure);
-    trace_lines.exit("--> StoreFaxPage():");
     return taken ? success : failure;
 }
 
 extern "C" std::int32_t DeleteFaxDoc() {
-    trace_lines.entry("<-- DeleteFaxDoc() -  Faxid: %ld", job().lFaxid);
+    const trace::operation traced{
+        trace_lines, "DeleteFaxDoc():", "<-- DeleteFaxDoc() -  Faxid: %ld", job().lFaxid};
     if (is_sending()) {
-        trace_lines.exit("--> DeleteFaxDoc(): job is being sent");
+        traced.exit("--> DeleteFaxDoc(): job is being sent");
         return failure;
     }
     const bool has_document = job().lFaxid != NO_FAXID && job().pjournal != nullptr;
     if (has_document && !job_sender().remove(job().lFaxid)) {
         sending::job_outcome().failed_so_far(failure);
         trace_lines.error("-> DeleteFaxDoc(): Problems with deleting document");
-        trace_lines.exit("--> DeleteFaxDoc():");
         return failure;
     }
     close_job();
     sending::job_outcome().ended(success);
-    trace_lines.exit("--> -> DeleteFaxDoc(): OK");
+    traced.exit("--> -> DeleteFaxDoc(): OK");
     return success;
 }
 
