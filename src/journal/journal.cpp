@@ -1,4 +1,4 @@
-// JOURNAL as an object, and the reading of single records.
+// Making a JOURNAL, and fetching single records. What it holds releases itself.
 
 #include <zerdix/journal.h>
 #include <zerdix/zerdix.h>
@@ -38,7 +38,7 @@ a_p_rec* JOURNAL::getPDoc(std::int32_t faxid) {
 }
 
 a_get_inf_o* JOURNAL::getDocInf(topftype pool, std::int32_t faxid, int markRead) {
-    const rpc::by_patient_object caller{pClient};
+    const rpc::by_object_keeping_handle caller{pClient};
     if (caller.handle() == nullptr)
         return nullptr;
     if (faxid != 0 && markRead == 1)

@@ -10,7 +10,7 @@
 
 using namespace zerdix;
 using rpc::by_object;
-using rpc::by_patient_object;
+using rpc::by_object_keeping_handle;
 using rpc::user_id;
 namespace proc = rpc::proc;
 
@@ -21,7 +21,7 @@ namespace {
 template <class P>
 std::int32_t load(client*& copy, const typename P::argument& request,
                   held_result<typename P::result>& answer, std::unique_ptr<PTRLIST>& list) {
-    const by_patient_object caller{copy};
+    const by_object_keeping_handle caller{copy};
     if (caller.handle() == nullptr)
         return rpc::no_client;
     const auto* loaded = rpc::fetch<P>(caller, request, answer);

@@ -1,4 +1,4 @@
-// Moving page data: a page goes and comes in blocks, one remote call each.
+// Storing and fetching pages, in blocks of one remote call each.
 
 #include <algorithm>
 

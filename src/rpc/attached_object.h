@@ -1,5 +1,6 @@
-// An object of ZERDIX for code that works on a connection that somebody else opened: other than
-// making one, it forgets neither the connection nor the kept user record, and going it leaves both.
+// A ZERDIX object for code that works on a connection which somebody else opened. A plain ZERDIX
+// forgets the session's connection and kept user record when it is made, and releases the record
+// when it is destroyed; with this one both stay.
 #ifndef ZERDIX_RPC_ATTACHED_OBJECT_H
 #define ZERDIX_RPC_ATTACHED_OBJECT_H
 

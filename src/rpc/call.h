@@ -87,10 +87,11 @@ class by_object {
     client** copy_;
 };
 
-// As by_object, for the operations that don't look at the reason of a failure: the handle stays.
-class by_patient_object {
+// As by_object, for the operations that don't ask why a call failed: the handle stays, also when
+// the call timed out.
+class by_object_keeping_handle {
   public:
-    explicit by_patient_object(client*& copy) : object_(copy) {}
+    explicit by_object_keeping_handle(client*& copy) : object_(copy) {}
 
     client* handle() const { return object_.handle(); }
     void failed(client*) const {}

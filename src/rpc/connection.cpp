@@ -1,4 +1,4 @@
-// Opening and closing the connection, and what the session is asked for and told.
+// Opening and closing the connection, and the user, the server and the language of the session.
 
 #include <arpa/inet.h>
 #include <cctype>

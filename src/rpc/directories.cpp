@@ -1,7 +1,7 @@
 // The server's directories: users, user groups, printers and scanners.
 //
 // Users and printers come in three ways: a block, all blocks gathered as copies, and everything in
-// one call. Only the copies are a list's own; the others point into the answers.
+// one call. A gathered list owns its copies; the other lists point into the answers.
 
 #include <string>
 

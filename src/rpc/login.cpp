@@ -16,7 +16,7 @@ namespace proc = rpc::proc;
 
 namespace {
 
-// What this client can speak; a server must be able to speak all of it.
+// The versions of the protocol that this client speaks; a server must speak all of them.
 constexpr std::int32_t compat_low = 1;
 constexpr std::int32_t compat_high = 8;
 
@@ -39,7 +39,7 @@ enum login_status : std::int32_t {
     status_password = 8,
 };
 
-// The calls that a login makes of its own. It closes the connection after one that failed.
+// The policy of a login's own calls. The login closes the connection after one that failed.
 class by_login {
   public:
     explicit by_login(const char* name) : name_(name) {}
@@ -88,7 +88,7 @@ std::int32_t refusal(std::int32_t status) {
     }
 }
 
-// From now on no record is kept, in no object: a setter would write that of the user before.
+// Afterwards no object keeps a record: a setter would write that of the user before.
 void forget_user_records() {
     rpc::forget<proc::a_get_user_1>();
     session().pauserrec.detach();
@@ -129,7 +129,7 @@ std::int32_t ZERDIX::login(const char* userid, const char* password, const char*
     }
     if (rc != rpc::success)
         return rc;
-    // From now on the server goes by the name that it gives itself, if it knows the user's record.
+    // The name that the server gives itself replaces the typed one, if it has the user's record.
     const o_user_rec* user = getOUserRecord();
     if (user != nullptr && !user->alphaid.empty())
         setAlphaserver(std::string{user->alphaid.view()}.c_str());

@@ -1,9 +1,9 @@
 // Turning landscape pages upright.
 
+#include "sendfax/landscape_page.h"
 #include "imaging/owned_bitmap.h"
 #include "sendfax/block_header.h"
 #include "sendfax/job.h"
-#include "sendfax/page_preparers.h"
 #include "sendfax/trace_lines.h"
 
 namespace zerdix::sendfax {

@@ -1,4 +1,4 @@
-// Taking in the pages of a print job, and giving a job up.
+// Storing the pages of a print job, and deleting or abandoning the job.
 
 #include <cstdlib>
 #include <limits>
@@ -12,8 +12,9 @@
 #include "pages/page_codec.h"
 #include "rpc/call.h"
 #include "sendfax/job.h"
+#include "sendfax/landscape_page.h"
+#include "sendfax/letterhead.h"
 #include "sendfax/log_line.h"
-#include "sendfax/page_preparers.h"
 #include "sendfax/trace_lines.h"
 
 using namespace zerdix;
@@ -21,10 +22,7 @@ using namespace zerdix::sendfax;
 
 namespace {
 
-struct freed {
-    void operator()(unsigned char* bytes) const { std::free(bytes); }
-};
-using heap_bytes = std::unique_ptr<unsigned char, freed>;
+using heap_bytes = std::unique_ptr<unsigned char, free_memory>;
 
 // The first page brings the document into being. A failed id stays in the job's state, so that no
 // later page makes another document.
@@ -76,10 +74,11 @@ bool is_room_for_a_page() {
 
 // The C library's allocator gives the memory of large blocks back to the system, which has to clear
 // it anew for every page: that takes longer than all else here. It keeps twice the size of the
-// largest block that it has mapped on its own and seen come back; so it is shown one, which is
-// never touched. Twice this is what a page takes on its way over a letterhead: its work buffer, the
-// two bitmaps, the page's rows once more for the codec, its tables and the compressed page.
-void announce_pages(std::size_t block_size) {
+// largest block that it has mapped by itself and that was freed. So one is allocated and freed
+// here, and never written to. Twice its size is what a page needs on its way over a letterhead: its
+// work buffer, the two bitmaps, the page's rows once more for the codec, its tables and the
+// compressed page.
+void keep_memory_for_pages(std::size_t block_size) {
     void* volatile large = std::malloc(3 * block_size);
     std::free(large);
 }
@@ -145,7 +144,7 @@ bool take_page(std::span<const unsigned char> block, std::int16_t paper_source,
     if (!is_sound(block) || !is_room_for_a_page())
         return not_prepared(0);
     if (job().sPageCount == 0)
-        announce_pages(block.size());
+        keep_memory_for_pages(block.size());
     page_dat page{0, nullptr};
     const rpc::failed_call_mark calls;
     const bool prepared = prepare_page(block, paper_source, page);

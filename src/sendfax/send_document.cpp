@@ -1,4 +1,4 @@
-// The end of a print job: who gets the document, the fan-out, and what becomes of the document.
+// Sending the document of a print job: the receivers, the fan-out, and the end of the job.
 
 #include <cstring>
 #include <ctime>

@@ -1,4 +1,4 @@
-// TELEBOOK as an object, and the operations on phone books and their entries.
+// Making a TELEBOOK, and the operations on phone books and their entries.
 
 #include <zerdix/telebook.h>
 

@@ -19,7 +19,7 @@
 
 namespace zerdix::trace {
 
-// The process's tracer; the one road to it.
+// The tracer of the process. Everything in the library reaches it through this pointer.
 extern T_TRACE* const process_tracer;
 
 enum level : std::uint32_t {

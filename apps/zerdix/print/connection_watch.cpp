@@ -7,13 +7,14 @@
 
 #include <rpc/rpc.h>
 
+#include <zerdix/call_time.h>
 #include <zerdix/zerdix.h>
 
 namespace zerdix::app {
 
 namespace {
 
-constexpr std::chrono::seconds call_limit{25}; // the library's
+constexpr std::chrono::seconds call_limit{call_seconds};
 
 } // namespace
 

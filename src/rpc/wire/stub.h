@@ -1,4 +1,4 @@
-// The client stub: one blocking remote call of one procedure, with nothing around it.
+// The client stub: one blocking remote call of one procedure.
 //
 // Each procedure has one static result record, process-wide. A stub releases what the record still
 // holds, zeroes it, makes the call, and returns its address, or null when the call failed; then the
@@ -12,9 +12,6 @@
 
 namespace zerdix::wire {
 
-// Time-out of every call, in seconds.
-constexpr int call_seconds = 25;
-
 // A procedure's result record, and who made the last call of the procedure.
 template <class Record>
 struct result_place {
@@ -22,7 +19,7 @@ struct result_place {
     const void* holder = nullptr;
 };
 
-// The one of a procedure, process-wide.
+// The place of one procedure's result, process-wide.
 template <class P>
 struct result_slot {
     static inline result_place<typename P::result> place{};

@@ -1,4 +1,4 @@
-// Phone books to a text file, and from one.
+// Exporting a phone book to a text file, and importing one.
 
 #include <filesystem>
 #include <fstream>
@@ -14,7 +14,7 @@
 
 #include "rpc/list.h"
 #include "telebook/entry_request.h"
-#include "telebook/transfer_file.h"
+#include "telebook/phone_book_line.h"
 
 using namespace zerdix;
 using rpc::by_object;

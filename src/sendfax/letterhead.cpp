@@ -7,7 +7,7 @@
 #include "imaging/stretch.h"
 #include "sendfax/block_header.h"
 #include "sendfax/job.h"
-#include "sendfax/page_preparers.h"
+#include "sendfax/letterhead.h"
 #include "sendfax/trace_lines.h"
 
 namespace zerdix::sendfax {
