@@ -13,12 +13,12 @@
 
 namespace zerdix::imaging {
 
-// What fits on a label, and what a user's record holds.
+// The most digits: as many fit on a label, and a user's record holds no more.
 inline constexpr std::size_t barcode_longest = 20;
 
 // The symbol as a page block: header in the machine's order, then 50 equal rows, leftmost pixel in
-// bit 7, a set bit black. The caller frees the block. Null when `digits` aren't 1 to
-// 20 decimal digits, and when memory ran out.
+// bit 7, a set bit black. The caller frees the block. Null when `digits` aren't 1 to 20
+// decimal digits, and when memory ran out.
 unsigned char* BuildBarcodeBlock(const char* digits);
 
 inline constexpr std::int32_t label_width = 1382;

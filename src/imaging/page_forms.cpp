@@ -146,7 +146,6 @@ int FreeLeadBitmap(LeadBitmap* bitmap) {
         bitmap->palette = nullptr;
         bitmap->flags &= ~bitmap_has_palette;
     }
-    // Pixels have no second form here that a context could hold: free always clears the flag.
     if (holds_pixels(*bitmap))
         L_FreeBitmap(bitmap);
     return 1;

@@ -12,7 +12,7 @@
 
 namespace zerdix::rpc {
 
-// A list of pointers into an answer, or of copies, which go with it. It is one or the other.
+// A list of pointers into an answer, or of copies that it owns.
 template <class Record>
 class record_list : public PTRLIST {
   public:
@@ -36,7 +36,7 @@ class record_list : public PTRLIST {
     bool copies_ = false;
 };
 
-// How many records a block of a gathered list asks for. A block of one would hold nothing but the
+// How many records a block of a gathered list asks for. A block of one would hold only the
 // record that it is asked for by.
 inline std::int32_t block_to_gather() {
     const std::int32_t size = ZERDIX::clsGetTelebookBlockSize();
@@ -45,9 +45,8 @@ inline std::int32_t block_to_gather() {
 
 // Gathers a whole list block by block. `next_block(last)` fetches the block that begins at the
 // record `last`, which comes again as the first record of that block; null asks for the first
-// block. Whoever traces does it there. `key(record)` is what a record is asked for by. The list
-// replaces `list`. Null when a block failed: before the first one
-// the old list stays, later the list holds what came so far.
+// block. `key(record)` is what a record is asked for by. The new list replaces `list`. Null when a
+// block failed: when it was the first one the old list stays, else the list holds what came so far.
 //
 // A block that brings nothing new, or that leads back to a key asked for before, ends the
 // gathering, so that it ends whatever the server does.

@@ -62,7 +62,7 @@ std::uint32_t configured_width() {
 }
 
 // A folder for logs in the user's home needn't be there yet: a machine's settings name the same one
-// for everybody. Every other folder is its owner's to make.
+// for everybody. Other folders aren't made here.
 void fill_path(char* path, const common::log_file& file) {
     std::snprintf(path, trace::path_size, "%s", file.path.c_str());
     std::error_code error;
