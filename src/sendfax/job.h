@@ -1,9 +1,9 @@
 // The state of the print job: the only thing that the entry points share.
 //
 // There is one job per process. It begins with TransmissionDlg, or with a page that comes without
-// it, and close_job resets everything, whichever way the job ends. A job is
-// active while `pzerdix` isn't null. Seven members are exported data and stand in zerdix/sendfax.h:
-// pzerdix, pa_s_rec, ppReceiver, lPDCountReceiver, fCoverpage, userid and alphaid.
+// it, and close_job resets everything, whichever way the job ends. A job is active while `pzerdix`
+// isn't null. Seven members are exported data and stand in zerdix/sendfax.h: pzerdix, pa_s_rec,
+// ppReceiver, lPDCountReceiver, fCoverpage, userid and alphaid.
 #ifndef ZERDIX_SENDFAX_JOB_H
 #define ZERDIX_SENDFAX_JOB_H
 

@@ -18,8 +18,8 @@ namespace zerdix::sendfax {
 // was. It holds `size` bytes, of which the header at least is there; a block without all of its
 // rows is a failure.
 //
-// 0: `page` holds the compressed page, which the caller frees. 4: there is no letterhead, and
-// `page` is unchanged. 8: failure.
+// 0: `page` holds the compressed page, which the caller frees. 4: there is no letterhead that
+// can be used, and `page` is unchanged. 8: failure.
 std::int32_t MergeBackPaper(unsigned char* block, std::int32_t size, std::int16_t paperSource,
                             page_dat* page);
 
