@@ -24,7 +24,7 @@
 #include "pages/mirror.h"
 #include "rpc/block_transfer.h"
 #include "sendfax/job.h"
-#include "sendfax/page_preparers.h"
+#include "sendfax/letterhead.h"
 #include "support/test_server.h"
 
 using namespace zerdix;

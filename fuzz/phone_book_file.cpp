@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "telebook/transfer_file.h"
+#include "telebook/phone_book_line.h"
 
 using namespace zerdix;
 

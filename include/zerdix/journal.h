@@ -25,8 +25,10 @@
 #define ZERDIX_JOURNAL_H
 
 #include <cstdint>
+#include <memory>
 
 #include <zerdix/export.h>
+#include <zerdix/held_result.h>
 #include <zerdix/ptrlist.h>
 #include <zerdix/records.h>
 
@@ -176,20 +178,23 @@ class ZX_API JOURNAL {
                                std::int16_t fromPage, std::int16_t toPage, const char* printer,
                                std::int16_t copies);
 
-    PTRLIST* pEDocList;
-    PTRLIST* pPDocList;
-    PTRLIST* pSDocList;
-    client* pClient;
-    char* pLogText;
-    page_dat lastPage;
-    a_get_elist_o* pEListResult;
-    a_get_plist_o* pPListResult;
-    a_get_slist_o* pSListResult;
-    a_e_rec* pERecResult;
-    a_s_rec* pSRecResult;
-    a_p_rec* pPRecResult;
-    a_get_inf_o* pInfResult;
-    std::int32_t lCoverId;
+    template <class Record>
+    using result = zerdix::held_result<Record>;
+
+    std::unique_ptr<PTRLIST> pEDocList;
+    std::unique_ptr<PTRLIST> pPDocList;
+    std::unique_ptr<PTRLIST> pSDocList;
+    client* pClient; // a copy of the session's, which owns it
+    zerdix::held_text pLogText;
+    zerdix::held_page lastPage;
+    result<a_get_elist_o> pEListResult;
+    result<a_get_plist_o> pPListResult;
+    result<a_get_slist_o> pSListResult;
+    result<a_e_rec> pERecResult;
+    result<a_s_rec> pSRecResult;
+    result<a_p_rec> pPRecResult;
+    result<a_get_inf_o> pInfResult;
+    std::int32_t lCoverId = 0;
 };
 
 #endif

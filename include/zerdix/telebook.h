@@ -18,8 +18,10 @@
 #define ZERDIX_TELEBOOK_H
 
 #include <cstdint>
+#include <memory>
 
 #include <zerdix/export.h>
+#include <zerdix/held_result.h>
 #include <zerdix/ptrlist.h>
 #include <zerdix/records.h>
 
@@ -128,25 +130,28 @@ class ZX_API TELEBOOK {
     a_fetch_result_o* fetchExternTBookResult(std::int32_t query);
 
   private:
-    PTRLIST* pTBookList;
-    PTRLIST* pEntryList;
-    PTRLIST* pTGroupList;
-    PTRLIST* pTGroupBlock;
-    PTRLIST* pTGroupEntryList;
-    PTRLIST* pTGroupEntryBlock;
-    client* pClient;
-    o_get_tbooks_o* pTBooksResult;
-    o_tebu* pTBookResult;
-    o_get_tbookl_o* pEntriesResult;
-    o_tebul* pEntryResult;
-    o_get_tgroups_o* pTGroupsResult;
-    o_get_tgroups_o* pTGroupBlockResult;
-    o_tgroup* pTGroupResult;
-    o_get_tgroupl_o* pTGroupEntriesResult;
-    o_get_tgroupl_o* pTGroupEntryBlockResult;
-    a_fetch_result_o* pFetchResult;
-    bool fTGroupCopies;      // the elements of pTGroupList are copies of the list's own
-    bool fTGroupEntryCopies; // the same for pTGroupEntryList
+    template <class Record>
+    using result = zerdix::held_result<Record>;
+    template <class Record>
+    using record_list = std::unique_ptr<zerdix::rpc::record_list<Record>>;
+
+    std::unique_ptr<PTRLIST> pTBookList;
+    std::unique_ptr<PTRLIST> pEntryList;
+    record_list<o_tgroup> pTGroupList;
+    std::unique_ptr<PTRLIST> pTGroupBlock;
+    record_list<o_tgroupl> pTGroupEntryList;
+    std::unique_ptr<PTRLIST> pTGroupEntryBlock;
+    client* pClient; // a copy of the session's, which owns it
+    result<o_get_tbooks_o> pTBooksResult;
+    result<o_tebu> pTBookResult;
+    result<o_get_tbookl_o> pEntriesResult;
+    result<o_tebul> pEntryResult;
+    result<o_get_tgroups_o> pTGroupsResult;
+    result<o_get_tgroups_o> pTGroupBlockResult;
+    result<o_tgroup> pTGroupResult;
+    result<o_get_tgroupl_o> pTGroupEntriesResult;
+    result<o_get_tgroupl_o> pTGroupEntryBlockResult;
+    result<a_fetch_result_o> pFetchResult;
 };
 
 #endif

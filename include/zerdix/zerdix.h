@@ -25,8 +25,10 @@
 #define ZERDIX_ZERDIX_H
 
 #include <cstdint>
+#include <memory>
 
 #include <zerdix/export.h>
+#include <zerdix/held_result.h>
 #include <zerdix/ptrlist.h>
 #include <zerdix/records.h>
 
@@ -209,27 +211,30 @@ class ZX_API ZERDIX {
     std::int32_t putAUserRecord(const a_user_rec* record);
     std::int32_t putOUserRecord(const o_user_rec* record);
 
-    o_user_rec* pouserrec;
-    PTRLIST* pUserGroups;
-    PTRLIST* pUserList;
-    PTRLIST* pUserBlock;
-    PTRLIST* pPrinterList;
-    PTRLIST* pPrinterBlock;
-    PTRLIST* pScannerList;
-    a_get_groups_o* pGroupsResult;
-    a_get_users_o* pUsersResult;
-    a_get_users_o* pUserBlockResult;
-    a_get_printers_o* pPrintersResult;
-    a_get_printers_o* pPrinterBlockResult;
-    a_get_scanners_o* pFreeScannersResult;
-    a_get_scanners_o* pAllScannersResult;
-    a_board_entry* pBoardFirst;
-    a_get_board_i boardRequest;
-    a_get_board_o* pBoardResult;
-    a_get_sigb_o* pSignatureResult;
-    page_dat signature;
-    bool fUserCopies;    // the elements of pUserList are copies of the list's own
-    bool fPrinterCopies; // the same for pPrinterList
+    template <class Record>
+    using result = zerdix::held_result<Record>;
+    template <class Record>
+    using record_list = std::unique_ptr<zerdix::rpc::record_list<Record>>;
+
+    result<o_user_rec> pouserrec;
+    std::unique_ptr<PTRLIST> pUserGroups;
+    record_list<o_user_rec> pUserList;
+    std::unique_ptr<PTRLIST> pUserBlock;
+    record_list<a_printer_rec> pPrinterList;
+    std::unique_ptr<PTRLIST> pPrinterBlock;
+    std::unique_ptr<PTRLIST> pScannerList;
+    result<a_get_groups_o> pGroupsResult;
+    result<a_get_users_o> pUsersResult;
+    result<a_get_users_o> pUserBlockResult;
+    result<a_get_printers_o> pPrintersResult;
+    result<a_get_printers_o> pPrinterBlockResult;
+    result<a_get_scanners_o> pFreeScannersResult;
+    result<a_get_scanners_o> pAllScannersResult;
+    a_board_entry* pBoardFirst = nullptr; // in pBoardResult
+    a_get_board_i boardRequest{};
+    result<a_get_board_o> pBoardResult;
+    result<a_get_sigb_o> pSignatureResult;
+    zerdix::held_page signature;
 };
 
 #endif

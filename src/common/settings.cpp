@@ -55,7 +55,7 @@ std::int32_t read_number(const key& k) {
     return static_cast<std::int32_t>(std::strtol(read_bytes(k).c_str(), nullptr, 10));
 }
 
-// What is set to nothing counts as not set.
+// An empty value counts as none.
 std::optional<platform::profile_entry> find_path(const key& k) {
     auto entry = platform::find_profile_entry(section, k.name);
     if (!entry || entry->value.empty())

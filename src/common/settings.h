@@ -14,8 +14,8 @@ namespace zerdix::common {
 std::string setting_user();
 std::string setting_host();
 
-// The number at the front of the value's first 7 characters, 0 where there is none. What is too
-// small or too large is the caller's to decide.
+// The number at the front of the value's first 7 characters, 0 where there is none. The caller
+// checks that it is in range.
 std::int32_t setting_max_page_block_len();
 
 // The first two characters of the switch.

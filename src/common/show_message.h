@@ -1,4 +1,4 @@
-// Messages to the user, without a window of one's own.
+// Messages to the user by number, through the message box of the platform.
 #ifndef ZERDIX_COMMON_SHOW_MESSAGE_H
 #define ZERDIX_COMMON_SHOW_MESSAGE_H
 

@@ -15,7 +15,7 @@ namespace {
 
 constinit platform::library_handle source = 0;
 
-// Stays to the very end of the process, since the tracer may have something to say then.
+// Never destroyed, since the tracer may show a message while the process ends.
 const platform::resource_texts& built_in() {
     static const auto* texts = new platform::resource_texts(
         platform::parse_resources(german_resources).texts.value_or(platform::resource_texts{}));

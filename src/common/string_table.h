@@ -1,5 +1,5 @@
-// The words that the user sees, by number: those of the resource library in use, and the built-in
-// German ones where there is none or where it lacks them. Windows-1252.
+// The texts that the user sees, by number: those of the resource library in use, and the built-in
+// German ones where there is no library or where it lacks a text. Windows-1252.
 #ifndef ZERDIX_COMMON_STRING_TABLE_H
 #define ZERDIX_COMMON_STRING_TABLE_H
 
@@ -10,7 +10,7 @@
 
 namespace zerdix::common {
 
-// Texts that the library has beside those of the dialogs.
+// Numbers of texts that no dialog holds.
 constexpr std::int32_t text_notification = 525; // the caption of messages
 constexpr std::int32_t text_no_resource_library = 1470;
 constexpr std::int32_t text_server_is_asked = 40000; // while a remote call runs
@@ -23,7 +23,7 @@ const char* string_text(std::int32_t number);
 // The text with the number in the place of its first "%ld". Nothing else in it is a format.
 std::string string_text_with(std::int32_t number, std::int32_t value);
 
-// Of a control, or of the dialog itself where `control` is 0; empty when it has none.
+// The caption of a control, or of the dialog itself where `control` is 0; empty when it has none.
 std::string caption(std::int32_t dialog, std::int32_t control);
 
 // 0 for none. The caller keeps the library and sets another source before it frees it.

@@ -1,4 +1,4 @@
-// Taking a command line of a cover template apart.
+// Parsing a command line of a cover template.
 #ifndef ZERDIX_COVER_COVER_LINE_H
 #define ZERDIX_COVER_COVER_LINE_H
 
@@ -6,8 +6,8 @@ namespace zerdix::cover {
 
 // The fields stand behind the first "=", each closed by ";"; the last one may do without. A
 // destination is filled as by strncpy with its size, so that a zeroed one of size + 1 bytes is
-// always closed; a null one ends the walk. Where a field was closed the line has a NUL from now on.
-// Always 1.
+// always closed; a null one ends the reading. Where a field was closed the line has a NUL from now
+// on. Always 1.
 int ParseCoverLine(char* line, char* field1, int size1, char* field2, int size2, char* field3,
                    int size3);
 

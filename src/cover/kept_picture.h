@@ -1,5 +1,5 @@
-// A compressed page as a picture, expanded once for as long as the same bytes come again: of a
-// thousand cover pages all have the same form.
+// The picture of a compressed page. It is expanded once and kept until other bytes come, since all
+// cover pages of a fan-out have the same form.
 #ifndef ZERDIX_COVER_KEPT_PICTURE_H
 #define ZERDIX_COVER_KEPT_PICTURE_H
 

@@ -181,7 +181,7 @@ page_painter::outcome page_painter::draw_comment(const cover_fields& fields) {
 
 // Whether there is a receiver. Then it was looked up, once for the page, and entry_ is null when
 // that failed.
-bool page_painter::look_receiver_up() {
+bool page_painter::look_up_receiver() {
     const char first = content_->record->phone.bytes[0];
     if (first == '\0' || first == ' ')
         return false;
@@ -193,7 +193,7 @@ bool page_painter::look_receiver_up() {
 }
 
 page_painter::outcome page_painter::draw_entry_comment(const cover_fields& fields) {
-    if (!look_receiver_up())
+    if (!look_up_receiver())
         return outcome::next_line;
     if (entry_ == nullptr)
         return outcome::end_of_walk;
@@ -203,7 +203,7 @@ page_painter::outcome page_painter::draw_entry_comment(const cover_fields& field
 }
 
 page_painter::outcome page_painter::draw_entry_phone(const cover_fields& fields) {
-    if (!look_receiver_up())
+    if (!look_up_receiver())
         return outcome::next_line;
     if (entry_ == nullptr)
         return outcome::end_of_walk;

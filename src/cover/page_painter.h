@@ -31,7 +31,7 @@
 
 namespace zerdix::cover {
 
-// What there is to show. The two operations ask the server, when a command wants it.
+// The data that commands draw. The two operations ask the server, when a command needs them.
 class page_content {
   public:
     const a_s_rec* record = nullptr;  // the send record: receiver and comment
@@ -52,12 +52,12 @@ class page_content {
 
 class page_painter {
   public:
-    // Begins a page in the font of the beginning. None on failure, which the user is told. The
-    // bitmap must stay.
+    // Begins a page with the default font. Empty on failure, of which the user was told. The bitmap
+    // must outlive the painter.
     static std::optional<page_painter> open(imaging::LeadBitmap& page);
 
-    // Draws what the text says. False when there is no font for it, and the page is worth nothing;
-    // the user is told. A signature that stays the same is taken from `signature`.
+    // Draws what the text says. False when there is no font for it: the page can't be used then,
+    // and the user was told. A signature that stays the same is taken from `signature`.
     bool draw(std::string_view text, page_content& content, kept_picture& signature);
 
   private:
@@ -78,7 +78,7 @@ class page_painter {
     outcome draw_at(const char* x, const char* y, std::string_view text);
     void draw_date(const cover_fields& fields);
     void draw_picture(const cover_fields& fields, imaging::LeadBitmap& picture);
-    bool look_receiver_up();
+    bool look_up_receiver();
 
     outcome draw_field(const cover_fields& fields);
     outcome draw_signature(const cover_fields& fields);

@@ -1,7 +1,7 @@
 // What the composer keeps from one cover page to the next, process-wide.
 //
-// The template's id and the phone book object stay for the process. What came from a session goes
-// with it: whoever ends a session calls forget_session first.
+// The template's id and the phone book object are kept as long as the process runs, all else as
+// long as the session: whoever ends a session calls forget_session first.
 #ifndef ZERDIX_COVER_STATE_H
 #define ZERDIX_COVER_STATE_H
 
@@ -14,7 +14,8 @@
 
 namespace zerdix::cover {
 
-// A user's record with whose it is. A copy, since the one that was fetched is the session's.
+// A user's record, with the session and the user that it belongs to. It is a copy, since the
+// fetched record is the session's.
 struct kept_user {
     const ZERDIX* session;
     str10 userid;

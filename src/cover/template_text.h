@@ -1,6 +1,6 @@
 // The command text of a cover template, line by line.
 //
-// Everything up to the first line that begins with "#DRUCK#" may be other matter and is skipped.
+// Everything up to the first line that begins with "#DRUCK#" is skipped.
 // The text ends at its first NUL, and what follows the last line feed isn't a line.
 #ifndef ZERDIX_COVER_TEMPLATE_TEXT_H
 #define ZERDIX_COVER_TEMPLATE_TEXT_H

@@ -6,7 +6,7 @@ namespace zerdix::dialogs {
 
 namespace {
 
-class told_to_presenter final : public wire::call_watch {
+class told_to_presenter final : public wire::call_observer {
   public:
     void begins() override { forms::current_presenter().remote_call_begins(); }
     void goes_on() override { forms::current_presenter().remote_call_goes_on(); }
@@ -17,10 +17,10 @@ constinit told_to_presenter watch;
 
 } // namespace
 
-remote_wait::remote_wait() : before_(wire::replace_call_watch(&watch)) {}
+remote_wait::remote_wait() : before_(wire::replace_call_observer(&watch)) {}
 
 remote_wait::~remote_wait() {
-    wire::replace_call_watch(before_);
+    wire::replace_call_observer(before_);
 }
 
 } // namespace zerdix::dialogs

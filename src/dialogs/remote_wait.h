@@ -2,7 +2,7 @@
 #ifndef ZERDIX_DIALOGS_REMOTE_WAIT_H
 #define ZERDIX_DIALOGS_REMOTE_WAIT_H
 
-#include "rpc/wire/call_watch.h"
+#include "rpc/wire/call_observer.h"
 
 namespace zerdix::dialogs {
 
@@ -14,7 +14,7 @@ class remote_wait {
     remote_wait& operator=(const remote_wait&) = delete;
 
   private:
-    wire::call_watch* before_;
+    wire::call_observer* before_;
 };
 
 } // namespace zerdix::dialogs

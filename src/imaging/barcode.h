@@ -13,19 +13,19 @@
 
 namespace zerdix::imaging {
 
-// What fits on a label, and what a user's record holds.
+// The most digits: as many fit on a label, and a user's record holds no more.
 inline constexpr std::size_t barcode_longest = 20;
 
 // The symbol as a page block: header in the machine's order, then 50 equal rows, leftmost pixel in
-// bit 7, a set bit black. The block is one of malloc and the caller's. Null when `digits` aren't 1
-// to 20 decimal digits, and when memory ran out: then there is no barcode.
+// bit 7, a set bit black. The caller frees the block. Null when `digits` aren't 1 to 20
+// decimal digits, and when memory ran out.
 unsigned char* BuildBarcodeBlock(const char* digits);
 
 inline constexpr std::int32_t label_width = 1382;
 inline constexpr std::int32_t label_height = 150;
 
 // A label with the top text, the barcode and the bottom text under one another, 50 rows each; what
-// is too wide is cut off. Texts are Windows-1252. The block is used up in any case. The caller
+// is too wide is cut off. Texts are Windows-1252. The block is freed, on failure too. The caller
 // releases the bitmap with FreeLeadBitmap and its record with free. Null on failure, of which the
 // user is told in a message box.
 LeadBitmap* CreateBarcodeLabel(unsigned char* block, const char* bottomText, const char* topText);

@@ -9,8 +9,8 @@
 namespace zerdix::imaging {
 namespace {
 
-constexpr std::int32_t band = 50;     // rows of a text and of the code
-constexpr std::int32_t across = 1728; // of what is drawn; the label cuts it off
+constexpr std::int32_t band = 50;     // height of each text and of the code
+constexpr std::int32_t across = 1728; // width in which they are drawn; the label is narrower
 constexpr std::int32_t bitmap_problem = 494;
 constexpr std::int32_t drawing_problem = 1200;
 constexpr std::int32_t no_context = 1253;

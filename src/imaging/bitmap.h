@@ -13,7 +13,7 @@
 // Colour order says what a pixel's value means: white-first, 0 is white and 1 black; black-first
 // the other way round. Rows go in and out of a bitmap unchanged, whatever its order.
 //
-// Operations give 1 for success and 0 for failure, and take a null bitmap for a failure.
+// Operations give 1 for success and 0 for failure, 0 for a null bitmap too.
 #ifndef ZERDIX_IMAGING_BITMAP_H
 #define ZERDIX_IMAGING_BITMAP_H
 

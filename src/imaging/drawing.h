@@ -1,7 +1,7 @@
 // Drawing on a bitmap: rectangles of other bitmaps, and text.
 //
-// Coordinates are pixels, (0, 0) is the top left corner, y grows downwards. Any coordinates will
-// do: what lies outside of a bitmap is neither drawn nor read.
+// Coordinates are pixels, (0, 0) is the top left corner, y grows downwards. Any coordinates are
+// allowed: what lies outside of a bitmap is neither drawn nor read.
 //
 // Black and white are those of each bitmap's colour order. Text is black on what is there. A copy
 // keeps its colours between bitmaps of different order; exclusive or works on the pixel values as

@@ -15,8 +15,8 @@ struct owned_bitmap : LeadBitmap {
     owned_bitmap& operator=(const owned_bitmap&) = delete;
 };
 
-// Sets up a bitmap for one who writes all of its memory, padding too. False when a size is out of
-// bounds or memory ran out.
+// Sets up a bitmap for a caller that writes all of its memory, padding too. False when a size is
+// out of bounds or memory ran out.
 inline bool allocate_unset(LeadBitmap& bitmap, std::int32_t width, std::int32_t height) {
     if (L_InitBitmap(&bitmap, width, height, 1) != 1 || width == 0 || height == 0)
         return false;

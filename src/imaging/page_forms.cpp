@@ -5,6 +5,8 @@
 #include <memory>
 #include <new>
 
+#include <zerdix/held_result.h>
+
 #include "common/show_message.h"
 #include "pages/mirror.h"
 #include "pages/page_codec.h"
@@ -21,10 +23,7 @@ constexpr std::uint32_t white = 0xFFFFFF;
 constexpr palette_entry white_entry{0xFF, 0xFF, 0xFF, 0};
 constexpr palette_entry black_entry{0, 0, 0, 0};
 
-struct freed {
-    void operator()(unsigned char* bytes) const { std::free(bytes); }
-};
-using heap_block = std::unique_ptr<unsigned char, freed>;
+using heap_block = std::unique_ptr<unsigned char, free_memory>;
 
 palette_handle new_palette(palette_entry first, palette_entry second) {
     return new (std::nothrow) logical_palette{0x300, 2, {first, second}};
@@ -147,7 +146,6 @@ int FreeLeadBitmap(LeadBitmap* bitmap) {
         bitmap->palette = nullptr;
         bitmap->flags &= ~bitmap_has_palette;
     }
-    // Pixels have no second form here that a context could hold: free always clears the flag.
     if (holds_pixels(*bitmap))
         L_FreeBitmap(bitmap);
     return 1;

@@ -1,4 +1,4 @@
-// The ways between page blocks and bitmaps.
+// Converting page blocks to bitmaps, and bitmaps to page blocks.
 //
 // Page blocks are those of pages/page_block.h, memory of malloc; while one is worked on, its header
 // is in the machine's byte order.
@@ -39,7 +39,7 @@ int ConvertCompressedFaxToLead(const unsigned char* data, std::int32_t size, Lea
 // `invert` is 1 for driver rows and 0 for expanded rows. On failure `page` stays as it was.
 int ConvertLeadToCompressedFax(page_dat* page, LeadBitmap* bitmap, int invert);
 
-// Releases what the bitmap holds, but not the record. Does no harm twice.
+// Releases what the bitmap holds, but not the record. May be called twice.
 int FreeLeadBitmap(LeadBitmap* bitmap);
 
 // New palettes, which the caller owns; null when memory ran out.

@@ -1,11 +1,8 @@
-// JOURNAL as an object, and the reading of single records.
-
-#include <cstdlib>
+// Making a JOURNAL, and fetching single records. What it holds releases itself.
 
 #include <zerdix/journal.h>
 #include <zerdix/zerdix.h>
 
-#include "journal/pool_lists.h"
 #include "rpc/call.h"
 #include "rpc/fields.h"
 
@@ -14,26 +11,9 @@ using rpc::by_object;
 using rpc::user_id;
 namespace proc = rpc::proc;
 
-JOURNAL::JOURNAL()
-    : pEDocList(nullptr), pPDocList(nullptr), pSDocList(nullptr), pClient(ZERDIX::clsGetClient()),
-      pLogText(nullptr), lastPage{0, nullptr}, pEListResult(nullptr), pPListResult(nullptr),
-      pSListResult(nullptr), pERecResult(nullptr), pSRecResult(nullptr), pPRecResult(nullptr),
-      pInfResult(nullptr), lCoverId(0) {}
+JOURNAL::JOURNAL() : pClient(ZERDIX::clsGetClient()) {}
 
-JOURNAL::~JOURNAL() {
-    delete pEDocList;
-    delete pPDocList;
-    delete pSDocList;
-    std::free(pLogText);
-    std::free(lastPage.data);
-    journal::release_list<journal::incoming>(pEListResult, this);
-    journal::release_list<journal::desk>(pPListResult, this);
-    journal::release_list<journal::outgoing>(pSListResult, this);
-    rpc::release<proc::a_get_inf_1>(pInfResult, this);
-    rpc::release<proc::a_get_e_1>(pERecResult, this);
-    rpc::release<proc::a_get_s_1>(pSRecResult, this);
-    rpc::release<proc::a_get_p_1>(pPRecResult, this);
-}
+JOURNAL::~JOURNAL() = default;
 
 std::int32_t JOURNAL::clssetPCTAsIs() {
     return 0;
@@ -46,22 +26,22 @@ std::int32_t JOURNAL::clssetPCTNormal() {
 }
 
 a_e_rec* JOURNAL::getEDoc(std::int32_t faxid) {
-    return rpc::fetch<proc::a_get_e_1>(by_object{pClient}, {user_id(), faxid}, pERecResult, this);
+    return rpc::fetch<proc::a_get_e_1>(by_object{pClient}, {user_id(), faxid}, pERecResult);
 }
 
 a_s_rec* JOURNAL::getSDoc(std::int32_t faxid) {
-    return rpc::fetch<proc::a_get_s_1>(by_object{pClient}, {user_id(), faxid}, pSRecResult, this);
+    return rpc::fetch<proc::a_get_s_1>(by_object{pClient}, {user_id(), faxid}, pSRecResult);
 }
 
 a_p_rec* JOURNAL::getPDoc(std::int32_t faxid) {
-    return rpc::fetch<proc::a_get_p_1>(by_object{pClient}, {user_id(), faxid}, pPRecResult, this);
+    return rpc::fetch<proc::a_get_p_1>(by_object{pClient}, {user_id(), faxid}, pPRecResult);
 }
 
 a_get_inf_o* JOURNAL::getDocInf(topftype pool, std::int32_t faxid, int markRead) {
-    const rpc::by_patient_object caller{pClient};
+    const rpc::by_object_keeping_handle caller{pClient};
     if (caller.handle() == nullptr)
         return nullptr;
     if (faxid != 0 && markRead == 1)
         setbif(pool, faxid, 0);
-    return rpc::fetch<proc::a_get_inf_1>(caller, {user_id(), pool, faxid}, pInfResult, this);
+    return rpc::fetch<proc::a_get_inf_1>(caller, {user_id(), pool, faxid}, pInfResult);
 }

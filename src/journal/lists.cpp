@@ -1,36 +1,32 @@
 // The lists of the three pools, whole or by blocks.
 
+#include <memory>
+
 #include <zerdix/journal.h>
 #include <zerdix/zerdix.h>
 
-#include "journal/pool_lists.h"
 #include "rpc/fields.h"
 #include "rpc/list.h"
 
 using namespace zerdix;
-using journal::desk;
-using journal::incoming;
-using journal::outgoing;
 using rpc::by_object;
-using rpc::by_patient_object;
+using rpc::by_object_keeping_handle;
 using rpc::user_id;
 namespace proc = rpc::proc;
 
 namespace {
 
-// Loads a pool by one of its two procedures. The old list goes with the answer behind it: after a
-// call that failed an empty one stands in its place.
-template <class Pool, class P>
-std::int32_t load(client*& copy, const typename P::argument& request, typename P::result*& answer,
-                  PTRLIST*& list, const void* holder) {
-    const by_patient_object caller{copy};
+// Loads a pool. The old list goes with the answer behind it: after a call that failed an empty one
+// stands in its place.
+template <class P>
+std::int32_t load(client*& copy, const typename P::argument& request,
+                  held_result<typename P::result>& answer, std::unique_ptr<PTRLIST>& list) {
+    const by_object_keeping_handle caller{copy};
     if (caller.handle() == nullptr)
         return rpc::no_client;
-    journal::release_list<Pool>(answer, holder);
-    rpc::fetch<P>(caller, request, answer, holder);
-    delete list;
-    list = answer != nullptr ? rpc::list_of(*answer) : new PTRLIST;
-    return answer != nullptr ? rpc::success : rpc::call_failed;
+    const auto* loaded = rpc::fetch<P>(caller, request, answer);
+    list = loaded != nullptr ? rpc::list_of(*loaded) : std::make_unique<PTRLIST>();
+    return loaded != nullptr ? rpc::success : rpc::call_failed;
 }
 
 bool logged_on() {
@@ -40,13 +36,13 @@ bool logged_on() {
 } // namespace
 
 PTRLIST* JOURNAL::getEDocPtrList() {
-    return pEDocList;
+    return pEDocList.get();
 }
 PTRLIST* JOURNAL::getPDocPtrList() {
-    return pPDocList;
+    return pPDocList.get();
 }
 PTRLIST* JOURNAL::getSDocPtrList() {
-    return pSDocList;
+    return pSDocList.get();
 }
 
 std::int32_t JOURNAL::loadDocPtrList(topftype pool, selectiontype selection) {
@@ -55,11 +51,11 @@ std::int32_t JOURNAL::loadDocPtrList(topftype pool, selectiontype selection) {
     const a_get_elist_i request{ZERDIX::clsGetLoginId(), selection};
     switch (pool) {
     case TOPF_S:
-        return load<outgoing, outgoing::whole>(pClient, request, pSListResult, pSDocList, this);
+        return load<proc::a_get_slist_1>(pClient, request, pSListResult, pSDocList);
     case TOPF_E:
-        return load<incoming, incoming::whole>(pClient, request, pEListResult, pEDocList, this);
+        return load<proc::a_get_elist_1>(pClient, request, pEListResult, pEDocList);
     case TOPF_P:
-        return load<desk, desk::whole>(pClient, request, pPListResult, pPDocList, this);
+        return load<proc::a_get_plist_1>(pClient, request, pPListResult, pPDocList);
     }
     return rpc::success;
 }
@@ -71,11 +67,11 @@ std::int32_t JOURNAL::loadDocPtrList(topftype pool, selectiontype selection,
     const a_get_elistb_i request{ZERDIX::clsGetLoginId(), selection, firstvalue, secondvalue};
     switch (pool) {
     case TOPF_S:
-        return load<outgoing, outgoing::block>(pClient, request, pSListResult, pSDocList, this);
+        return load<proc::a_get_slistb_1>(pClient, request, pSListResult, pSDocList);
     case TOPF_E:
-        return load<incoming, incoming::block>(pClient, request, pEListResult, pEDocList, this);
+        return load<proc::a_get_elistb_1>(pClient, request, pEListResult, pEDocList);
     case TOPF_P:
-        return load<desk, desk::block>(pClient, request, pPListResult, pPDocList, this);
+        return load<proc::a_get_plistb_1>(pClient, request, pPListResult, pPDocList);
     }
     return rpc::success;
 }

@@ -27,9 +27,9 @@ constexpr std::size_t room_for_line = line_characters + 3; // CR, LF and the NUL
 // so that what was gathered survives a failed call.
 class log_text {
   public:
-    explicit log_text(char*& text) : text_(text), size_(growth_step) {
-        std::free(text_);
-        text_ = static_cast<char*>(std::calloc(1, size_));
+    explicit log_text(held_text& text) : text_(text), size_(growth_step) {
+        text_.reset();
+        text_.reset(static_cast<char*>(std::calloc(1, size_)));
     }
 
     bool usable() const { return text_ != nullptr; }
@@ -39,8 +39,9 @@ class log_text {
         if (length_ > size_ - room_for_line && !grow())
             return false;
         const std::size_t length = ::strnlen(reinterpret_cast<const char*>(line), line_characters);
-        std::memcpy(text_ + length_, line, length);
-        std::memcpy(text_ + length_ + length, "\r\n", 3);
+        char* const end = text_.get() + length_;
+        std::memcpy(end, line, length);
+        std::memcpy(end + length, "\r\n", 3);
         length_ += length + 2;
         return true;
     }
@@ -49,15 +50,16 @@ class log_text {
     bool grow() {
         if (size_ >= end_of_growth)
             return false;
-        auto* grown = static_cast<char*>(std::realloc(text_, size_ + growth_step));
+        auto* grown = static_cast<char*>(std::realloc(text_.get(), size_ + growth_step));
         if (grown == nullptr)
             return false;
-        text_ = grown;
+        (void)text_.release(); // realloc has freed it
+        text_.reset(grown);
         size_ += growth_step;
         return true;
     }
 
-    char*& text_;
+    held_text& text_;
     std::size_t size_;
     std::size_t length_ = 0;
 };
@@ -110,5 +112,5 @@ char* JOURNAL::getLog(topftype pool, std::int32_t faxid, std::int32_t position,
     }
     if (nextPosition != nullptr)
         *nextPosition = request.position;
-    return pLogText;
+    return pLogText.get();
 }

@@ -1,7 +1,6 @@
-// Moving page data: a page goes and comes in blocks, one remote call each.
+// Storing and fetching pages, in blocks of one remote call each.
 
 #include <algorithm>
-#include <cstdlib>
 
 #include <zerdix/journal.h>
 
@@ -88,9 +87,7 @@ page_dat* JOURNAL::getDocPage(topftype pool, std::int32_t faxid, std::int16_t pa
     std::uint32_t gathered = 0;
     if (answer->size > 0) {
         const std::uint32_t room = rpc::room_for(answer->size);
-        std::free(lastPage.data);
-        lastPage = {0, static_cast<unsigned char*>(std::malloc(room))};
-        if (lastPage.data == nullptr ||
+        if (!lastPage.make_room(room) ||
             !fetch_blocks(caller, handle, request, lastPage, room, gathered))
             return nullptr;
     }

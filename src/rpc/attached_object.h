@@ -1,29 +1,30 @@
-// An object of ZERDIX for code that works on a connection that somebody else opened: other than
-// making one, it forgets neither the connection nor the kept user record, and going it leaves both.
+// A ZERDIX object for code that works on a connection which somebody else opened. A plain ZERDIX
+// forgets the session's connection and kept user record when it is made, and releases the record
+// when it is destroyed; with this one both stay.
 #ifndef ZERDIX_RPC_ATTACHED_OBJECT_H
 #define ZERDIX_RPC_ATTACHED_OBJECT_H
 
 #include <optional>
-#include <utility>
 
 #include <zerdix/zerdix.h>
 
-#include "rpc/session.h"
+#include "rpc/call.h"
 
 namespace zerdix::rpc {
 
 class attached_object {
   public:
     attached_object() {
-        const session_state before = session();
+        client* const handle = session().pclient;
+        auto* const kept = session().pauserrec.detach();
         object_.emplace();
-        session().pclient = before.pclient;
-        session().pauserrec = before.pauserrec;
+        session().pclient = handle;
+        session().pauserrec.attach(kept);
     }
     ~attached_object() {
-        a_user_rec* kept = std::exchange(session().pauserrec, nullptr);
+        auto* const kept = session().pauserrec.detach();
         object_.reset();
-        session().pauserrec = kept;
+        session().pauserrec.attach(kept);
     }
     attached_object(const attached_object&) = delete;
     attached_object& operator=(const attached_object&) = delete;

@@ -4,13 +4,12 @@
 
 #include "rpc/call.h"
 #include "rpc/config_number.h"
-#include "trace/traced.h"
 
 using namespace zerdix;
+using rpc::trace_lines;
 
 namespace {
 
-constexpr trace::tracer trace_lines{"zerdix"};
 constexpr std::int32_t default_block_size = 30;
 constexpr std::int32_t largest_block_size = 200;
 
@@ -22,11 +21,10 @@ struct block_size {
 };
 
 // The server's value: 0 where it has none; nothing when the call failed.
-bool ask_server(const block_size& size, client* handle) {
+bool ask_server(const block_size& size, const rpc::by_session& caller, client* handle) {
     a_get_config_i request{};
     request.cfgid.assign(size.id);
     request.cfgindex = 1;
-    const rpc::by_session caller{size.operation};
     const str80* value = rpc::call<rpc::proc::a_get_config_1>(caller, handle, request);
     if (value == nullptr)
         return false;
@@ -36,15 +34,15 @@ bool ask_server(const block_size& size, client* handle) {
 }
 
 std::int32_t get_block_size(const block_size& size) {
-    trace_lines.entry("<-- %s", size.operation);
-    client* handle = rpc::by_session{size.operation}.handle();
+    const rpc::by_session caller{size.operation};
+    client* handle = caller.handle();
     if (handle == nullptr)
         return rpc::no_client;
-    if (size.cached == 0 && !ask_server(size, handle))
+    if (size.cached == 0 && !ask_server(size, caller, handle))
         return -1;
     if (size.cached == 0) {
-        trace_lines.exit("--> %s: No Value for Id: %s, default is %ld", size.operation, size.id,
-                         default_block_size);
+        caller.exit("--> %s: No Value for Id: %s, default is %ld", size.operation, size.id,
+                    default_block_size);
         return default_block_size;
     }
     if (size.cached > largest_block_size) {
@@ -52,7 +50,7 @@ std::int32_t get_block_size(const block_size& size) {
                          size.cached, largest_block_size);
         size.cached = largest_block_size;
     }
-    trace_lines.exit("--> %s: %s block size: %ld", size.operation, size.word, size.cached);
+    caller.exit("--> %s: %s block size: %ld", size.operation, size.word, size.cached);
     return size.cached;
 }
 

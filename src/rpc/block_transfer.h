@@ -1,6 +1,6 @@
-// Pages and signatures cross in blocks, one remote call each. The end shows as a block that is
-// shorter than the others, if need be an empty one. What is fetched may have grown or shrunk since
-// the first answer told its size.
+// Fetching and sending pages and signatures in blocks, one remote call each. A block that is
+// shorter than the others is the last one; it may be empty. What is fetched may have grown or
+// shrunk since the first answer told its size.
 #ifndef ZERDIX_RPC_BLOCK_TRANSFER_H
 #define ZERDIX_RPC_BLOCK_TRANSFER_H
 
@@ -18,13 +18,14 @@ constexpr std::int32_t fetch_block = 16384;
 constexpr int most_fetch_blocks = 100;
 constexpr std::uint32_t most_fetched = fetch_block * most_fetch_blocks;
 
-// The room for what a first answer says of the size.
+// How many bytes to allocate for the size that a first answer tells: no more than a fetch can
+// bring.
 inline std::uint32_t room_for(std::int32_t size) {
     return std::min(static_cast<std::uint32_t>(std::max(size, std::int32_t{0})), most_fetched);
 }
 
-// Copies what an answer carries behind what is gathered, and nothing beyond the room. Gives the
-// number of bytes copied.
+// Appends the bytes of an answer to the `gathered` bytes that are there, never beyond `room`.
+// Returns how many were copied.
 template <class Answer>
 std::uint32_t take_block(const Answer& answer, page_dat& into, std::uint32_t gathered,
                          std::uint32_t room) {
@@ -36,7 +37,7 @@ std::uint32_t take_block(const Answer& answer, page_dat& into, std::uint32_t gat
 }
 
 // Where the next block begins: behind all that the answer tells of, whether it found room or not.
-// An offset that a server drives beyond 2 GiB comes round; what is copied doesn't depend on it.
+// An offset beyond 2 GiB wraps around; what is copied doesn't depend on it.
 inline std::int32_t next_offset(std::int32_t offset, std::int32_t told) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(offset) +
                                      static_cast<std::uint32_t>(told));

@@ -4,30 +4,22 @@
 
 #include "rpc/call.h"
 #include "rpc/fields.h"
-#include "trace/traced.h"
 
 using namespace zerdix;
 namespace proc = zerdix::rpc::proc;
 
-namespace {
-
-constexpr trace::tracer trace_lines{"zerdix"};
-
-} // namespace
-
 a_board_entry* ZERDIX::getBoardEntries(int force) {
-    trace_lines.entry("<-- ZERDIX::getBoardEntries(): Force: %ld", force);
-    const rpc::by_session caller{"ZERDIX::getBoardEntries()"};
+    const rpc::by_session caller{"ZERDIX::getBoardEntries()",
+                                 "<-- ZERDIX::getBoardEntries(): Force: %ld", force};
     if (caller.handle() == nullptr)
         return nullptr;
     boardRequest.language = rpc::whole_field<30>(clsGetLanguageString());
     if (force != 0)
         boardRequest.stamp = 0;
     pBoardFirst = nullptr;
-    if (rpc::fetch<proc::a_get_board_1>(caller, boardRequest, pBoardResult, this) == nullptr)
+    if (rpc::fetch<proc::a_get_board_1>(caller, boardRequest, pBoardResult) == nullptr)
         return nullptr;
     boardRequest.stamp = pBoardResult->stamp;
     pBoardFirst = pBoardResult->first;
-    trace_lines.exit("--> ZERDIX::getBoardEntries()");
     return pBoardFirst;
 }

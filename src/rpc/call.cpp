@@ -3,19 +3,12 @@
 #include <zerdix/zerdix.h>
 
 #include "platform/host_lookup.h"
-#include "trace/traced.h"
 
 namespace zerdix::rpc {
 
-namespace {
-
-constexpr trace::tracer trace_lines{"zerdix"};
-
-} // namespace
-
 session_state& session() {
-    static session_state state;
-    return state;
+    static session_state* const state = new session_state;
+    return *state;
 }
 
 call_error settle_failed_call(client* handle) {
@@ -37,17 +30,17 @@ call_error last_failed_call() {
 client* by_session::handle() const {
     client* present = session().pclient;
     if (present == nullptr) {
-        trace_lines.error("%s: Client structure not set\n", name_);
-        trace_lines.exit("--> ");
+        trace_lines.error("%s: Client structure not set\n", name());
+        exit("--> ");
     }
     return present;
 }
 
-void by_session::failed(client* handle) const {
+void by_session::failed(client* handle, const char* call) const {
     const call_error error = settle_failed_call(handle);
-    trace_lines.error("%s: Error RPC call, status: <%ld> Socket rc: <%ld>", name_, error.status,
+    trace_lines.error("%s: Error RPC call, status: <%ld> Socket rc: <%ld>", call, error.status,
                       error.socket_rc);
-    trace_lines.exit("--> %s", name_);
+    exit("--> %s", call);
 }
 
 client* by_object::handle() const {

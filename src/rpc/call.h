@@ -1,13 +1,19 @@
 // The one way of making a remote call: client check, release of the old result, the call, and what
 // follows a call that failed.
 //
-// A policy tells who calls. `by_session` is ZERDIX: it uses the session's handle and traces.
+// A policy tells who calls. `by_session` is ZERDIX: it uses the session's handle and writes the
+// operation's entry and exit lines.
 // `by_object` is JOURNAL and TELEBOOK: each object keeps a copy of the handle, which counts as none
 // once it isn't the session's present one, and there are no trace lines.
 #ifndef ZERDIX_RPC_CALL_H
 #define ZERDIX_RPC_CALL_H
 
+#include <utility>
+
+#include <zerdix/held_result.h>
+
 #include "rpc/session.h"
+#include "rpc/trace_lines.h"
 #include "rpc/wire/stub.h"
 
 namespace zerdix::rpc {
@@ -39,15 +45,34 @@ class failed_call_mark {
     std::uint32_t before_;
 };
 
-class by_session {
+class by_session : public trace::operation {
   public:
     // `name` is the operation's qualified name with its parentheses.
-    explicit by_session(const char* name) : name_(name) {}
+    explicit by_session(const char* name) : operation(trace_lines, name, "<-- %s", name) {}
+
+    // With an entry line that tells more.
+    template <trace::traceable... Arguments>
+    by_session(const char* name, trace::tracer::format<Arguments...> entry, Arguments... arguments)
+        : operation(trace_lines, name, entry, arguments...) {}
 
     client* handle() const;
-    void failed(client* handle) const;
+    void failed(client* handle) const { failed(handle, name()); }
+
+    // `call` is what the lines of the failure name.
+    void failed(client* handle, const char* call) const;
+};
+
+// A further call of an operation, which has a name of its own in the lines of a failure.
+class by_session_step {
+  public:
+    by_session_step(const by_session& operation, const char* name)
+        : operation_(operation), name_(name) {}
+
+    client* handle() const { return operation_.handle(); }
+    void failed(client* handle) const { operation_.failed(handle, name_); }
 
   private:
+    const by_session& operation_;
     const char* name_;
 };
 
@@ -62,10 +87,11 @@ class by_object {
     client** copy_;
 };
 
-// As by_object, for the operations that don't look at the reason of a failure: the handle stays.
-class by_patient_object {
+// As by_object, for the operations that don't ask why a call failed: the handle stays, also when
+// the call timed out.
+class by_object_keeping_handle {
   public:
-    explicit by_patient_object(client*& copy) : object_(copy) {}
+    explicit by_object_keeping_handle(client*& copy) : object_(copy) {}
 
     client* handle() const { return object_.handle(); }
     void failed(client*) const {}
@@ -95,42 +121,59 @@ std::int32_t request(const Policy& policy, const typename P::argument& argument)
     return *answer ? success : refused;
 }
 
-// Whether an object holds a result that is still its own.
-template <class P>
-bool holds(const typename P::result* member, const void* holder) {
-    return member != nullptr && wire::result_slot<P>::holder == holder;
-}
-
-// Releases a result that an object holds. The record is the procedure's: when another object has
-// called it since, what is in it is that one's.
-template <class P>
-void release(typename P::result*& member, const void* holder) {
-    if (holds<P>(member, holder))
-        wire::release(*member);
-    member = nullptr;
-}
-
 // Releases a result, whoever holds it.
 template <class P>
 void forget() {
     wire::release(wire::result_slot<P>::record);
-    wire::result_slot<P>::holder = nullptr;
+    wire::result_slot<P>::place.holder = nullptr;
 }
 
-// An operation that keeps its answer in a member of `holder`: null without a handle, with the
-// member untouched, and null when the call failed, the member null too.
+// An operation that keeps its answer: null without a handle, with the kept one untouched, and null
+// when the call failed, with nothing kept.
 template <class P, class Policy>
 typename P::result* fetch(const Policy& policy, const typename P::argument& argument,
-                          typename P::result*& member, const void* holder) {
+                          held_result<typename P::result>& kept) {
     client* handle = policy.handle();
     if (handle == nullptr)
         return nullptr;
-    release<P>(member, holder);
-    member = call<P>(policy, handle, argument);
-    wire::result_slot<P>::holder = holder;
-    return member;
+    kept.reset();
+    const bool succeeded = call<P>(policy, handle, argument) != nullptr;
+    kept.take_call(wire::result_slot<P>::place, succeeded);
+    return kept.get();
 }
 
 } // namespace zerdix::rpc
+
+namespace zerdix {
+
+template <class Record>
+Record* held_result<Record>::get() const {
+    return place_ != nullptr ? &place_->record : nullptr;
+}
+
+template <class Record>
+bool held_result<Record>::is_own() const {
+    return place_ != nullptr && place_->holder == this;
+}
+
+template <class Record>
+void held_result<Record>::reset() {
+    if (is_own())
+        wire::release(place_->record);
+    place_ = nullptr;
+}
+
+template <class Record>
+void held_result<Record>::take_call(wire::result_place<Record>& place, bool succeeded) {
+    place.holder = this;
+    place_ = succeeded ? &place : nullptr;
+}
+
+template <class Record>
+wire::result_place<Record>* held_result<Record>::detach() {
+    return std::exchange(place_, nullptr);
+}
+
+} // namespace zerdix
 
 #endif

@@ -13,7 +13,7 @@
 namespace zerdix::rpc {
 
 // The number at the front of the text, 0 without one. One beyond 32 bits is the nearest that they
-// hold: it mustn't come round to a number that somebody could have meant.
+// hold, so that it can't wrap around to a plausible number.
 inline std::int32_t config_number(const str80& value) {
     using limits = std::numeric_limits<std::int32_t>;
     const long long number = std::strtoll(std::string{value.view()}.c_str(), nullptr, 10);

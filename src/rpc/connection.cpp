@@ -1,4 +1,4 @@
-// Opening and closing the connection, and what the session is asked for and told.
+// Opening and closing the connection, and the user, the server and the language of the session.
 
 #include <arpa/inet.h>
 #include <cctype>
@@ -12,15 +12,13 @@
 #include "rpc/call.h"
 #include "rpc/fields.h"
 #include "rpc/wire/transport.h"
-#include "trace/traced.h"
 
 using namespace zerdix;
 using rpc::or_empty;
 using rpc::session;
+using rpc::trace_lines;
 
 namespace {
-
-constexpr trace::tracer trace_lines{"zerdix"};
 
 void trace_host_error(std::int32_t error, const char* name) {
     switch (error) {
@@ -97,34 +95,32 @@ void ZERDIX::setAlphaserver(const char* alphaServer) {
 
 client* ZERDIX::GetClientAddr(const char* alphaServer) {
     alphaServer = or_empty(alphaServer);
-    trace_lines.entry("<-- ZERDIX::GetClientAddr(): Alpha Server: %s", alphaServer);
+    const trace::operation traced{trace_lines, "ZERDIX::GetClientAddr()",
+                                  "<-- ZERDIX::GetClientAddr(): Alpha Server: %s", alphaServer};
     close_handle();
     if (platform::start_sockets() != 0) {
         trace_lines.error(
             "ZERDIX::GetClientAddr(): The TCP/IP stack is not WinSock 1.1 compatible\n");
-        trace_lines.exit("--> ZERDIX::GetClientAddr()");
         return nullptr;
     }
     const platform::host_result host = resolve(alphaServer);
     if (!host.found()) {
         trace_host_error(host.error, alphaServer);
-        trace_lines.exit("--> ZERDIX::GetClientAddr()");
         return nullptr;
     }
     const sockaddr_in address = socket_address(host.address);
     session().pclient = wire::connect(address, rpc_prog_nr(wire::ZERDIX_PROG));
     if (session().pclient == nullptr)
         trace_create_error();
-    trace_lines.exit("--> ZERDIX::GetClientAddr()");
     return session().pclient;
 }
 
 void ZERDIX::CleanupHostConnection() {
-    trace_lines.entry("<-- ZERDIX::CleanupHostConnection():");
+    const trace::operation traced{
+        trace_lines, "ZERDIX::CleanupHostConnection():", "<-- ZERDIX::CleanupHostConnection():"};
     platform::stop_sockets();
     close_handle();
     session().lLoginId = 0;
-    trace_lines.exit("--> ZERDIX::CleanupHostConnection():");
 }
 
 std::uint32_t ZERDIX::rpc_prog_nr(std::int32_t number) {
@@ -137,7 +133,8 @@ std::uint32_t ZERDIX::rpc_prog_nr(std::int32_t number) {
 }
 
 std::int32_t ZERDIX::clsSetLanguage(char letter) {
-    trace_lines.entry("<-- ZERDIX::clsSetLanguage(): %c", letter);
+    const trace::operation traced{trace_lines, "ZERDIX::clsSetLanguage()",
+                                  "<-- ZERDIX::clsSetLanguage(): %c", letter};
     const char* locale = nullptr;
     switch (letter) {
     case 'G':
@@ -154,12 +151,11 @@ std::int32_t ZERDIX::clsSetLanguage(char letter) {
         break;
     default:
         trace_lines.error("ZERDIX::clsSetLanguage(): language not supported");
-        trace_lines.exit("--> ZERDIX::clsSetLanguage()");
         return rpc::refused;
     }
     session().cLanguage = letter;
     session().str30LanguageString.assign(locale);
-    trace_lines.exit("--> ZERDIX::clsSetLanguage(): [string: %s]", locale);
+    traced.exit("--> ZERDIX::clsSetLanguage(): [string: %s]", locale);
     return rpc::success;
 }
 

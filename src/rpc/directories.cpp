@@ -1,7 +1,7 @@
 // The server's directories: users, user groups, printers and scanners.
 //
 // Users and printers come in three ways: a block, all blocks gathered as copies, and everything in
-// one call. Only the copies are a list's own; the others point into the answers.
+// one call. A gathered list owns its copies; the other lists point into the answers.
 
 #include <string>
 
@@ -11,19 +11,17 @@
 #include "rpc/fields.h"
 #include "rpc/gathered_list.h"
 #include "rpc/list.h"
-#include "trace/traced.h"
 
 using namespace zerdix;
 using rpc::block_to_gather;
 using rpc::by_session;
 using rpc::or_empty;
 using rpc::session;
+using rpc::trace_lines;
 using rpc::whole_field;
 namespace proc = rpc::proc;
 
 namespace {
-
-constexpr trace::tracer trace_lines{"zerdix"};
 
 // The key by which a record is asked for again.
 std::string key_of(const o_user_rec& user) {
@@ -43,7 +41,8 @@ bool has_user(const a_get_members_o& members) {
 } // namespace
 
 PTRLIST* ZERDIX::getUserList() {
-    trace_lines.entry("<-- ZERDIX::getUserList()");
+    const trace::operation traced{trace_lines, "ZERDIX::getUserList()",
+                                  "<-- ZERDIX::getUserList()"};
     const auto next_block = [this](const o_user_rec* last) -> PTRLIST* {
         if (last == nullptr)
             return getUserListB("", "", block_to_gather());
@@ -56,50 +55,44 @@ PTRLIST* ZERDIX::getUserList() {
                              block->getSize());
         return block;
     };
-    if (rpc::gather<o_user_rec>(pUserList, fUserCopies, next_block, key_of) == nullptr) {
+    if (rpc::gather<o_user_rec>(pUserList, next_block, key_of) == nullptr) {
         trace_lines.error("ZERDIX::getUserList(): Error returned from getUserListB()");
-        trace_lines.exit("--> ZERDIX::getUserList()");
         return nullptr;
     }
-    trace_lines.exit("--> ZERDIX::getUserList(): Number of all loaded user list entries %ld",
-                     pUserList->getSize());
-    return pUserList;
+    traced.exit("--> ZERDIX::getUserList(): Number of all loaded user list entries %ld",
+                pUserList->getSize());
+    return pUserList.get();
 }
 
 PTRLIST* ZERDIX::_getUserList() {
-    trace_lines.entry("<-- ZERDIX::_getUserList()");
-    PTRLIST* fresh = nullptr;
-    if (rpc::fetch_list<proc::a_get_users_1>(by_session{"ZERDIX::_getUserList()"}, {}, pUsersResult,
-                                             fresh, this) == nullptr)
+    const by_session caller{"ZERDIX::_getUserList()"};
+    if (rpc::fetch_list<proc::a_get_users_1>(caller, {}, pUsersResult, pUserList) == nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::_getUserList(): Number of Users: %ld\n", fresh->getSize());
-    return rpc::replace_list<o_user_rec>(pUserList, fUserCopies, fresh);
+    caller.exit("--> ZERDIX::_getUserList(): Number of Users: %ld\n", pUserList->getSize());
+    return pUserList.get();
 }
 
 PTRLIST* ZERDIX::getUserListB(const char* userid, const char* alphaid, std::int32_t number) {
-    trace_lines.entry("<-- ZERDIX::getUserListB(): userid: <%s> alphaid: <%s> number: (%ld)",
-                      or_empty(userid), or_empty(alphaid), number);
+    const by_session caller{"ZERDIX::getUserListB()",
+                            "<-- ZERDIX::getUserListB(): userid: <%s> alphaid: <%s> number: (%ld)",
+                            or_empty(userid), or_empty(alphaid), number};
     if (rpc::fetch_list<proc::a_get_usersb_1>(
-            by_session{"ZERDIX::getUserListB()"},
-            {whole_field<10>(userid), whole_field<35>(alphaid), number}, pUserBlockResult,
-            pUserBlock, this) == nullptr)
+            caller, {whole_field<10>(userid), whole_field<35>(alphaid), number}, pUserBlockResult,
+            pUserBlock) == nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::getUserListB(): Number of Users: %ld\n", pUserBlock->getSize());
-    return pUserBlock;
+    caller.exit("--> ZERDIX::getUserListB(): Number of Users: %ld\n", pUserBlock->getSize());
+    return pUserBlock.get();
 }
 
 PTRLIST* ZERDIX::getUserGroups() {
-    trace_lines.entry("<-- ZERDIX::getUserGroups()");
-    if (rpc::fetch_list<proc::a_get_groups_1>(by_session{"ZERDIX::getUserGroups()"}, {},
-                                              pGroupsResult, pUserGroups, this) == nullptr)
+    const by_session caller{"ZERDIX::getUserGroups()"};
+    if (rpc::fetch_list<proc::a_get_groups_1>(caller, {}, pGroupsResult, pUserGroups) == nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::getUserGroups(): Number of User Groups: %ld",
-                     pUserGroups->getSize());
-    return pUserGroups;
+    caller.exit("--> ZERDIX::getUserGroups(): Number of User Groups: %ld", pUserGroups->getSize());
+    return pUserGroups.get();
 }
 
 std::int32_t ZERDIX::clsSearchUserInGroup(const char* groupid) {
-    trace_lines.entry("<-- ZERDIX::clsSearchUserInGroup()");
     const by_session caller{"ZERDIX::clsSearchUserInGroup()"};
     client* handle = caller.handle();
     if (handle == nullptr)
@@ -109,12 +102,13 @@ std::int32_t ZERDIX::clsSearchUserInGroup(const char* groupid) {
         return rpc::call_failed;
     const std::int32_t rc = has_user(*members) ? rpc::success : rpc::refused;
     wire::release(*members);
-    trace_lines.exit("--> ZERDIX::clsSearchUserInGroup(): User in Group: rc = %ld", rc);
+    caller.exit("--> ZERDIX::clsSearchUserInGroup(): User in Group: rc = %ld", rc);
     return rc;
 }
 
 PTRLIST* ZERDIX::getPrinterList() {
-    trace_lines.entry("<-- ZERDIX::getPrinterList()");
+    const trace::operation traced{trace_lines, "ZERDIX::getPrinterList()",
+                                  "<-- ZERDIX::getPrinterList()"};
     const auto next_block = [this](const a_printer_rec* last) -> PTRLIST* {
         if (last == nullptr)
             return getPrinterListB("", block_to_gather());
@@ -130,55 +124,51 @@ PTRLIST* ZERDIX::getPrinterList() {
     const auto key = [](const a_printer_rec& printer) {
         return std::string{printer.printerid.view()};
     };
-    if (rpc::gather<a_printer_rec>(pPrinterList, fPrinterCopies, next_block, key) == nullptr) {
+    if (rpc::gather<a_printer_rec>(pPrinterList, next_block, key) == nullptr) {
         trace_lines.error("ZERDIX::getPrinterList(): Error returned from getPrinterListB()");
-        trace_lines.exit("--> ZERDIX::getPrinterList()");
         return nullptr;
     }
-    trace_lines.exit("--> ZERDIX::getPrinterList(): Number of all loaded printer list entries %ld",
-                     pPrinterList->getSize());
-    return pPrinterList;
+    traced.exit("--> ZERDIX::getPrinterList(): Number of all loaded printer list entries %ld",
+                pPrinterList->getSize());
+    return pPrinterList.get();
 }
 
 PTRLIST* ZERDIX::_getPrinterList() {
-    trace_lines.entry("<-- ZERDIX::_getPrinterList()");
-    PTRLIST* fresh = nullptr;
-    if (rpc::fetch_list<proc::a_get_printers_1>(by_session{"ZERDIX::_getPrinterList()"}, {},
-                                                pPrintersResult, fresh, this) == nullptr)
+    const by_session caller{"ZERDIX::_getPrinterList()"};
+    if (rpc::fetch_list<proc::a_get_printers_1>(caller, {}, pPrintersResult, pPrinterList) ==
+        nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::_getPrinterList(): Number of Printers: %ld", fresh->getSize());
-    return rpc::replace_list<a_printer_rec>(pPrinterList, fPrinterCopies, fresh);
+    caller.exit("--> ZERDIX::_getPrinterList(): Number of Printers: %ld", pPrinterList->getSize());
+    return pPrinterList.get();
 }
 
 PTRLIST* ZERDIX::getPrinterListB(const char* printerid, std::int32_t number) {
-    trace_lines.entry("<-- ZERDIX::getPrinterListB(): Printer: <%s> number: (%ld)",
-                      or_empty(printerid), number);
-    if (rpc::fetch_list<proc::a_get_printersb_1>(
-            by_session{"ZERDIX::getPrinterListB()"}, {whole_field<10>(printerid), number},
-            pPrinterBlockResult, pPrinterBlock, this) == nullptr)
+    const by_session caller{"ZERDIX::getPrinterListB()",
+                            "<-- ZERDIX::getPrinterListB(): Printer: <%s> number: (%ld)",
+                            or_empty(printerid), number};
+    if (rpc::fetch_list<proc::a_get_printersb_1>(caller, {whole_field<10>(printerid), number},
+                                                 pPrinterBlockResult, pPrinterBlock) == nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::getPrinterListB(): Number of Printers: %ld\n",
-                     pPrinterBlock->getSize());
-    return pPrinterBlock;
+    caller.exit("--> ZERDIX::getPrinterListB(): Number of Printers: %ld\n",
+                pPrinterBlock->getSize());
+    return pPrinterBlock.get();
 }
 
 PTRLIST* ZERDIX::getFreeScanners(std::int32_t selector) {
-    trace_lines.entry("<-- ZERDIX::getFreeScanners()");
-    if (rpc::fetch_list<proc::a_get_freescanners_1>(by_session{"ZERDIX::getFreeScanners()"},
-                                                    selector, pFreeScannersResult, pScannerList,
-                                                    this) == nullptr)
+    const by_session caller{"ZERDIX::getFreeScanners()"};
+    if (rpc::fetch_list<proc::a_get_freescanners_1>(caller, selector, pFreeScannersResult,
+                                                    pScannerList) == nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::getFreeScanners(): Number of free scanners: %ld",
-                     pScannerList->getSize());
-    return pScannerList;
+    caller.exit("--> ZERDIX::getFreeScanners(): Number of free scanners: %ld",
+                pScannerList->getSize());
+    return pScannerList.get();
 }
 
 PTRLIST* ZERDIX::getAllScanners(std::int32_t selector) {
-    trace_lines.entry("<-- ZERDIX::getAllScanners()");
-    if (rpc::fetch_list<proc::a_get_scanners_1>(by_session{"ZERDIX::getAllScanners()"}, selector,
-                                                pAllScannersResult, pScannerList, this) == nullptr)
+    const by_session caller{"ZERDIX::getAllScanners()"};
+    if (rpc::fetch_list<proc::a_get_scanners_1>(caller, selector, pAllScannersResult,
+                                                pScannerList) == nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::getAllScanners(): Number of scanners: %ld",
-                     pScannerList->getSize());
-    return pScannerList;
+    caller.exit("--> ZERDIX::getAllScanners(): Number of scanners: %ld", pScannerList->getSize());
+    return pScannerList.get();
 }

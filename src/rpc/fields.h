@@ -1,4 +1,4 @@
-// Members of argument records out of what callers hand in.
+// Members of argument records, made of what callers hand in.
 #ifndef ZERDIX_RPC_FIELDS_H
 #define ZERDIX_RPC_FIELDS_H
 
@@ -12,7 +12,7 @@ inline const char* or_empty(const char* value) {
 }
 
 // A text field, cut to its width; a null text counts as an empty one. No more than the width is
-// read, so that a field which a peer filled to the brim may come back as an argument.
+// read, so that a field without a NUL, as a peer may send it, can be handed in again.
 template <std::size_t N>
 text<N> field(const char* value) {
     text<N> filled;
@@ -20,7 +20,7 @@ text<N> field(const char* value) {
     return filled;
 }
 
-// The same for fields that may be filled to the brim: N + 1 characters, and then no NUL.
+// The same for fields that may be full: N + 1 characters, and then no NUL.
 template <std::size_t N>
 text<N> whole_field(const char* value) {
     text<N> filled;

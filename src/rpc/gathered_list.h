@@ -1,50 +1,42 @@
-// Lists that are gathered from blocks: their elements are copies that the list's holder owns.
+// Lists that are gathered from blocks: their elements are copies that the list owns.
 #ifndef ZERDIX_RPC_GATHERED_LIST_H
 #define ZERDIX_RPC_GATHERED_LIST_H
 
-#include <set>
-#include <string>
+#include <memory>
+#include <vector>
 
+#include <zerdix/held_result.h>
+#include <zerdix/pager.h>
 #include <zerdix/ptrlist.h>
 #include <zerdix/zerdix.h>
 
 namespace zerdix::rpc {
 
-// Deletes a list, and its elements first when they are copies.
+// A list of pointers into an answer, or of copies that it owns.
 template <class Record>
-void delete_list(PTRLIST*& list, bool& copies) {
-    for (std::uint32_t i = 0; list != nullptr && copies && i < list->getSize(); ++i)
-        delete static_cast<Record*>((*list)[i]);
-    delete list;
-    list = nullptr;
-    copies = false;
-}
+class record_list : public PTRLIST {
+  public:
+    using PTRLIST::PTRLIST;
 
-// Puts a list of pointers into an answer in the place of `list`; a null one leaves it alone.
-template <class Record>
-PTRLIST* replace_list(PTRLIST*& list, bool& copies, PTRLIST* fresh) {
-    if (fresh == nullptr)
-        return nullptr;
-    delete_list<Record>(list, copies);
-    list = fresh;
-    return list;
-}
+    ~record_list() {
+        for (std::uint32_t i = 0; copies_ && i < getSize(); ++i)
+            delete static_cast<Record*>((*this)[i]);
+    }
 
-// Puts copies of a block's records, from index `skip` on, behind the list.
-template <class Record>
-void append_copies(PTRLIST& list, PTRLIST& block, std::uint32_t skip) {
-    const std::uint32_t have = list.getSize();
-    list.setSize(have + block.getSize() - skip);
-    for (std::uint32_t i = have; i < list.getSize(); ++i)
-        list.setPtr(i, new Record(*static_cast<Record*>(block[i - have + skip])));
-}
+    // Puts copies of records behind the list.
+    void append_copies(const std::vector<const Record*>& records) {
+        copies_ = true;
+        std::uint32_t next = getSize();
+        setSize(next + static_cast<std::uint32_t>(records.size()));
+        for (const Record* record : records)
+            setPtr(next++, new Record(*record));
+    }
 
-template <class Record>
-Record& last_of(PTRLIST& list) {
-    return *static_cast<Record*>(list[list.getSize() - 1]);
-}
+  private:
+    bool copies_ = false;
+};
 
-// How many records a block of a gathered list asks for. A block of one would hold nothing but the
+// How many records a block of a gathered list asks for. A block of one would hold only the
 // record that it is asked for by.
 inline std::int32_t block_to_gather() {
     const std::int32_t size = ZERDIX::clsGetTelebookBlockSize();
@@ -53,35 +45,29 @@ inline std::int32_t block_to_gather() {
 
 // Gathers a whole list block by block. `next_block(last)` fetches the block that begins at the
 // record `last`, which comes again as the first record of that block; null asks for the first
-// block. Whoever traces does it there. `key(record)` is what a record is asked for by. The list
-// replaces `list`, whose elements are then copies. Null when a block failed: before the first one
-// the old list stays, later the list holds what came so far.
+// block. `key(record)` is what a record is asked for by. The new list replaces `list`. Null when a
+// block failed: when it was the first one the old list stays, else the list holds what came so far.
 //
 // A block that brings nothing new, or that leads back to a key asked for before, ends the
 // gathering, so that it ends whatever the server does.
 template <class Record, class NextBlock, class Key>
-PTRLIST* gather(PTRLIST*& list, bool& copies, NextBlock next_block, Key key) {
-    PTRLIST* block = next_block(static_cast<const Record*>(nullptr));
-    if (block == nullptr)
+PTRLIST* gather(std::unique_ptr<record_list<Record>>& list, NextBlock next_block, Key key) {
+    pager<Record, end_at_repeat<Record, Key>> pages{end_at_repeat<Record, Key>{key}};
+    paging step = pages.next(next_block);
+    if (step == paging::failed)
         return nullptr;
-    delete_list<Record>(list, copies);
-    list = new PTRLIST;
-    copies = true;
-    std::set<std::string> asked;
-    for (std::uint32_t skip = 0; block->getSize() > 0; skip = 1) {
-        const bool leads_back = !asked.insert(key(last_of<Record>(*block))).second;
-        const std::uint32_t fresh = leads_back ? 0 : block->getSize() - skip;
-        if (fresh > 0)
-            append_copies<Record>(*list, *block, skip);
+    list = std::make_unique<record_list<Record>>();
+    while (pages.block_size() > 0) {
+        list->append_copies(pages.fresh());
         // One that couldn't be had (-1) doesn't end the list: the next block tells what is wrong.
         const std::int64_t size = block_to_gather();
-        if (fresh == 0 || fresh < size - 1)
+        if (step == paging::ended || static_cast<std::int64_t>(pages.fresh().size()) < size - 1)
             break;
-        block = next_block(&last_of<Record>(*list));
-        if (block == nullptr)
+        step = pages.next(next_block);
+        if (step == paging::failed)
             return nullptr;
     }
-    return list;
+    return list.get();
 }
 
 } // namespace zerdix::rpc

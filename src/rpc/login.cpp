@@ -6,19 +6,17 @@
 
 #include "rpc/call.h"
 #include "rpc/fields.h"
-#include "trace/traced.h"
 
 using namespace zerdix;
 using rpc::by_session;
 using rpc::or_empty;
 using rpc::session;
+using rpc::trace_lines;
 namespace proc = rpc::proc;
 
 namespace {
 
-constexpr trace::tracer trace_lines{"zerdix"};
-
-// What this client can speak; a server must be able to speak all of it.
+// The versions of the protocol that this client speaks; a server must speak all of them.
 constexpr std::int32_t compat_low = 1;
 constexpr std::int32_t compat_high = 8;
 
@@ -41,7 +39,7 @@ enum login_status : std::int32_t {
     status_password = 8,
 };
 
-// The calls that a login makes of its own. It closes the connection after one that failed.
+// The policy of a login's own calls. The login closes the connection after one that failed.
 class by_login {
   public:
     explicit by_login(const char* name) : name_(name) {}
@@ -90,10 +88,10 @@ std::int32_t refusal(std::int32_t status) {
     }
 }
 
-// From now on no record is kept, in no object: a setter would write that of the user before.
+// Afterwards no object keeps a record: a setter would write that of the user before.
 void forget_user_records() {
     rpc::forget<proc::a_get_user_1>();
-    session().pauserrec = nullptr;
+    session().pauserrec.detach();
     rpc::forget<proc::o_get_user_1>();
 }
 
@@ -112,8 +110,9 @@ std::int32_t log_on(const a_get_login_i& request) {
 } // namespace
 
 std::int32_t ZERDIX::login(const char* userid, const char* password, const char* alphaServer) {
-    trace_lines.entry("<-- ZERDIX::login(): UserId: %s Alpha Server: %s", or_empty(userid),
-                      or_empty(alphaServer));
+    const trace::operation traced{trace_lines, "ZERDIX::login()",
+                                  "<-- ZERDIX::login(): UserId: %s Alpha Server: %s",
+                                  or_empty(userid), or_empty(alphaServer)};
     std::int32_t rc = rpc::call_failed;
     if (GetClientAddr(alphaServer) == nullptr) {
         trace_lines.error("ZERDIX::login(): GetClientAddrError RPC call");
@@ -128,22 +127,20 @@ std::int32_t ZERDIX::login(const char* userid, const char* password, const char*
         if (rc == rpc::call_failed)
             CleanupHostConnection();
     }
-    if (rc != rpc::success) {
-        trace_lines.exit("--> ZERDIX::login()");
+    if (rc != rpc::success)
         return rc;
-    }
-    // From now on the server goes by the name that it gives itself, if it knows the user's record.
+    // The name that the server gives itself replaces the typed one, if it has the user's record.
     const o_user_rec* user = getOUserRecord();
     if (user != nullptr && !user->alphaid.empty())
         setAlphaserver(std::string{user->alphaid.view()}.c_str());
-    trace_lines.exit("--> ZERDIX::login(): LoginId: %ld", session().lLoginId);
+    traced.exit("--> ZERDIX::login(): LoginId: %ld", session().lLoginId);
     return rpc::success;
 }
 
 // Here and in clsCheckLogin a failed call leaves the connection alone, a timed out one too.
 std::int32_t ZERDIX::logout() {
-    trace_lines.entry("<-- ZERDIX::logout()");
-    client* handle = by_session{"ZERDIX::logout()"}.handle();
+    const by_session caller{"ZERDIX::logout()"};
+    client* handle = caller.handle();
     if (handle == nullptr)
         return rpc::no_client;
     a_logout_i request{session().str10UserId, session().lLoginId};
@@ -152,14 +149,14 @@ std::int32_t ZERDIX::logout() {
         CleanupHostConnection();
     else
         trace_lines.error("ZERDIX::logout(): Error RPC call");
-    trace_lines.exit("--> ZERDIX::logout()");
     return answered ? rpc::success : rpc::call_failed;
 }
 
 std::int32_t ZERDIX::clsCheckLogin() {
     std::int32_t loginid = session().lLoginId;
-    trace_lines.entry("<-- ZERDIX::clsCheckLogin(): LoginId: %ld", loginid);
-    client* handle = by_session{"ZERDIX::clsCheckLogin()"}.handle();
+    const by_session caller{"ZERDIX::clsCheckLogin()", "<-- ZERDIX::clsCheckLogin(): LoginId: %ld",
+                            loginid};
+    client* handle = caller.handle();
     if (handle == nullptr)
         return rpc::no_client;
     std::int32_t rc = rpc::success;
@@ -171,7 +168,6 @@ std::int32_t ZERDIX::clsCheckLogin() {
         trace_lines.error("ZERDIX::clsCheckLogin(): No login for id: %ld", loginid);
         rc = rpc::refused;
     }
-    trace_lines.exit("--> ZERDIX::clsCheckLogin()");
     return rc;
 }
 

@@ -1,4 +1,4 @@
-// The server's time zone as this process's, and send times in the session's language.
+// Taking the server's time zone for this process, and reading send times in the session's language.
 
 #include <cstdlib>
 #include <ctime>

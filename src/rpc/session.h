@@ -1,13 +1,15 @@
 // The state of the connection, process-wide: what ZERDIX, JOURNAL and TELEBOOK share.
 //
-// It comes up with the library and stays until the library goes. `pclient` is null while the
-// connection is closed: GetClientAddr opens it, CleanupHostConnection and a call that timed out
-// close it. User, server and language survive the connection and every object.
+// It comes up with its first use and is never destroyed, since a program's own objects may go last.
+// `pclient` is null while the connection is closed: GetClientAddr opens it, CleanupHostConnection
+// and a call that timed out close it. User, server and language survive the connection and every
+// object.
 #ifndef ZERDIX_RPC_SESSION_H
 #define ZERDIX_RPC_SESSION_H
 
 #include <rpc/rpc.h>
 
+#include <zerdix/held_result.h>
 #include <zerdix/records.h>
 
 namespace zerdix::rpc {
@@ -27,7 +29,7 @@ struct session_state {
     str35 str35AlphaServer{};
     std::int32_t lJournalBlockSize = 0; // 0: not asked for yet
     std::int32_t lTelebookBlockSize = 0;
-    a_user_rec* pauserrec = nullptr; // the user's defaults as last fetched, null: not yet
+    held_result<a_user_rec> pauserrec; // the user's defaults as last fetched, null: not yet
     call_error last_failed_call{RPC_SUCCESS, 0};
     std::uint32_t failed_calls = 0;
 };

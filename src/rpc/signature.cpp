@@ -1,29 +1,26 @@
 // The signature of the session's user.
 
-#include <cstdlib>
-
 #include <zerdix/zerdix.h>
 
 #include "rpc/block_transfer.h"
 #include "rpc/fields.h"
-#include "trace/traced.h"
 
 using namespace zerdix;
 using rpc::by_session;
+using rpc::trace_lines;
 namespace proc = rpc::proc;
 
 namespace {
 
-constexpr trace::tracer trace_lines{"zerdix"};
 constexpr std::int32_t store_block = 16384;
 
 // Fills the signature's room block by block and sets its size; false when a call failed.
-bool fetch_blocks(const by_session& caller, a_get_sigb_i request, a_get_sigb_o*& answer,
-                  const void* holder, std::uint32_t room, page_dat& signature) {
+bool fetch_blocks(const by_session& caller, a_get_sigb_i request, held_result<a_get_sigb_o>& answer,
+                  std::uint32_t room, page_dat& signature) {
     std::uint32_t gathered = 0;
     request.length = rpc::fetch_block;
     for (int i = 0; i < rpc::most_fetch_blocks; ++i) {
-        if (rpc::fetch<proc::a_get_sigb_1>(caller, request, answer, holder) == nullptr)
+        if (rpc::fetch<proc::a_get_sigb_1>(caller, request, answer) == nullptr)
             return false;
         gathered += rpc::take_block(*answer, signature, gathered, room);
         const bool ends = answer->data.length == 0 && gathered == room;
@@ -38,30 +35,26 @@ bool fetch_blocks(const by_session& caller, a_get_sigb_i request, a_get_sigb_o*&
 } // namespace
 
 page_dat* ZERDIX::getSignature() {
-    trace_lines.entry("<-- ZERDIX::getSignature()");
     const by_session caller{"ZERDIX::getSignature()"};
     if (caller.handle() == nullptr)
         return nullptr;
     const a_get_sigb_i request{rpc::user_id(), 0, 0};
-    if (rpc::fetch<proc::a_get_sigb_1>(caller, request, pSignatureResult, this) == nullptr)
+    if (rpc::fetch<proc::a_get_sigb_1>(caller, request, pSignatureResult) == nullptr)
         return nullptr;
     trace_lines.info("ZERDIX::getSignature(): Size of signature: %ld Bytes\n",
                      pSignatureResult->size);
     const std::uint32_t room = rpc::room_for(pSignatureResult->size);
     signature.size = 0;
     if (room > 0) {
-        std::free(signature.data);
-        signature.data = static_cast<unsigned char*>(std::malloc(room));
-        if (signature.data == nullptr ||
-            !fetch_blocks(caller, request, pSignatureResult, this, room, signature))
+        if (!signature.make_room(room) ||
+            !fetch_blocks(caller, request, pSignatureResult, room, signature))
             return nullptr;
     }
-    trace_lines.exit("--> ZERDIX::getSignature(): %ld Bytes loaded\n", signature.size);
+    caller.exit("--> ZERDIX::getSignature(): %ld Bytes loaded\n", signature.size);
     return &signature;
 }
 
 std::int32_t ZERDIX::putSignature(const page_dat* data) {
-    trace_lines.entry("<-- ZERDIX::putSignature()");
     const by_session caller{"ZERDIX::putSignature()"};
     if (caller.handle() == nullptr)
         return rpc::no_client;
@@ -75,8 +68,5 @@ std::int32_t ZERDIX::putSignature(const page_dat* data) {
             trace_lines.error("Error returned from a_put_sigb_1()\n");
         return rc;
     };
-    const std::int32_t rc = rpc::send_blocks(*data, store_block, send);
-    if (rc != rpc::call_failed) // which has left a line of its own
-        trace_lines.exit("--> ZERDIX::putSignature()");
-    return rc;
+    return rpc::send_blocks(*data, store_block, send);
 }

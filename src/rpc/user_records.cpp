@@ -9,19 +9,17 @@
 
 #include "rpc/call.h"
 #include "rpc/fields.h"
-#include "trace/traced.h"
 
 using namespace zerdix;
 using rpc::by_session;
 using rpc::or_empty;
 using rpc::session;
+using rpc::trace_lines;
 using rpc::truth;
 using rpc::whole_field;
 namespace proc = rpc::proc;
 
 namespace {
-
-constexpr trace::tracer trace_lines{"zerdix"};
 
 // Results of their own, beside rpc::result.
 constexpr std::int32_t closes_a_cycle = 6;
@@ -38,44 +36,36 @@ struct kept {
     std::int32_t rc;
 };
 
-kept<a_user_rec> kept_a_user(ZERDIX& object, const char* name) {
-    if (by_session{name}.handle() == nullptr)
+kept<a_user_rec> kept_a_user(ZERDIX& object, const by_session& caller) {
+    if (caller.handle() == nullptr)
         return {nullptr, rpc::no_client};
-    if (session().pauserrec == nullptr && object.getAUserRecord() == nullptr) {
-        trace_lines.error("%s: RPC error, alpha user record not set\n", name);
-        trace_lines.exit("--> %s", name);
+    if (session().pauserrec.get() == nullptr && object.getAUserRecord() == nullptr) {
+        trace_lines.error("%s: RPC error, alpha user record not set\n", caller.name());
         return {nullptr, rpc::call_failed};
     }
-    return {session().pauserrec, rpc::success};
+    return {session().pauserrec.get(), rpc::success};
 }
 
-// The record in `present` is only the object's own as long as no other object has fetched one.
-kept<o_user_rec> kept_o_user(ZERDIX& object, o_user_rec* present, const char* name) {
-    if (by_session{name}.handle() == nullptr)
+// `present` counts only as long as no other object has fetched a record.
+kept<o_user_rec> kept_o_user(ZERDIX& object, const held_result<o_user_rec>& present,
+                             const by_session& caller) {
+    if (caller.handle() == nullptr)
         return {nullptr, rpc::no_client};
-    if (rpc::holds<proc::o_get_user_1>(present, &object))
-        return {present, rpc::success};
-    present = object.getOUserRecord();
-    if (present != nullptr)
-        return {present, rpc::success};
-    trace_lines.error("%s: RPC error, omega user record not set\n", name);
-    trace_lines.exit("--> %s", name);
+    if (present.is_own())
+        return {present.get(), rpc::success};
+    o_user_rec* const fetched = object.getOUserRecord();
+    if (fetched != nullptr)
+        return {fetched, rpc::success};
+    trace_lines.error("%s: RPC error, omega user record not set\n", caller.name());
     return {nullptr, rpc::call_failed};
 }
 
 template <class P>
 std::int32_t put_record(const char* name, const typename P::argument& record) {
-    trace_lines.entry("<-- %s", name);
-    const std::int32_t rc = rpc::request<P>(by_session{name}, record);
+    const by_session caller{name};
+    const std::int32_t rc = rpc::request<P>(caller, record);
     if (rc == rpc::refused)
         trace_lines.error("Error returned from a_put_user_1()\n");
-    if (rc == rpc::refused || rc == rpc::success)
-        trace_lines.exit("--> %s", name);
-    return rc;
-}
-
-std::int32_t finish(const char* name, std::int32_t rc) {
-    trace_lines.exit("--> %s", name);
     return rc;
 }
 
@@ -91,26 +81,22 @@ std::int32_t password_result(std::int32_t told) {
 } // namespace
 
 a_user_rec* ZERDIX::getAUserRecord() {
-    trace_lines.entry("<-- ZERDIX::getAUserRecord()");
-    if (rpc::fetch<proc::a_get_user_1>(by_session{"ZERDIX::getAUserRecord()"},
-                                       session().str10UserId, session().pauserrec,
-                                       &session()) == nullptr)
+    const by_session caller{"ZERDIX::getAUserRecord()"};
+    if (rpc::fetch<proc::a_get_user_1>(caller, session().str10UserId, session().pauserrec) ==
+        nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::getAUserRecord()");
-    return session().pauserrec;
+    return session().pauserrec.get();
 }
 
 a_user_rec* ZERDIX::clsGetAUserRecord() {
-    trace_lines.entry("<-- ZERDIX::clsGetAUserRecord()");
     const by_session caller{"ZERDIX::clsGetAUserRecord()"};
     if (caller.handle() == nullptr)
         return nullptr;
-    if (session().pauserrec == nullptr &&
-        rpc::fetch<proc::a_get_user_1>(caller, session().str10UserId, session().pauserrec,
-                                       &session()) == nullptr)
+    if (session().pauserrec.get() == nullptr &&
+        rpc::fetch<proc::a_get_user_1>(caller, session().str10UserId, session().pauserrec) ==
+            nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::clsGetAUserRecord()");
-    return session().pauserrec;
+    return session().pauserrec.get();
 }
 
 std::int32_t ZERDIX::putAUserRecord(const a_user_rec* record) {
@@ -118,72 +104,68 @@ std::int32_t ZERDIX::putAUserRecord(const a_user_rec* record) {
 }
 
 std::int32_t ZERDIX::setDefPrinter(const char* printer) {
-    constexpr const char* name = "ZERDIX::setDefPrinter()";
-    trace_lines.entry("<-- ZERDIX::setDefPrinter(): Printer: <%s>", or_empty(printer));
-    const auto [record, rc] = kept_a_user(*this, name);
+    const by_session caller{"ZERDIX::setDefPrinter()", "<-- ZERDIX::setDefPrinter(): Printer: <%s>",
+                            or_empty(printer)};
+    const auto [record, rc] = kept_a_user(*this, caller);
     if (record == nullptr)
         return rc;
     record->defprinter = whole_field<10>(printer);
-    return finish(name, putAUserRecord(record));
+    return putAUserRecord(record);
 }
 
 std::int32_t ZERDIX::setDefScanner(const char* scanner, std::int32_t hwfeatures) {
-    constexpr const char* name = "ZERDIX::setDefScanner()";
-    trace_lines.entry("<-- ZERDIX::setDefScanner(): Scanner: <%s> Hardware Features <0x%x>",
-                      or_empty(scanner), hwfeatures);
-    const auto [record, rc] = kept_a_user(*this, name);
+    const by_session caller{"ZERDIX::setDefScanner()",
+                            "<-- ZERDIX::setDefScanner(): Scanner: <%s> Hardware Features <0x%x>",
+                            or_empty(scanner), hwfeatures};
+    const auto [record, rc] = kept_a_user(*this, caller);
     if (record == nullptr)
         return rc;
     record->defscanner = whole_field<10>(scanner);
     record->hwfeatures = static_cast<std::int16_t>(hwfeatures);
-    return finish(name, putAUserRecord(record));
+    return putAUserRecord(record);
 }
 
 std::int32_t ZERDIX::setPaperTrays(const std::int32_t* trays) {
-    constexpr const char* name = "ZERDIX::setPaperTrays()";
-    trace_lines.entry("<-- ZERDIX::setPaperTrays(): 1:<%ld> 2:<%ld> 3:<%ld> 4:<%ld> 5:<%ld> "
-                      "6:<%ld> 7:<%ld> 8:<%ld> 9:<%ld> 10:<%ld>",
-                      trays[0], trays[1], trays[2], trays[3], trays[4], trays[5], trays[6],
-                      trays[7], trays[8], trays[9]);
-    const auto [record, rc] = kept_a_user(*this, name);
+    const by_session caller("ZERDIX::setPaperTrays()",
+                            "<-- ZERDIX::setPaperTrays(): 1:<%ld> 2:<%ld> 3:<%ld> 4:<%ld> 5:<%ld> "
+                            "6:<%ld> 7:<%ld> 8:<%ld> 9:<%ld> 10:<%ld>",
+                            trays[0], trays[1], trays[2], trays[3], trays[4], trays[5], trays[6],
+                            trays[7], trays[8], trays[9]);
+    const auto [record, rc] = kept_a_user(*this, caller);
     if (record == nullptr)
         return rc;
     std::copy_n(trays, record->papertrays.size(), record->papertrays.begin());
-    return finish(name, putAUserRecord(record));
+    return putAUserRecord(record);
 }
 
 std::int32_t ZERDIX::setPriority(std::int16_t priority) {
-    constexpr const char* name = "ZERDIX::setPriority()";
-    trace_lines.entry("<-- ZERDIX::setPriority(): <%hd>", priority);
+    const by_session caller{"ZERDIX::setPriority()", "<-- ZERDIX::setPriority(): <%hd>", priority};
     const bool in_range = priority >= 0 && priority <= highest_priority;
     if (!in_range && session().pclient != nullptr) {
-        trace_lines.error("%s: a user's priority is 0 to 100, not %hd", name, priority);
-        return finish(name, rpc::refused);
+        trace_lines.error("%s: a user's priority is 0 to 100, not %hd", caller.name(), priority);
+        return rpc::refused;
     }
-    const auto [record, rc] = kept_a_user(*this, name);
+    const auto [record, rc] = kept_a_user(*this, caller);
     if (record == nullptr)
         return rc;
     record->priority = priority;
-    return finish(name, putAUserRecord(record));
+    return putAUserRecord(record);
 }
 
 std::int32_t ZERDIX::setActions(std::int32_t actions) {
-    constexpr const char* name = "ZERDIX::setActions()";
-    trace_lines.entry("<-- ZERDIX::setActions(): <%ld>", actions);
-    const auto [record, rc] = kept_a_user(*this, name);
+    const by_session caller{"ZERDIX::setActions()", "<-- ZERDIX::setActions(): <%ld>", actions};
+    const auto [record, rc] = kept_a_user(*this, caller);
     if (record == nullptr)
         return rc;
     record->actions = actions;
-    return finish(name, putAUserRecord(record));
+    return putAUserRecord(record);
 }
 
 o_user_rec* ZERDIX::getOUserRecord() {
-    trace_lines.entry("<-- ZERDIX::getOUserRecord()");
-    if (rpc::fetch<proc::o_get_user_1>(by_session{"ZERDIX::getOUserRecord()"},
-                                       {{}, session().str10UserId}, pouserrec, this) == nullptr)
+    const by_session caller{"ZERDIX::getOUserRecord()"};
+    if (rpc::fetch<proc::o_get_user_1>(caller, {{}, session().str10UserId}, pouserrec) == nullptr)
         return nullptr;
-    trace_lines.exit("--> ZERDIX::getOUserRecord()");
-    return pouserrec;
+    return pouserrec.get();
 }
 
 std::int32_t ZERDIX::putOUserRecord(const o_user_rec* record) {
@@ -191,30 +173,28 @@ std::int32_t ZERDIX::putOUserRecord(const o_user_rec* record) {
 }
 
 std::int32_t ZERDIX::setReplacement(const char* userid, const char* alphaid, int active) {
-    constexpr const char* name = "ZERDIX::setReplacement()";
-    trace_lines.entry("<-- %s", name);
-    const auto [record, rc] = kept_o_user(*this, pouserrec, name);
+    const by_session caller{"ZERDIX::setReplacement()"};
+    const auto [record, rc] = kept_o_user(*this, pouserrec, caller);
     if (record == nullptr)
         return rc;
     const a_check_cycle_i request{session().str10UserId, whole_field<35>(alphaid),
                                   whole_field<10>(userid)};
     const std::int32_t checked = rpc::request<proc::a_check_cycle_1>(
-        by_session{"ZERDIX::setReplacement() <a_check_cycle_i>"}, request);
+        rpc::by_session_step{caller, "ZERDIX::setReplacement() <a_check_cycle_i>"}, request);
     if (checked == rpc::refused) {
         trace_lines.error("Replacement must not be set\n");
-        return finish(name, closes_a_cycle);
+        return closes_a_cycle;
     }
     if (checked != rpc::success)
         return checked;
     record->repl_userid = request.repl_userid;
     record->repl_alphaid = request.repl_alphaid;
     record->repl_active = truth(active);
-    return finish(name, putOUserRecord(record));
+    return putOUserRecord(record);
 }
 
 // A login takes no more than 20 characters of a password, so no more are stored.
 std::int32_t ZERDIX::chgPassword(const char* oldpassword, const char* newpassword) {
-    trace_lines.entry("<-- ZERDIX::chgPassword()");
     const by_session caller{"ZERDIX::chgPassword()"};
     client* handle = caller.handle();
     if (handle == nullptr)
@@ -225,6 +205,6 @@ std::int32_t ZERDIX::chgPassword(const char* oldpassword, const char* newpasswor
     if (told == nullptr)
         return rpc::call_failed;
     const std::int32_t rc = password_result(*told);
-    trace_lines.exit("--> ZERDIX::chgPassword(): rc: %ld", rc);
+    caller.exit("--> ZERDIX::chgPassword(): rc: %ld", rc);
     return rc;
 }

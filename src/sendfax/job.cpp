@@ -37,7 +37,7 @@ void take_user_from_settings(bool record_user) {
         pa_s_rec->userid.assign(user);
 }
 
-// The next job of the process mustn't run in another user's name.
+// The next job of the process mustn't run as another user.
 void restore_own_identity() {
     std::optional<identity>& own = job().own_identity;
     if (!own || pzerdix == nullptr)

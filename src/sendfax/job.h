@@ -1,9 +1,9 @@
 // The state of the print job: the only thing that the entry points share.
 //
-// There is one job per process. It comes to life with TransmissionDlg (or with a page that comes
-// without one), and close_job brings everything back to idle, whichever way the job ends. A job is
-// active while `pzerdix` isn't null. Seven members are exported data and stand in zerdix/sendfax.h:
-// pzerdix, pa_s_rec, ppReceiver, lPDCountReceiver, fCoverpage, userid and alphaid.
+// There is one job per process. It begins with TransmissionDlg, or with a page that comes without
+// it, and close_job resets everything, whichever way the job ends. A job is active while `pzerdix`
+// isn't null. Seven members are exported data and stand in zerdix/sendfax.h: pzerdix, pa_s_rec,
+// ppReceiver, lPDCountReceiver, fCoverpage, userid and alphaid.
 #ifndef ZERDIX_SENDFAX_JOB_H
 #define ZERDIX_SENDFAX_JOB_H
 
@@ -29,7 +29,7 @@ enum result : std::int32_t {
     failure = 8,
 };
 
-// In whose name the session speaks, and with which server.
+// A user of the session, and the server.
 struct identity {
     str10 user;
     str35 alpha_server;
@@ -49,14 +49,14 @@ struct job_state {
     std::int32_t fLogCompleted = 1;      // the fan-out still has to write its completion line
     std::int32_t receiver_room = 0;      // slots of ppReceiver
 
-    // The session's own, while a telex speaks as another user.
+    // The session's own user and server, while a telex is sent as another user.
     std::optional<identity> own_identity;
 };
 
 job_state& job();
 
-// Whether the job is in the hands of SendFaxDoc or of the send dialog. Its windows run a message
-// loop, so that a driver could call meanwhile; then nothing may end the job.
+// Whether SendFaxDoc or the send dialog is at work on the job. The dialog's windows run a message
+// loop, so that a driver may call meanwhile; no such call may end the job.
 bool is_sending();
 
 // Makes the session's objects and connects to the server of the settings, where the session has
@@ -67,7 +67,7 @@ bool open_session(bool record_user);
 // The steps of the sending, on the job's document, record and outcome.
 sending::sender job_sender();
 
-// Pages get no letterhead until one is fetched anew.
+// Forgets the letterhead fetched last; the next page fetches it anew.
 void forget_background();
 
 // Called before the session takes another user's name for the rest of the job.

@@ -1,9 +1,9 @@
 // Turning landscape pages upright.
 
+#include "sendfax/landscape_page.h"
 #include "imaging/owned_bitmap.h"
 #include "sendfax/block_header.h"
 #include "sendfax/job.h"
-#include "sendfax/page_preparers.h"
 #include "sendfax/trace_lines.h"
 
 namespace zerdix::sendfax {
@@ -44,16 +44,14 @@ std::int32_t rotate(unsigned char* block, std::size_t size, page_dat& page) {
 } // namespace
 
 std::int32_t RotateBitmap(unsigned char* block, std::int32_t size, page_dat* page) {
-    trace_lines.entry("<-- RotateBitmap:");
+    const trace::operation traced{trace_lines, "RotateBitmap():", "<-- RotateBitmap:"};
     const auto bytes = static_cast<std::size_t>(size);
     const pages::page_size picture = pages::read_header(block, pages::header_form::stored);
     if (picture.height > picture.width) {
-        trace_lines.exit("--> RotateBitmap(): Bitmap must not be rotated");
+        traced.exit("--> RotateBitmap(): Bitmap must not be rotated");
         return declined;
     }
-    const std::int32_t result = rotate(block, bytes, *page);
-    trace_lines.exit("--> RotateBitmap():");
-    return result;
+    return rotate(block, bytes, *page);
 }
 
 } // namespace zerdix::sendfax

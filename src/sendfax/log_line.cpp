@@ -15,7 +15,7 @@ constexpr std::size_t line_buffer = 256;
 
 } // namespace
 
-// asctime with the day always in two digits, whatever the locale.
+// As asctime, but with the day always in two digits, and in English whatever the locale is.
 std::string log_time(std::time_t when) {
     constexpr const char* days[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
     constexpr const char* months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",

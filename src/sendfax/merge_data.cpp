@@ -1,4 +1,4 @@
-// Receivers and settings of a job out of its merge data.
+// Taking the receivers and settings of a job from its merge data.
 
 #include <algorithm>
 #include <cstdlib>
@@ -33,8 +33,8 @@ void remark(zx_remark_kind kind, const char* key, const char* value) {
     sending::job_outcome().remark(kind, key, value);
 }
 
-// Leading digits count, and text without digits is 0. A number too big stays too big: it mustn't
-// come round into a range.
+// Leading digits count, and text without digits is 0. A number that is too big stays so: it mustn't
+// wrap around into the range.
 int number_of(const char* key, const char* value) {
     constexpr long lowest = std::numeric_limits<int>::min();
     constexpr long highest = std::numeric_limits<int>::max();

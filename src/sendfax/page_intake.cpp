@@ -1,4 +1,4 @@
-// Taking in the pages of a print job, and giving a job up.
+// Storing the pages of a print job, and deleting or abandoning the job.
 
 #include <cstdlib>
 #include <limits>
@@ -12,8 +12,9 @@
 #include "pages/page_codec.h"
 #include "rpc/call.h"
 #include "sendfax/job.h"
+#include "sendfax/landscape_page.h"
+#include "sendfax/letterhead.h"
 #include "sendfax/log_line.h"
-#include "sendfax/page_preparers.h"
 #include "sendfax/trace_lines.h"
 
 using namespace zerdix;
@@ -21,10 +22,7 @@ using namespace zerdix::sendfax;
 
 namespace {
 
-struct freed {
-    void operator()(unsigned char* bytes) const { std::free(bytes); }
-};
-using heap_bytes = std::unique_ptr<unsigned char, freed>;
+using heap_bytes = std::unique_ptr<unsigned char, free_memory>;
 
 // The first page brings the document into being. A failed id stays in the job's state, so that no
 // later page makes another document.
@@ -76,10 +74,11 @@ bool is_room_for_a_page() {
 
 // The C library's allocator gives the memory of large blocks back to the system, which has to clear
 // it anew for every page: that takes longer than all else here. It keeps twice the size of the
-// largest block that it has mapped on its own and seen come back; so it is shown one, which is
-// never touched. Twice this is what a page takes on its way over a letterhead: its work buffer, the
-// two bitmaps, the page's rows once more for the codec, its tables and the compressed page.
-void announce_pages(std::size_t block_size) {
+// largest block that it has mapped by itself and that was freed. So one is allocated and freed
+// here, and never written to. Twice its size is what a page needs on its way over a letterhead: its
+// work buffer, the two bitmaps, the page's rows once more for the codec, its tables and the
+// compressed page.
+void keep_memory_for_pages(std::size_t block_size) {
     void* volatile large = std::malloc(3 * block_size);
     std::free(large);
 }
@@ -145,7 +144,7 @@ bool take_page(std::span<const unsigned char> block, std::int16_t paper_source,
     if (!is_sound(block) || !is_room_for_a_page())
         return not_prepared(0);
     if (job().sPageCount == 0)
-        announce_pages(block.size());
+        keep_memory_for_pages(block.size());
     page_dat page{0, nullptr};
     const rpc::failed_call_mark calls;
     const bool prepared = prepare_page(block, paper_source, page);
@@ -173,10 +172,11 @@ extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::
             return failure;
         }
     }
-    trace_lines.entry("<-- StoreFaxPage(): Size of Bitmap: %ld Page Index: %hd", size, page_index);
+    const trace::operation traced{
+        trace_lines, "StoreFaxPage():", "<-- StoreFaxPage(): Size of Bitmap: %ld Page Index: %hd",
+        size, page_index};
     if (is_sending()) {
         trace_lines.error("StoreFaxPage(): the job is being sent and takes no more pages");
-        trace_lines.exit("--> StoreFaxPage():");
         return failure;
     }
     const std::size_t bytes = block != nullptr && size > 0 ? static_cast<std::size_t>(size) : 0;
@@ -184,26 +184,25 @@ extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::
         take_page({static_cast<const unsigned char*>(block), bytes}, paper_source, log);
     if (!taken)
         sending::job_outcome().failed_so_far(failure);
-    trace_lines.exit("--> StoreFaxPage():");
     return taken ? success : failure;
 }
 
 extern "C" std::int32_t DeleteFaxDoc() {
-    trace_lines.entry("<-- DeleteFaxDoc() -  Faxid: %ld", job().lFaxid);
+    const trace::operation traced{
+        trace_lines, "DeleteFaxDoc():", "<-- DeleteFaxDoc() -  Faxid: %ld", job().lFaxid};
     if (is_sending()) {
-        trace_lines.exit("--> DeleteFaxDoc(): job is being sent");
+        traced.exit("--> DeleteFaxDoc(): job is being sent");
         return failure;
     }
     const bool has_document = job().lFaxid != NO_FAXID && job().pjournal != nullptr;
     if (has_document && !job_sender().remove(job().lFaxid)) {
         sending::job_outcome().failed_so_far(failure);
         trace_lines.error("-> DeleteFaxDoc(): Problems with deleting document");
-        trace_lines.exit("--> DeleteFaxDoc():");
         return failure;
     }
     close_job();
     sending::job_outcome().ended(success);
-    trace_lines.exit("--> -> DeleteFaxDoc(): OK");
+    traced.exit("--> -> DeleteFaxDoc(): OK");
     return success;
 }
 

@@ -8,8 +8,8 @@
 
 namespace zerdix::sendfax {
 
-// Made at the begin of a run, while the session's user and server are still the job's own; the
-// exported `userid` and `alphaid` name the user who gets the document.
+// Made at the beginning of the sending, while the session's user and server are still the job's
+// own; the exported `userid` and `alphaid` name the user who gets the document.
 class pool_delivery {
   public:
     pool_delivery();

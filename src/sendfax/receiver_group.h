@@ -1,4 +1,4 @@
-// Receivers out of a recipient group.
+// Adding the members of a recipient group as receivers.
 #ifndef ZERDIX_SENDFAX_RECEIVER_GROUP_H
 #define ZERDIX_SENDFAX_RECEIVER_GROUP_H
 

@@ -1,4 +1,4 @@
-// The bridge to the send dialog.
+// How the print job runs the send dialog, which is a room above it.
 #ifndef ZERDIX_SENDFAX_SEND_DIALOG_H
 #define ZERDIX_SENDFAX_SEND_DIALOG_H
 
@@ -12,7 +12,7 @@ namespace zerdix::sendfax {
 // SendTelex and StoreFaxPage give 8, SendFaxDoc 0, AbandonFaxDoc -1. Merge data may come.
 using send_dialog = std::int32_t (*)(void* parent);
 
-// Whoever can show the dialog says so here; null where no dialog can run. Returns the one before.
+// Sets the function that shows the dialog, null where no dialog can run. Returns the one before.
 send_dialog install_send_dialog(send_dialog dialog);
 
 // For a job without receivers: gives it an array with one blank receiver and runs the dialog on it.

@@ -1,4 +1,4 @@
-// The end of a print job: who gets the document, the fan-out, and what becomes of the document.
+// Sending the document of a print job: the receivers, the fan-out, and the end of the job.
 
 #include <cstring>
 #include <ctime>
@@ -129,24 +129,23 @@ void end_job(std::int32_t rc) {
 } // namespace
 
 extern "C" std::int32_t SendFaxDoc() {
-    trace_lines.entry("<-- SendFaxDoc():");
+    const trace::operation traced{trace_lines, "SendFaxDoc()", "<-- SendFaxDoc():"};
     if (pzerdix == nullptr) {
-        trace_lines.exit("--> SendFaxDoc(): no initialisation");
+        traced.exit("--> SendFaxDoc(): no initialisation");
         return success;
     }
     if (is_sending()) {
-        trace_lines.exit("--> SendFaxDoc(): function already active");
+        traced.exit("--> SendFaxDoc(): function already active");
         return success;
     }
     job().fSendActive = 1;
     trace_job();
     if (job().lFaxid == NO_FAXID) {
-        trace_lines.exit("--> SendFaxDoc(): for an empty page we make no action");
+        traced.exit("--> SendFaxDoc(): for an empty page we make no action");
         end_job(success);
         return success;
     }
     const std::int32_t rc = send_job();
     end_job(rc);
-    trace_lines.exit("--> SendFaxDoc()");
     return rc;
 }

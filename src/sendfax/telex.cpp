@@ -1,4 +1,5 @@
-// Telex: the whole text at once, printed on a printer of the server that stands for the telex line.
+// Sending a telex: its whole text is printed at once, on the server's printer that stands for the
+// telex line.
 
 #include <new>
 #include <string>
@@ -29,8 +30,8 @@ std::int32_t ask_user() {
     return rc;
 }
 
-// From here to the end of the job the session speaks as the user whom the dialog named.
-void speak_as_pool_user() {
+// Makes the user whom the dialog named the session's, up to the end of the job.
+void act_as_pool_user() {
     if (userid[0] == '\0')
         return;
     keep_own_identity();
@@ -147,7 +148,7 @@ std::int32_t send_telex(std::string_view text) {
             end_job(rc);
             return rc;
         }
-        speak_as_pool_user();
+        act_as_pool_user();
     }
     if (!print_telex(text)) {
         sending::job_outcome().failed_so_far(failure);

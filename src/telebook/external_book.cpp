@@ -46,6 +46,6 @@ std::int32_t TELEBOOK::queryExternTBook(const char* tbookid, const char* p0, con
 
 // What was fetched before goes in any case, also when there is no handle to fetch with.
 a_fetch_result_o* TELEBOOK::fetchExternTBookResult(std::int32_t query) {
-    rpc::release<proc::a_fetch_result_1>(pFetchResult, this);
-    return rpc::fetch<proc::a_fetch_result_1>(by_object{pClient}, query, pFetchResult, this);
+    pFetchResult.reset();
+    return rpc::fetch<proc::a_fetch_result_1>(by_object{pClient}, query, pFetchResult);
 }

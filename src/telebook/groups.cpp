@@ -32,7 +32,7 @@ std::string key_of(const o_tgroupl& member) {
 // A key may fill its field and then has no NUL: no more than the field is read of it.
 PTRLIST* TELEBOOK::getTGroups() {
     return rpc::gather<o_tgroup>(
-        pTGroupList, fTGroupCopies,
+        pTGroupList,
         [this](const o_tgroup* last) {
             return getTGroupsB(last != nullptr ? last->groupid.bytes : "", rpc::block_to_gather());
         },
@@ -40,21 +40,19 @@ PTRLIST* TELEBOOK::getTGroups() {
 }
 
 PTRLIST* TELEBOOK::_getTGroups() {
-    PTRLIST* fresh = nullptr;
-    rpc::fetch_list<proc::o_get_tgroups_1>(by_object{pClient}, {alpha_id(), user_id()},
-                                           pTGroupsResult, fresh, this);
-    return rpc::replace_list<o_tgroup>(pTGroupList, fTGroupCopies, fresh);
+    return rpc::fetch_list<proc::o_get_tgroups_1>(by_object{pClient}, {alpha_id(), user_id()},
+                                                  pTGroupsResult, pTGroupList);
 }
 
 PTRLIST* TELEBOOK::getTGroupsB(const char* start, std::int32_t blocksize) {
     return rpc::fetch_list<proc::o_get_tgroupsb_1>(
         by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(start), blocksize},
-        pTGroupBlockResult, pTGroupBlock, this);
+        pTGroupBlockResult, pTGroupBlock);
 }
 
 o_tgroup* TELEBOOK::getTGroup(const char* groupid) {
     return rpc::fetch<proc::o_get_tgroup_1>(
-        by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(groupid)}, pTGroupResult, this);
+        by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(groupid)}, pTGroupResult);
 }
 
 std::int32_t TELEBOOK::putTGroup(const o_tgroup* group) {
@@ -69,7 +67,7 @@ std::int32_t TELEBOOK::delTGroup(const char* groupid) {
 PTRLIST* TELEBOOK::getTGroupEntries(const char* groupid, int flag) {
     const str10 group = whole_field<10>(groupid);
     return rpc::gather<o_tgroupl>(
-        pTGroupEntryList, fTGroupEntryCopies,
+        pTGroupEntryList,
         [&](const o_tgroupl* last) {
             return getTGroupEntriesB(group.bytes, flag, last != nullptr ? last->tbookid.bytes : "",
                                      last != nullptr ? last->teleid.bytes : "",
@@ -79,20 +77,18 @@ PTRLIST* TELEBOOK::getTGroupEntries(const char* groupid, int flag) {
 }
 
 PTRLIST* TELEBOOK::_getTGroupEntries(const char* groupid, int flag) {
-    PTRLIST* fresh = nullptr;
-    rpc::fetch_list<proc::o_get_tgroupl_1>(
+    return rpc::fetch_list<proc::o_get_tgroupl_1>(
         by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(groupid), truth(flag)},
-        pTGroupEntriesResult, fresh, this);
-    return rpc::replace_list<o_tgroupl>(pTGroupEntryList, fTGroupEntryCopies, fresh);
+        pTGroupEntriesResult, pTGroupEntryList);
 }
 
 PTRLIST* TELEBOOK::getTGroupEntriesB(const char* groupid, int flag, const char* starttbook,
                                      const char* starttele, std::int32_t blocksize) {
-    return rpc::fetch_list<proc::o_get_tgrouplb_1>(
-        by_object{pClient},
-        {alpha_id(), user_id(), whole_field<10>(groupid), truth(flag), whole_field<10>(starttbook),
-         whole_field<10>(starttele), blocksize},
-        pTGroupEntryBlockResult, pTGroupEntryBlock, this);
+    return rpc::fetch_list<proc::o_get_tgrouplb_1>(by_object{pClient},
+                                                   {alpha_id(), user_id(), whole_field<10>(groupid),
+                                                    truth(flag), whole_field<10>(starttbook),
+                                                    whole_field<10>(starttele), blocksize},
+                                                   pTGroupEntryBlockResult, pTGroupEntryBlock);
 }
 
 std::int32_t TELEBOOK::putTGroupEntry(const o_tgroupl* entry) {

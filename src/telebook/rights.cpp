@@ -45,7 +45,7 @@ char TELEBOOK::clssetPPerm() {
     return right_perm;
 }
 
-// An owner without a NUL in its field is no trouble: the user's id ends before the field does.
+// An owner whose field has no NUL can be compared all the same: the user's id is shorter than it.
 char TELEBOOK::getPermissions(const unsigned char* perms, const char* owner, const char* group) {
     int rights = perms[of_everybody];
     if (std::strcmp(ZERDIX::clsGetUserId(), or_empty(owner)) == 0)

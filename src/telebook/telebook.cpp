@@ -1,4 +1,4 @@
-// TELEBOOK as an object, and the operations on phone books and their entries.
+// Making a TELEBOOK, and the operations on phone books and their entries.
 
 #include <zerdix/telebook.h>
 
@@ -15,41 +15,18 @@ using rpc::user_id;
 using rpc::whole_field;
 namespace proc = rpc::proc;
 
-TELEBOOK::TELEBOOK()
-    : pTBookList(nullptr), pEntryList(nullptr), pTGroupList(nullptr), pTGroupBlock(nullptr),
-      pTGroupEntryList(nullptr), pTGroupEntryBlock(nullptr), pClient(ZERDIX::clsGetClient()),
-      pTBooksResult(nullptr), pTBookResult(nullptr), pEntriesResult(nullptr), pEntryResult(nullptr),
-      pTGroupsResult(nullptr), pTGroupBlockResult(nullptr), pTGroupResult(nullptr),
-      pTGroupEntriesResult(nullptr), pTGroupEntryBlockResult(nullptr), pFetchResult(nullptr),
-      fTGroupCopies(false), fTGroupEntryCopies(false) {}
+TELEBOOK::TELEBOOK() : pClient(ZERDIX::clsGetClient()) {}
 
-TELEBOOK::~TELEBOOK() {
-    delete pTBookList;
-    delete pEntryList;
-    rpc::delete_list<o_tgroup>(pTGroupList, fTGroupCopies);
-    delete pTGroupBlock;
-    rpc::delete_list<o_tgroupl>(pTGroupEntryList, fTGroupEntryCopies);
-    delete pTGroupEntryBlock;
-    rpc::release<proc::o_get_tbooks_1>(pTBooksResult, this);
-    rpc::release<proc::o_get_tbook_1>(pTBookResult, this);
-    rpc::release<proc::o_get_tbookl_1>(pEntriesResult, this);
-    rpc::release<proc::o_get_tbookentry_1>(pEntryResult, this);
-    rpc::release<proc::o_get_tgroups_1>(pTGroupsResult, this);
-    rpc::release<proc::o_get_tgroupsb_1>(pTGroupBlockResult, this);
-    rpc::release<proc::o_get_tgroup_1>(pTGroupResult, this);
-    rpc::release<proc::o_get_tgroupl_1>(pTGroupEntriesResult, this);
-    rpc::release<proc::o_get_tgrouplb_1>(pTGroupEntryBlockResult, this);
-    rpc::release<proc::a_fetch_result_1>(pFetchResult, this);
-}
+TELEBOOK::~TELEBOOK() = default;
 
 PTRLIST* TELEBOOK::getTBooks() {
     return rpc::fetch_list<proc::o_get_tbooks_1>(by_object{pClient}, {alpha_id(), user_id()},
-                                                 pTBooksResult, pTBookList, this);
+                                                 pTBooksResult, pTBookList);
 }
 
 o_tebu* TELEBOOK::getTBook(const char* tbookid) {
     return rpc::fetch<proc::o_get_tbook_1>(
-        by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(tbookid)}, pTBookResult, this);
+        by_object{pClient}, {alpha_id(), user_id(), whole_field<10>(tbookid)}, pTBookResult);
 }
 
 std::int32_t TELEBOOK::putTBook(const o_tebu* book) {
@@ -66,14 +43,14 @@ PTRLIST* TELEBOOK::getTBookEntries(const char* tbookid, nettypetype nettype, con
     return rpc::fetch_list<proc::o_get_tbookl_1>(
         by_object{pClient},
         telebook::entry_request(tbookid, nettype, whole_field<10>(start), blocksize),
-        pEntriesResult, pEntryList, this);
+        pEntriesResult, pEntryList);
 }
 
 o_tebul* TELEBOOK::getTBookEntry(const char* tbookid, const char* teleid, int flag) {
     return rpc::fetch<proc::o_get_tbookentry_1>(
         by_object{pClient},
         {alpha_id(), user_id(), whole_field<10>(tbookid), whole_field<10>(teleid), truth(flag)},
-        pEntryResult, this);
+        pEntryResult);
 }
 
 std::int32_t TELEBOOK::putTBookEntry(const o_tebul* entry) {

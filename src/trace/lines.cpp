@@ -1,4 +1,4 @@
-// From a message to the physical lines of the two files.
+// Writing a message as physical lines into the trace file and the error log.
 
 #include <zerdix/trace.h>
 
@@ -62,7 +62,7 @@ class physical_line {
     std::size_t length_;
 };
 
-// Null where it can't be opened at once, as a pipe that nobody reads.
+// Null when it can't be opened at once, such as a pipe that nobody reads.
 std::FILE* open_error_log(const char* path) {
     const int descriptor =
         path == nullptr
@@ -101,7 +101,7 @@ void T_TRACE::_voutTraceLine(int wrapConfigured, std::uint32_t level, const char
         _outParts(wrapConfigured, level, prefix, message);
         return;
     }
-    // A message box lets other code run, whose lines mustn't be composed over this one.
+    // A message box lets other code run, which may trace: its lines need a buffer of their own.
     text_buffer owned(std::exchange(_textBuffer, nullptr));
     if (owned == nullptr)
         owned.reset(new (std::nothrow) char[trace::text_size]);

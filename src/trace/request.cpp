@@ -1,4 +1,4 @@
-// The gate that every request passes, and messages.
+// How every trace request begins and ends, and the request for a message.
 
 #include <zerdix/trace.h>
 

@@ -1,4 +1,4 @@
-// The scope test: lists of masks for names and levels.
+// The test whether a source and a level are to be traced: lists of masks for names and levels.
 
 #include <zerdix/trace.h>
 

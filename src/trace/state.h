@@ -32,11 +32,10 @@ inline bool is_error(std::uint32_t level) {
 // The present local time as asctime prints it, its line feed included.
 std::array<char, 32> time_text();
 
-// Shows the user a message of the tracer's own. It isn't kept in the log of messages, which is the
-// tracer itself.
+// Shows the user a message of the tracer itself. It isn't traced as other messages are.
 void tell_user(std::string_view text, std::string_view caption);
 
-// Says that a line's text has no buffer.
+// Tells the user that there is no memory for the text of a line.
 void report_no_text_buffer();
 
 } // namespace zerdix::trace

@@ -19,7 +19,7 @@
 
 namespace zerdix::trace {
 
-// The process's tracer; the one road to it.
+// The tracer of the process. Everything in the library reaches it through this pointer.
 extern T_TRACE* const process_tracer;
 
 enum level : std::uint32_t {
@@ -129,6 +129,38 @@ class tracer {
 
   private:
     const char* file_;
+};
+
+// The two lines of an operation: its entry line now, and its exit line on every way out.
+class operation {
+  public:
+    // The exit line is "--> " and `name`, unless another one is written first.
+    template <traceable... Arguments>
+    operation(tracer lines, const char* name, tracer::format<Arguments...> entry,
+              Arguments... arguments)
+        : lines_(lines), name_(name) {
+        lines_.entry(entry, arguments...);
+    }
+    ~operation() {
+        if (!has_exit_line_)
+            lines_.exit("--> %s", name_);
+    }
+    operation(const operation&) = delete;
+    operation& operator=(const operation&) = delete;
+
+    const char* name() const { return name_; }
+
+    // Writes an exit line of its own, for the way out that is taken now.
+    template <traceable... Arguments>
+    void exit(tracer::format<Arguments...> text, Arguments... arguments) const {
+        has_exit_line_ = true;
+        lines_.exit(text, arguments...);
+    }
+
+  private:
+    tracer lines_;
+    const char* name_;
+    mutable bool has_exit_line_ = false;
 };
 
 } // namespace zerdix::trace

@@ -5,7 +5,8 @@
 #include "pages/mirror.h"
 #include "sendfax/failing_malloc.h"
 #include "sendfax/job_trace.h"
-#include "sendfax/page_preparers.h"
+#include "sendfax/landscape_page.h"
+#include "sendfax/letterhead.h"
 
 namespace zerdix::testing {
 namespace {

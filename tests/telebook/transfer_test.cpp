@@ -11,7 +11,7 @@
 
 #include "rpc/scripted_handle.h"
 #include "support/test_server.h"
-#include "telebook/transfer_file.h"
+#include "telebook/phone_book_line.h"
 
 namespace zerdix::testing {
 namespace {

@@ -24,17 +24,16 @@ entry_walk::entry_walk(user_session& user, std::string book, std::int16_t nettyp
       block_size_(block_size(user)) {}
 
 std::vector<o_tebul> entry_walk::next() {
-    const PTRLIST& block = user_.fetch("reading the phone book " + shown(book_), [&] {
-        return user_.books().getTBookEntries(book_.c_str(), static_cast<nettypetype>(nettype_),
-                                             start_.c_str(), block_size_);
+    pages_.next([this](const o_tebul* last) {
+        const std::string start = last != nullptr ? std::string(last->teleid.view()) : start_;
+        return &user_.fetch("reading the phone book " + shown(book_), [&] {
+            return user_.books().getTBookEntries(book_.c_str(), static_cast<nettypetype>(nettype_),
+                                                 start.c_str(), block_size_);
+        });
     });
     std::vector<o_tebul> entries;
-    for (const auto* entry : records<o_tebul>(block)) {
-        if (seen_.emplace(entry->teleid.view()).second)
-            entries.push_back(*entry);
-    }
-    if (!entries.empty())
-        start_ = entries.back().teleid.view();
+    for (const o_tebul* entry : pages_.fresh())
+        entries.push_back(*entry);
     return entries;
 }
 

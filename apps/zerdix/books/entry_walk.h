@@ -4,14 +4,18 @@
 
 #include <cstdint>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
+#include <zerdix/pager.h>
 #include <zerdix/records.h>
 
 #include "session/user_session.h"
 
 namespace zerdix::app {
+
+struct id_of_entry {
+    std::string operator()(const o_tebul& entry) const { return std::string(entry.teleid.view()); }
+};
 
 class entry_walk {
   public:
@@ -29,7 +33,7 @@ class entry_walk {
     std::string start_;
     std::int32_t block_size_;
     // A block may begin with the entry that was asked for, and each counts once.
-    std::unordered_set<std::string> seen_;
+    pager<o_tebul, leave_repeats_out<o_tebul, id_of_entry>> pages_;
 };
 
 } // namespace zerdix::app

@@ -1,6 +1,10 @@
 #include "documents/pool_list.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
+
+#include <zerdix/pager.h>
 
 #include "documents/document_records.h"
 
@@ -12,20 +16,32 @@ namespace {
 constexpr std::int32_t smallest_block = 2;
 
 template <class Record>
-void append(json& all, const PTRLIST& list) {
-    for (const Record* record : records<Record>(list))
-        all.push_back(as_json(*record));
+json& append(json& all, const std::vector<const Record*>& documents) {
+    for (const Record* document : documents)
+        all.push_back(as_json(*document));
+    return all;
 }
 
-json loaded(JOURNAL& journal, topftype pool) {
-    json all = json::array();
+// Runs `list` with an empty record of the pool, for its type.
+template <class List>
+json by_record(topftype pool, List list) {
     if (pool == TOPF_E)
-        append<a_e_rec>(all, *journal.getEDocPtrList());
-    else if (pool == TOPF_S)
-        append<a_s_rec>(all, *journal.getSDocPtrList());
-    else
-        append<a_p_rec>(all, *journal.getPDocPtrList());
-    return all;
+        return list(a_e_rec{});
+    if (pool == TOPF_S)
+        return list(a_s_rec{});
+    return list(a_p_rec{});
+}
+
+const PTRLIST& load_block(user_session& user, topftype pool, list_selection which,
+                          std::int32_t from, int most) {
+    JOURNAL& journal = user.journal();
+    user.expect(
+        std::string("listing the ") + pool_word(pool) + " documents",
+        [&] { return journal.loadDocPtrList(pool, which, from, most); },
+        "the server no longer knows the login");
+    if (pool == TOPF_E)
+        return *journal.getEDocPtrList();
+    return pool == TOPF_S ? *journal.getSDocPtrList() : *journal.getPDocPtrList();
 }
 
 std::int32_t block_size(user_session& user) {
@@ -36,42 +52,43 @@ std::int32_t block_size(user_session& user) {
     return std::max(size, smallest_block);
 }
 
-std::int32_t id_of(const json& document) {
-    return document["id"].get<std::int32_t>();
-}
-
-// What the block adds to the list. A server that goes back adds nothing.
-bool append_later(json& all, json& block) {
-    const std::int32_t last = all.empty() ? 0 : id_of(all.back());
-    const std::size_t before = all.size();
-    for (json& document : block) {
-        if (id_of(document) > last)
-            all.push_back(std::move(document));
+// Ids ascend, so that a document counts only behind the last one of the blocks before.
+template <class Record>
+struct ascending_ids {
+    bool operator()(const PTRLIST& block, const Record* last, std::vector<const Record*>& fresh) {
+        const std::int32_t last_id = last != nullptr ? last->faxid : 0;
+        for (const Record* document : records<Record>(block))
+            if (document->faxid > last_id)
+                fresh.push_back(document);
+        return true;
     }
-    return all.size() > before;
-}
+};
 
 } // namespace
 
 json list_block(user_session& user, topftype pool, list_selection which, std::int32_t from,
                 int most) {
-    JOURNAL& journal = user.journal();
-    user.expect(
-        std::string("listing the ") + pool_word(pool) + " documents",
-        [&] { return journal.loadDocPtrList(pool, which, from, most); },
-        "the server no longer knows the login");
-    return loaded(journal, pool);
+    const PTRLIST& block = load_block(user, pool, which, from, most);
+    return by_record(pool, [&]<class Record>(const Record&) {
+        json all = json::array();
+        return append(all, records<Record>(block));
+    });
 }
 
 json list_pool(user_session& user, topftype pool, list_selection which, std::int32_t from) {
     const std::int32_t size = block_size(user);
-    json all = json::array();
-    for (;;) {
-        json block = list_block(user, pool, which, all.empty() ? from : id_of(all.back()), size);
-        const bool full = block.size() >= static_cast<std::size_t>(size);
-        if (!append_later(all, block) || !full)
-            return all;
-    }
+    return by_record(pool, [&]<class Record>(const Record&) {
+        json all = json::array();
+        pager<Record, ascending_ids<Record>> pages;
+        for (;;) {
+            const paging step = pages.next([&](const Record* last) {
+                return &load_block(user, pool, which, last != nullptr ? last->faxid : from, size);
+            });
+            append(all, pages.fresh());
+            if (step != paging::goes_on || pages.block_size() < static_cast<std::uint32_t>(size))
+                return all;
+        }
+    });
 }
 
 } // namespace zerdix::app

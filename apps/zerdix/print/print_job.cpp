@@ -10,7 +10,6 @@
 #include <zerdix/zerdix.h>
 
 #include "output/value_text.h"
-#include "platform/dialog/presenter_plugin.h"
 #include "platform/encoding.h"
 #include "platform/windows_plugin.h"
 #include "print/fax_sending.h"

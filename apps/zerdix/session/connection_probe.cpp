@@ -18,6 +18,7 @@
 
 #include <rpc/pmap_clnt.h>
 
+#include <zerdix/call_time.h>
 #include <zerdix/zerdix.h>
 
 #include "platform/encoding.h"
@@ -30,7 +31,7 @@ constexpr std::uint32_t server_program = 0xF452BF;
 constexpr std::uint32_t server_version = 1;
 constexpr std::uint16_t mapper_port = 111;
 constexpr int probe_seconds = 5;
-constexpr std::chrono::seconds call_limit{25}; // the library's
+constexpr std::chrono::seconds call_limit{call_seconds};
 
 std::uint32_t program_number() {
     const char* offset = std::getenv("ZERDIXRPCOFFSET");
@@ -158,7 +159,8 @@ failure_cause probe_server(const std::string& host) {
 
 failure_cause call_probe::explain(const std::string& host) const {
     if (std::chrono::steady_clock::now() - start_ >= call_limit)
-        return {exit_unavailable, "the server didn't answer within 25 seconds"};
+        return {exit_unavailable,
+                "the server didn't answer within " + std::to_string(call_seconds) + " seconds"};
     if (ZERDIX::clsGetClient() == nullptr)
         return probe_server(host);
     if (answers(ZERDIX::clsGetClient()))

@@ -18,7 +18,7 @@
 
 namespace zerdix::wire {
 
-// What a procedure without argument or result data has in the place of a record.
+// The record of a procedure that has no argument or no result.
 struct none {};
 
 inline std::uint32_t load_word(const unsigned char* from) {

@@ -1,33 +1,35 @@
 #include "rpc/wire/stub.h"
 
-#include "rpc/wire/call_watch.h"
+#include <zerdix/call_time.h>
+
+#include "rpc/wire/call_observer.h"
 
 namespace zerdix::wire {
 
 namespace {
 
-class watched_call {
+class observed_call {
   public:
-    watched_call() : watch_(present_call_watch()) {
-        if (watch_ != nullptr)
-            watch_->begins();
+    observed_call() : observer_(present_call_observer()) {
+        if (observer_ != nullptr)
+            observer_->begins();
     }
-    ~watched_call() {
-        if (watch_ != nullptr)
-            watch_->ended();
+    ~observed_call() {
+        if (observer_ != nullptr)
+            observer_->ended();
     }
-    watched_call(const watched_call&) = delete;
-    watched_call& operator=(const watched_call&) = delete;
+    observed_call(const observed_call&) = delete;
+    observed_call& operator=(const observed_call&) = delete;
 
   private:
-    call_watch* watch_;
+    call_observer* observer_;
 };
 
 } // namespace
 
 bool remote_call(CLIENT* handle, std::uint32_t number, xdrproc_t argument_filter, void* argument,
                  xdrproc_t result_filter, void* result) {
-    const watched_call watched;
+    const observed_call observed;
     return clnt_call(handle, number, argument_filter, argument, result_filter, result,
                      (timeval{call_seconds, 0})) == RPC_SUCCESS;
 }

@@ -1,4 +1,4 @@
-// The client stub: one blocking remote call of one procedure, with nothing around it.
+// The client stub: one blocking remote call of one procedure.
 //
 // Each procedure has one static result record, process-wide. A stub releases what the record still
 // holds, zeroes it, makes the call, and returns its address, or null when the call failed; then the
@@ -12,14 +12,18 @@
 
 namespace zerdix::wire {
 
-// Time-out of every call, in seconds.
-constexpr int call_seconds = 25;
+// A procedure's result record, and who made the last call of the procedure.
+template <class Record>
+struct result_place {
+    Record record{};
+    const void* holder = nullptr;
+};
 
-// The process-wide result record of a procedure, and the object that made the last call of it.
+// The place of one procedure's result, process-wide.
 template <class P>
 struct result_slot {
-    static inline typename P::result record{};
-    static inline const void* holder = nullptr;
+    static inline result_place<typename P::result> place{};
+    static constexpr typename P::result& record = place.record;
 };
 
 // One call with everything type-less, over a handle that wire::connect made.

@@ -6,7 +6,7 @@
 #include <poll.h>
 #include <sys/socket.h>
 
-#include "rpc/wire/call_watch.h"
+#include "rpc/wire/call_observer.h"
 
 namespace zerdix::wire {
 
@@ -34,9 +34,9 @@ int timed_socket::fail(clnt_stat failure, int error) {
 
 // True when the socket is ready, or has an error that the next system call on it will tell.
 bool timed_socket::wait(short event, clnt_stat failure) {
-    call_watch* const watch = present_call_watch();
+    call_observer* const observer = present_call_observer();
     const auto longest =
-        watch != nullptr ? call_watch_interval.count() : std::numeric_limits<int>::max();
+        observer != nullptr ? call_observer_interval.count() : std::numeric_limits<int>::max();
     for (;;) {
         const auto left = std::chrono::ceil<std::chrono::milliseconds>(end_ - clock::now()).count();
         if (left <= 0)
@@ -46,8 +46,8 @@ bool timed_socket::wait(short event, clnt_stat failure) {
             poll(&waiting, 1, static_cast<int>(std::min<decltype(left)>(left, longest)));
         if (ready > 0)
             return true;
-        if (ready == 0 && watch != nullptr)
-            watch->goes_on();
+        if (ready == 0 && observer != nullptr)
+            observer->goes_on();
         if (ready < 0 && !passing(errno))
             return fail(failure, errno) == 0;
     }

@@ -1,5 +1,5 @@
-// A connected socket that knows by when the call under way has to be over: every wait lasts at most
-// until then, so that neither a silent nor a dripping peer can stretch the call.
+// A connected socket with a deadline for the call under way: every wait ends then, so that a peer
+// that is silent, or sends byte by byte, can't make the call longer.
 #ifndef ZERDIX_WIRE_TIMED_SOCKET_H
 #define ZERDIX_WIRE_TIMED_SOCKET_H
 

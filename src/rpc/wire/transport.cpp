@@ -53,7 +53,7 @@ class transport {
     std::uint32_t version_ = 0;
     std::uint32_t call_id_ = 0;
     // Set while the stream stands in front of a record with nothing in its buffer: how many bytes
-    // had been received when it came there.
+    // had been received by then.
     std::optional<std::uint64_t> in_front_;
     char verifier_[MAX_AUTH_BYTES]; // of the reply; nobody reads it
 };
@@ -133,11 +133,11 @@ clnt_stat transport::call(std::uint32_t procedure, record argument, record resul
         receive(result);
     else
         fail(RPC_CANTENCODEARGS);
-    // A time-out without a byte of the next record leaves the stream where it can go on. After any
-    // other failure nobody knows where the next record begins.
+    // After a time-out without a byte of the next record the stream can go on. After any other
+    // failure it isn't known where the next record begins.
     if (!sent || (socket_.failure() != RPC_SUCCESS && !waits_for_record()))
         socket_.shut();
-    // errno is what callers tell of a failure: the socket's error, or as it was.
+    // Callers report errno with a failure: it is the socket's error, or stays as it was.
     errno = socket_.failure() != RPC_SUCCESS ? socket_.error() : errno_before;
     return error_.re_status;
 }
@@ -162,8 +162,8 @@ bool transport::waits_for_record() const {
     return socket_.failure() == RPC_TIMEDOUT && in_front_ == socket_.received();
 }
 
-// Passes over what is left of the record before. After a call to which nothing came there is
-// nothing to pass over: the record stream would take the next reply for the rest of an old one.
+// Skips the rest of the record before. After a call that got no reply there is nothing to skip: the
+// record stream would take the next reply for the rest of an old one.
 bool transport::go_to_next_record() {
     if (in_front_)
         return true;
@@ -202,7 +202,7 @@ void transport::receive(record result) {
         fail(RPC_CANTDECODERES);
 }
 
-// What the socket met goes before what came of it.
+// An error of the socket counts more than the failure that it caused.
 void transport::fail(clnt_stat failure) {
     const bool by_socket = socket_.failure() != RPC_SUCCESS;
     error_.re_status = by_socket ? socket_.failure() : failure;

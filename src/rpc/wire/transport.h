@@ -1,5 +1,5 @@
-// The client's end of a connection: an ordinary handle of the RPC library, made by it, whose calls
-// are carried out here.
+// The client's end of a connection: a handle that the RPC library makes, and whose calls are
+// carried out here.
 //
 // The time given to clnt_call holds for the whole call, from the first byte sent to the last one
 // read; the RPC library's own handle applies it to each wait anew. Replies to other calls are

@@ -1,4 +1,4 @@
-#include "telebook/transfer_file.h"
+#include "telebook/phone_book_line.h"
 
 #include <zerdix/timetext.h>
 

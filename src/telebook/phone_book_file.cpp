@@ -1,4 +1,4 @@
-// Phone books to a text file, and from one.
+// Exporting a phone book to a text file, and importing one.
 
 #include <filesystem>
 #include <fstream>
@@ -6,13 +6,15 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
+#include <zerdix/pager.h>
 #include <zerdix/telebook.h>
 #include <zerdix/zerdix.h>
 
 #include "rpc/list.h"
 #include "telebook/entry_request.h"
-#include "telebook/transfer_file.h"
+#include "telebook/phone_book_line.h"
 
 using namespace zerdix;
 using rpc::by_object;
@@ -29,10 +31,6 @@ enum transfer_result : std::int32_t {
     no_memory = 7,
 };
 
-const o_tebul& entry_at(const PTRLIST& block, std::uint32_t i) {
-    return *static_cast<const o_tebul*>(block[i]);
-}
-
 // The key directly behind an id: the byte behind the tenth character, where an id has its NUL, is
 // the highest there is. So no id lies between the two.
 str10 key_behind(const str10& id) {
@@ -42,21 +40,35 @@ str10 key_behind(const str10& id) {
     return key;
 }
 
-// The ids that an export has written. While they ascend the last one is enough to tell a new one;
-// from the first that doesn't they are all looked up, and the file is read back for those before.
+// The policy of an export: an entry that comes again ends it, but for the last one at the head of
+// the next block, since a server that reads keys as texts begins again with it. In which order ids
+// come is the server's business. While they ascend the last one is enough to tell a new one; from
+// the first that doesn't they are all looked up, and the file is read back for those before.
 class written_ids {
   public:
-    explicit written_ids(const char* path) : path_(path) {}
+    // `path` names the file that the entries are written to, block by block.
+    written_ids(const char* path, std::FILE* file, std::int32_t blocksize)
+        : path_(path), file_(file), blocksize_(blocksize) {}
 
-    const str10& last() const { return last_; }
-    bool empty() const { return last_.empty(); }
+    // False when an entry comes again, when that can't be told, or when the block had room for the
+    // repeated entry only.
+    bool operator()(const PTRLIST& block, const o_tebul*, std::vector<const o_tebul*>& fresh) {
+        const std::uint32_t end = block.getSize();
+        const bool repeats =
+            end > 0 && !last_.empty() && record_at<o_tebul>(block, 0).teleid == last_;
+        if (repeats && end == 1 && blocksize_ == 1)
+            return false;
+        for (std::uint32_t i = repeats ? 1 : 0; i < end; ++i)
+            fresh.push_back(&record_at<o_tebul>(block, i));
+        return add(fresh);
+    }
 
-    // Takes the ids of a block from `first` on. False when one comes again, or when that can't be
-    // told.
-    bool add(std::FILE* file, const PTRLIST& block, std::uint32_t first) {
-        for (std::uint32_t i = first; i < block.getSize(); ++i) {
-            const str10& id = entry_at(block, i).teleid;
-            if (!all_ && !empty() && id.view() <= last_.view() && !look_back(file, block, first, i))
+  private:
+    bool add(const std::vector<const o_tebul*>& entries) {
+        for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+            const str10& id = (*entry)->teleid;
+            const bool ascends = last_.empty() || id.view() > last_.view();
+            if (!all_ && !ascends && !look_back({entries.begin(), entry}))
                 return false;
             if (all_ && !all_->emplace(id.view()).second)
                 return false;
@@ -65,43 +77,31 @@ class written_ids {
         return true;
     }
 
-  private:
-    bool look_back(std::FILE* file, const PTRLIST& block, std::uint32_t from, std::uint32_t to) {
+    // Fills `all_` with what the file holds and the entries of this block before the present one.
+    bool look_back(const std::vector<const o_tebul*>& before) {
         std::error_code error;
-        if (std::fflush(file) != 0 || !std::filesystem::is_regular_file(path_, error))
+        if (std::fflush(file_) != 0 || !std::filesystem::is_regular_file(path_, error))
             return false;
         std::ifstream lines(path_);
         all_.emplace();
         for (std::string line; std::getline(lines, line);)
             all_->insert(line.substr(0, line.find(';')));
-        for (std::uint32_t i = from; i < to; ++i)
-            all_->emplace(entry_at(block, i).teleid.view());
+        for (const o_tebul* entry : before)
+            all_->emplace(entry->teleid.view());
         return true;
     }
 
     const char* path_;
+    std::FILE* file_;
+    std::int32_t blocksize_;
     str10 last_{};
     std::optional<std::set<std::string>> all_;
 };
 
-// The index of a block's first entry that isn't written yet: a server that reads keys as texts
-// begins again with the last one. Nothing when the book can't be gone through: an entry comes
-// again, or the block had room for the repeated entry only. In which order ids come is the server's
-// business.
-std::optional<std::uint32_t> first_fresh(const PTRLIST& block, written_ids& written,
-                                         std::FILE* file, std::int32_t blocksize) {
-    const std::uint32_t end = block.getSize();
-    const bool repeats = end > 0 && !written.empty() && entry_at(block, 0).teleid == written.last();
-    const std::uint32_t first = repeats ? 1 : 0;
-    if ((repeats && end == 1 && blocksize == 1) || !written.add(file, block, first))
-        return std::nullopt;
-    return first;
-}
-
-bool write_entries(std::FILE* file, const PTRLIST& block, std::uint32_t first) {
+bool write_entries(std::FILE* file, const std::vector<const o_tebul*>& entries) {
     std::string lines;
-    for (std::uint32_t i = first; i < block.getSize(); ++i)
-        telebook::append_line(lines, entry_at(block, i));
+    for (const o_tebul* entry : entries)
+        telebook::append_line(lines, *entry);
     return std::fwrite(lines.data(), 1, lines.size(), file) == lines.size();
 }
 
@@ -120,21 +120,21 @@ std::int32_t TELEBOOK::exportTBook(const char* tbookid, nettypetype nettype, con
     if (blocksize < 1)
         return rpc::refused;
     o_get_tbookl_i request = telebook::entry_request(tbookid, nettype, {}, blocksize);
-    written_ids written(file);
+    const auto next_block = [&](const o_tebul* last) {
+        if (last != nullptr)
+            request.start = key_behind(last->teleid);
+        return rpc::fetch_list<proc::o_get_tbookl_1>(by_object{pClient}, request, pEntriesResult,
+                                                     pEntryList);
+    };
+    pager<o_tebul, written_ids> pages{written_ids{file, out.get(), blocksize}};
     for (;;) {
-        const PTRLIST* block = rpc::fetch_list<proc::o_get_tbookl_1>(
-            by_object{pClient}, request, pEntriesResult, pEntryList, this);
-        if (block == nullptr)
-            return rpc::refused;
-        const std::uint32_t count = block->getSize();
-        const auto first = first_fresh(*block, written, out.get(), blocksize);
-        if (!first)
-            return rpc::refused;
-        if (*first == count)
+        const paging step = pages.next(next_block);
+        if (step == paging::ended)
             return finish(std::move(out));
-        if (!write_entries(out.get(), *block, *first))
+        if (step != paging::goes_on)
+            return rpc::refused;
+        if (!write_entries(out.get(), pages.fresh()))
             return file_failed;
-        request.start = key_behind(written.last());
     }
 }
 

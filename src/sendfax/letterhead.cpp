@@ -7,7 +7,7 @@
 #include "imaging/stretch.h"
 #include "sendfax/block_header.h"
 #include "sendfax/job.h"
-#include "sendfax/page_preparers.h"
+#include "sendfax/letterhead.h"
 #include "sendfax/trace_lines.h"
 
 namespace zerdix::sendfax {
@@ -146,17 +146,17 @@ outcome merge(unsigned char* block, std::size_t size, page_dat& page) {
 
 std::int32_t MergeBackPaper(unsigned char* block, std::int32_t size, std::int16_t paperSource,
                             page_dat* page) {
-    trace_lines.entry("<-- MergeBackPaper(): selected paper source (pool document id): %ld",
-                      paperSource);
+    const trace::operation traced{
+        trace_lines,
+        "MergeBackPaper():", "<-- MergeBackPaper(): selected paper source (pool document id): %ld",
+        paperSource};
     outcome end = provide_background(paperSource);
     if (end == outcome::merged)
         end = merge(block, static_cast<std::size_t>(size), *page);
     if (end == outcome::undefined)
-        trace_lines.exit("--> MergeBackPaper(): no pool document is defined for background paper "
-                         "number %ld",
-                         paperSource);
-    else
-        trace_lines.exit("--> MergeBackPaper():");
+        traced.exit("--> MergeBackPaper(): no pool document is defined for background paper "
+                    "number %ld",
+                    paperSource);
     if (end == outcome::failed)
         return failure;
     return end == outcome::merged ? success : declined;

@@ -1,4 +1,4 @@
-// The life of the tracer: construction, opening with rotation, destruction.
+// The tracer as an object: construction, opening at the first request, destruction.
 
 #include <zerdix/trace.h>
 
@@ -11,16 +11,14 @@
 #include <string>
 #include <string_view>
 
-#include <unistd.h>
-
 #include "common/settings.h"
 #include "platform/append_file.h"
-#include "platform/encoding.h"
 #include "platform/message_box.h"
+#include "trace/rotation.h"
 #include "trace/state.h"
 #include "trace/traced.h"
 
-// Up before every other object of the library that is made at load and may have something to say.
+// Constructed before all other static objects of the library, since those may trace.
 [[gnu::init_priority(1000)]] T_TRACE TTrace;
 
 namespace zerdix::trace {
@@ -64,40 +62,12 @@ std::uint32_t configured_width() {
 }
 
 // A folder for logs in the user's home needn't be there yet: a machine's settings name the same one
-// for everybody. Every other folder is its owner's to make.
+// for everybody. Other folders aren't made here.
 void fill_path(char* path, const common::log_file& file) {
     std::snprintf(path, trace::path_size, "%s", file.path.c_str());
     std::error_code error;
     if (file.in_home)
         std::filesystem::create_directories(std::filesystem::path(file.path).parent_path(), error);
-}
-
-// The generation before takes the name up to the first "." of the whole path, folders included.
-std::string name_of_old_generation(const std::string& path) {
-    return path.substr(0, path.find('.')) + ".OLD";
-}
-
-void rotate() {
-    const char* path = the_trace_file.path.data();
-    const std::string old = name_of_old_generation(path);
-    ::unlink(old.c_str()); // takes files only: std::remove takes an empty folder, too
-    std::rename(path, old.c_str());
-}
-
-// A file that is still there couldn't be rotated; it goes on.
-void open_trace_file() {
-    const char* path = the_trace_file.path.data();
-    if (append_files().exists(path))
-        rotate();
-    const auto opened = append_files().exists(path) ? append_files().open_at_end(path)
-                                                    : append_files().create(path);
-    the_trace_file.handle = opened.handle;
-    if (opened.handle != platform::append_file_port::invalid)
-        return;
-    std::array<char, 80> text;
-    std::snprintf(text.data(), text.size(), "Tracesetname: Error open trace file\nerror code: %d",
-                  opened.error);
-    trace::tell_user(text.data(), platform::utf8_to_cp1252(path));
 }
 
 void write_start_line() {
@@ -154,7 +124,7 @@ void T_TRACE::traceSetName(const char*) {
     _nameSet = 1;
     if (_traceOn == 1) {
         fill_path(the_trace_file.path.data(), common::setting_trace_file());
-        open_trace_file();
+        trace::open_trace_file();
         write_start_line();
     }
 }

@@ -1,10 +1,11 @@
-// The text file that phone book entries travel in: one entry a line, ";" behind each field,
+// The lines of the text file for export and import of a phone book: an entry each, with ";" behind
+// each field,
 //
 //     teleid;phone;tsi;I or E;F or T;comment;
 //
 // in the bytes of the entry. I is in-house and E outside, F fax and T telex. Nothing is quoted.
-#ifndef ZERDIX_TELEBOOK_TRANSFER_FILE_H
-#define ZERDIX_TELEBOOK_TRANSFER_FILE_H
+#ifndef ZERDIX_TELEBOOK_PHONE_BOOK_LINE_H
+#define ZERDIX_TELEBOOK_PHONE_BOOK_LINE_H
 
 #include <array>
 #include <cstddef>

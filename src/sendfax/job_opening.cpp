@@ -34,11 +34,11 @@ void tell_time_zone_is_unknown() {
 
 extern "C" std::int32_t TransmissionDlg(void* parent, const char* title, std::int32_t fax) {
     const char* comment = title != nullptr ? title : "";
-    trace_lines.entry("<-- TransmissionDlg(): Title: <%s> Fax: <%ld>", comment, fax);
+    const trace::operation traced{trace_lines, "TransmissionDlg():",
+                                  "<-- TransmissionDlg(): Title: <%s> Fax: <%ld>", comment, fax};
     if (pzerdix != nullptr) {
         tell_job_is_active();
         trace_lines.error("TransmissionDlg(): Another zerDIX print job is still active");
-        trace_lines.exit("--> TransmissionDlg():");
         return declined;
     }
     sending::job_outcome().begin();
@@ -48,13 +48,12 @@ extern "C" std::int32_t TransmissionDlg(void* parent, const char* title, std::in
     *pa_s_rec = a_s_rec{};
     if (!open_session(true)) {
         sending::job_outcome().failed_so_far(failure);
-        trace_lines.exit("--> TransmissionDlg():");
         return failure;
     }
     pa_s_rec->comment.assign(comment);
     pa_s_rec->nettype = fax != 0 ? NETTYPE_FAX : NETTYPE_TELEX;
     if (setTZ() != success)
         tell_time_zone_is_unknown();
-    trace_lines.exit("--> TransmissionDlg(): OK");
+    traced.exit("--> TransmissionDlg(): OK");
     return success;
 }
