@@ -2,6 +2,7 @@
 #ifndef ZERDIX_TESTS_JOB_FIXTURE_H
 #define ZERDIX_TESTS_JOB_FIXTURE_H
 
+#include <cstring>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,6 +31,26 @@ inline std::int32_t store(const std::vector<unsigned char>& block) {
 
 inline std::int32_t merge(std::string_view text) {
     return SetFaxMergeData(text.data(), static_cast<std::int32_t>(text.size()));
+}
+
+// A group "team" with these members. Those of a net type get their entries too.
+inline void add_team(alphad::store& store, std::initializer_list<o_tebul> members) {
+    const o_tgroup team{{"team"}, {}, {}, {}, {}, {}};
+    ASSERT_TRUE(store.phone_books.put_group(team));
+    for (const o_tebul& each : members) {
+        ASSERT_TRUE(each.nettype == 0 || store.phone_books.put_entry(each));
+        ASSERT_TRUE(store.phone_books.put_member({team.groupid, each.tbookid, each.teleid}));
+    }
+}
+
+// The user of the dialog puts the document onto this desk.
+inline void pick_desk(const char* user) {
+    static const char* picked;
+    picked = user;
+    sendfax::install_send_dialog([](void*) {
+        std::strcpy(userid, picked);
+        return send_dialog_accepted;
+    });
 }
 
 class PrintJob : public ::testing::Test {

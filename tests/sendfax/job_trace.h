@@ -28,6 +28,16 @@ class JobTrace : public PrintJob {
         return found;
     }
 
+    // One of the lines since the last look. Errors, and errors alone, stand in the error log too,
+    // which is taken away afterwards.
+    void expect_told(const std::string& line) {
+        EXPECT_THAT(traced(), ::testing::Contains(line));
+        const std::string log = error_log();
+        EXPECT_EQ(!log.empty(), line.starts_with("Error: ")) << log;
+        EXPECT_TRUE(log.empty() || log.find(line.substr(7)) != std::string::npos) << log;
+        std::filesystem::remove(server.folder() / "FAXERROR.LOG");
+    }
+
     std::string document() { return std::to_string(server.desk("zerdix").at(0).id); }
 
   private:
