@@ -35,7 +35,7 @@ class Program : public testing::Test {
         EXPECT_EQ(client.call(proc::o_get_tgroupl_1{}, {{}, {}, id("alle"), {1}}).count, 12);
     }
 
-    temporary_folder folder;
+    scratch_folder folder;
     client_environment environment{folder.path()};
     std::filesystem::path data = folder.path() / "data";
 };

@@ -76,7 +76,7 @@ TEST_F(Telex, IsRefusedWhenItsOrderIsNotSound) {
 }
 
 TEST(TelexOrder, ReadsTimesOfAllLanguages) {
-    const environment_value zone("TZ", "UTC");
+    const environment_variable zone("TZ", "UTC");
     tzset();
     for (const char* text :
          {"24.12.96 18:00:01", "24.12.96 18.00.01", "24/12/96 18:00:01", "12/24/96 18:00:01"})

@@ -24,12 +24,11 @@ void expect_failure(const outcome& result, int code, const std::string& part) {
 }
 
 TEST(Trouble, AHostThatIsntKnown) {
-    const temporary_folder folder;
+    const scratch_folder folder;
     const client_environment environment(folder.path());
     // Two dots in a row make a name that no name server needs to be asked for.
-    const std::string settings =
-        write_file(folder.path() / "other.ini",
-                   "[Zerdix]\nHost=no..host\nLogDir=" + folder.path().string() + "\n");
+    const std::string settings = folder.write(
+        "other.ini", "[Zerdix]\nHost=no..host\nLogDir=" + folder.path().string() + "\n");
     expect_failure(run_zerdix({"print", SAMPLE_PDF, "--to", "1", "--settings", settings}),
                    app::exit_no_host,
                    "opening the print job failed: the host \"no..host\" can't be found");
@@ -39,13 +38,13 @@ TEST(Trouble, AHostThatIsntKnown) {
 }
 
 TEST(Trouble, NoServerAtThePortMapper) {
-    const temporary_folder folder;
+    const scratch_folder folder;
     const client_environment environment(folder.path());
     expect_failure(print_sample(), app::exit_unavailable, "no Alpha server is registered");
 }
 
 TEST(Trouble, NoPortMapper) {
-    const temporary_folder folder;
+    const scratch_folder folder;
     const client_environment environment(folder.path());
     const outcome result = print_sample({.disturb = {}, .without_network = true});
     if (result.status == 125)

@@ -70,7 +70,7 @@ class script_server {
     bool answer_call(int connection);
     handler present_handler();
 
-    test::temporary_folder folder_;
+    test::scratch_folder folder_;
     test::client_environment environment_;
     sockaddr_in address_{};
     int listener_;

@@ -61,13 +61,13 @@ TEST_F(Connection, TheProgramNumberFollowsTheEnvironment) {
                                                            {"0", 16011967},   {"", 16011967},
                                                            {"x1", 16011967},  {"7 up", 16011974}};
     for (const auto& [offset, number] : cases) {
-        test::environment_value value{"ZERDIXRPCOFFSET", offset};
+        test::environment_variable value{"ZERDIXRPCOFFSET", offset};
         EXPECT_EQ(session.rpc_prog_nr(0xF452BF), number) << offset;
     }
 }
 
 TEST_F(Connection, TheServersTimeZoneBecomesTheProcesss) {
-    test::environment_value zone{"TZ", "EST5EDT"};
+    test::environment_variable zone{"TZ", "EST5EDT"};
     tzset();
     ASSERT_NE(connect(), nullptr);
     ASSERT_EQ(setTZ(), 0);

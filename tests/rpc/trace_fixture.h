@@ -22,7 +22,7 @@ inline void restart_tracer() {
 class TraceLines : public ::testing::Test {
   protected:
     test::test_server server;
-    test::environment_value width{"TRACE_WRAP_WIDTH", "200"};
+    test::environment_variable width{"TRACE_WRAP_WIDTH", "200"};
 
     TraceLines() {
         switch_tracing("1");
@@ -59,7 +59,7 @@ class TraceLines : public ::testing::Test {
         std::ofstream{settings} << "[Zerdix]\nTrace=" << on
                                 << "\nTracefile=" << (server.folder() / "traced").string()
                                 << "\nErrorfile=" << (server.folder() / "errors").string() << "\n";
-        const test::environment_value named{"ZERDIX_INI", settings};
+        const test::environment_variable named{"ZERDIX_INI", settings};
         restart_tracer();
         TTrace.traceSetName(nullptr);
     }

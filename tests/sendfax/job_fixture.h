@@ -6,8 +6,8 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sstream>
 
+#include "pages/codec_calls.h"
 #include "sendfax/job.h"
 #include "sendfax/send_dialog.h"
 #include "support/test_server.h"
@@ -17,10 +17,7 @@ namespace zerdix::testing {
 // A driver's page block: header, then rows of one byte value.
 inline std::vector<unsigned char> driver_block(std::uint32_t width, std::uint32_t height,
                                                unsigned char fill = 0xFF) {
-    std::vector<unsigned char> block;
-    for (std::uint32_t word : {width, height})
-        for (int shift = 24; shift >= 0; shift -= 8)
-            block.push_back(static_cast<unsigned char>(word >> shift));
+    std::vector<unsigned char> block = codec::page_header(width, height);
     block.resize(8 + std::size_t{width} / 8 * height, fill);
     return block;
 }
@@ -73,12 +70,7 @@ class PrintJob : public ::testing::Test {
         server.clear_calls();
     }
 
-    std::string error_log() const {
-        std::ifstream file{server.folder() / "FAXERROR.LOG"};
-        std::ostringstream text;
-        text << file.rdbuf();
-        return text.str();
-    }
+    std::string error_log() const { return server.files().read("FAXERROR.LOG"); }
 
     test::test_server server;
 };

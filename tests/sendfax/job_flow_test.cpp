@@ -223,11 +223,8 @@ TEST_F(PrintJob, TelexIsPrintedForEachReceiverFirstToLast) {
     EXPECT_EQ(pzerdix, nullptr);
 
     std::vector<std::string> telexes;
-    for (const auto& file : std::filesystem::directory_iterator{server.spool()}) {
-        std::ostringstream text;
-        text << std::ifstream{file.path()}.rdbuf();
-        telexes.push_back(text.str());
-    }
+    for (const auto& file : std::filesystem::directory_iterator{server.spool()})
+        telexes.push_back(server.files().read("spool/" + file.path().filename().string()));
     const std::string head = "#TELEX##USER zerdix##ALPHAHOST 127.0.0.1##TITLE Hello##PHONE ";
     EXPECT_THAT(telexes, ::testing::UnorderedElementsAre(
                              head + "12345##SENDTIME 24.12.96 18:00:00##RETRIES 3#\nHELLO",

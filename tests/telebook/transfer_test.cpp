@@ -175,7 +175,7 @@ TEST(OddServers, NothingIsWrittenTwiceAndTheExportEnds) {
         {"a circle", 2, {{"a", "b"}, {"c", "d"}, {"a", "b"}}, 4, {"a", "b", "c", "d"}},
         {"a circle that hides", 2, {{"a", "b"}, {"c", "a"}}, 4, {"a", "b"}},
     };
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     const std::string file = folder.path() / "book.csv";
     for (const auto& [kind, blocksize, blocks, result, written] : servers) {
         scripted_handle server;
