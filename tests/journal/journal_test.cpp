@@ -1,15 +1,12 @@
 // Documents on the server: pages in blocks, operations, logs.
 
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <numeric>
 
 #include <zerdix/journal.h>
-#include <zerdix/zerdix.h>
 
 #include "rpc/scripted_handle.h"
-#include "support/test_server.h"
+#include "support/session_test.h"
 
 namespace zerdix::testing {
 namespace {
@@ -17,16 +14,12 @@ namespace {
 using ::testing::SizeIs;
 using calls = std::vector<int>;
 
-class Journal : public ::testing::Test {
+class Journal : public connected_test {
   protected:
     Journal() {
-        session.setUserId("zerdix");
-        session.setAlphaserver("127.0.0.1");
-        EXPECT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
         document = journal.makeDoc();
         server.clear_calls();
     }
-    ~Journal() override { session.CleanupHostConnection(); }
 
     void set_block_length(const char* value) {
         std::ofstream{server.settings()} << "[Zerdix]\nMaxPageBlockLen=" << value << '\n';
@@ -49,8 +42,6 @@ class Journal : public ::testing::Test {
         return bytes;
     }
 
-    test::test_server server;
-    ZERDIX session;
     JOURNAL journal;
     std::int32_t document = 0;
 };
@@ -242,7 +233,7 @@ TEST_F(Journal, WithoutAHandleNothingIsAsked) {
     EXPECT_EQ(journal.getDocPage(TOPF_P, document, 1, 0), nullptr);
     EXPECT_EQ(journal.getLog(TOPF_P, document, 0, nullptr), nullptr);
     EXPECT_EQ(journal.setReadFlag(TOPF_P, document), 12);
-    ASSERT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
+    ASSERT_NE(connect(), nullptr);
     EXPECT_GT(journal.makeDoc(), 0) << "the object finds the new connection";
 }
 

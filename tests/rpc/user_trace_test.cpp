@@ -32,7 +32,7 @@ struct traced_operation {
 };
 
 std::string unavailable(const std::string& name) {
-    return "Error:" + name + ": Error RPC call, status: <10> Socket rc: <n>";
+    return "Error: " + name + ": Error RPC call, status: <10> Socket rc: <n>";
 }
 
 TEST_F(UserTraceLines, OfEachSimpleOperation) {
@@ -61,13 +61,13 @@ TEST_F(UserTraceLines, OfEachSimpleOperation) {
     for (const auto& [operation, entry, exit, call] : operations) {
         const std::string name = "ZERDIX::" + operation;
         rpc::session().pclient = nullptr;
-        EXPECT_THAT(call(session()), ::testing::AnyOf(12, -1)) << name;
+        EXPECT_THAT(call(session), ::testing::AnyOf(12, -1)) << name;
         EXPECT_THAT(lines(),
-                    ElementsAre("Entry:<-- " + name + entry,
-                                "Error:" + name + ": Client structure not set", "Exit: -->"));
+                    ElementsAre("Entry: <-- " + name + entry,
+                                "Error: " + name + ": Client structure not set", "Exit: -->"));
         handle.open();
-        EXPECT_THAT(call(session()), ::testing::AnyOf(8, -1)) << name;
-        EXPECT_THAT(lines(), ElementsAre("Entry:<-- " + name + entry, unavailable(name),
+        EXPECT_THAT(call(session), ::testing::AnyOf(8, -1)) << name;
+        EXPECT_THAT(lines(), ElementsAre("Entry: <-- " + name + entry, unavailable(name),
                                          "Exit: --> " + name));
     }
     handle.answer_zero(proc::a_get_user_1{}, proc::o_get_user_1{}, proc::a_chg_pw_1{},
@@ -76,8 +76,8 @@ TEST_F(UserTraceLines, OfEachSimpleOperation) {
                        proc::a_get_freescanners_1{}, proc::a_get_scanners_1{},
                        proc::a_get_members_1{});
     for (const auto& [name, entry, exit, call] : operations) {
-        EXPECT_THAT(call(session()), ::testing::AnyOf(0, 4)) << name;
-        EXPECT_THAT(lines(), ElementsAre("Entry:<-- ZERDIX::" + name + entry,
+        EXPECT_THAT(call(session), ::testing::AnyOf(0, 4)) << name;
+        EXPECT_THAT(lines(), ElementsAre("Entry: <-- ZERDIX::" + name + entry,
                                          "Exit: --> ZERDIX::" + name + exit));
     }
 }
@@ -96,47 +96,48 @@ TEST_F(UserTraceLines, OfTheSetters) {
     const std::string get = "ZERDIX::getAUserRecord()", put = "ZERDIX::putAUserRecord()";
     for (const auto& [operation, entry, exit, call] : setters) {
         const std::string name = "ZERDIX::" + operation;
-        EXPECT_EQ(call(session()), 8);
-        EXPECT_THAT(lines(), ElementsAre("Entry:<-- " + name + entry, "Entry:<-- " + get,
-                                         unavailable(get), "Exit: --> " + get,
-                                         "Error:" + name + ": RPC error, alpha user record not set",
-                                         "Exit: --> " + name));
+        EXPECT_EQ(call(session), 8);
+        EXPECT_THAT(lines(),
+                    ElementsAre("Entry: <-- " + name + entry, "Entry: <-- " + get, unavailable(get),
+                                "Exit: --> " + get,
+                                "Error: " + name + ": RPC error, alpha user record not set",
+                                "Exit: --> " + name));
     }
     handle.answer_zero(proc::a_get_user_1{}, proc::a_put_user_1{});
-    session().getAUserRecord();
+    session.getAUserRecord();
     lines();
     for (const auto& [operation, entry, exit, call] : setters) {
         const std::string name = "ZERDIX::" + operation;
-        EXPECT_EQ(call(session()), 4);
-        EXPECT_THAT(lines(), ElementsAre("Entry:<-- " + name + entry, "Entry:<-- " + put,
-                                         "Error:Error returned from a_put_user_1()",
+        EXPECT_EQ(call(session), 4);
+        EXPECT_THAT(lines(), ElementsAre("Entry: <-- " + name + entry, "Entry: <-- " + put,
+                                         "Error: Error returned from a_put_user_1()",
                                          "Exit: --> " + put, "Exit: --> " + name));
     }
-    EXPECT_EQ(session().setPriority(-3), 4);
-    EXPECT_THAT(lines(), ElementsAre("Entry:<-- ZERDIX::setPriority(): <-3>",
-                                     "Error:ZERDIX::setPriority(): a user's priority is 0 to 100, "
+    EXPECT_EQ(session.setPriority(-3), 4);
+    EXPECT_THAT(lines(), ElementsAre("Entry: <-- ZERDIX::setPriority(): <-3>",
+                                     "Error: ZERDIX::setPriority(): a user's priority is 0 to 100, "
                                      "not -3",
                                      "Exit: --> ZERDIX::setPriority()"));
 }
 
 TEST_F(UserTraceLines, OfAReplacementAndAPassword) {
     const std::string name = "ZERDIX::setReplacement()", check = name + " <a_check_cycle_i>";
-    EXPECT_EQ(session().setReplacement("u", "a", 1), 8);
-    EXPECT_EQ(lines()[4], "Error:" + name + ": RPC error, omega user record not set");
+    EXPECT_EQ(session.setReplacement("u", "a", 1), 8);
+    EXPECT_EQ(lines()[4], "Error: " + name + ": RPC error, omega user record not set");
     handle.answer_zero(proc::o_get_user_1{});
-    session().getOUserRecord();
+    session.getOUserRecord();
     lines();
-    EXPECT_EQ(session().setReplacement("u", "a", 1), 8);
+    EXPECT_EQ(session.setReplacement("u", "a", 1), 8);
     EXPECT_THAT(lines(),
-                ElementsAre("Entry:<-- " + name, unavailable(check), "Exit: --> " + check));
+                ElementsAre("Entry: <-- " + name, unavailable(check), "Exit: --> " + check));
     handle.answer_zero(proc::a_check_cycle_1{});
-    EXPECT_EQ(session().setReplacement("u", "a", 1), 6);
-    EXPECT_THAT(lines(), ElementsAre("Entry:<-- " + name, "Error:Replacement must not be set",
+    EXPECT_EQ(session.setReplacement("u", "a", 1), 6);
+    EXPECT_THAT(lines(), ElementsAre("Entry: <-- " + name, "Error: Replacement must not be set",
                                      "Exit: --> " + name));
-    for (const auto& [told, line] : {std::pair{6, "Error:ZERDIX::chgPassword(): user unknown"},
-                                     {8, "Error:ZERDIX::chgPassword(): wrong password"}}) {
+    for (const auto& [told, line] : {std::pair{6, "Error: ZERDIX::chgPassword(): user unknown"},
+                                     {8, "Error: ZERDIX::chgPassword(): wrong password"}}) {
         handle.on(proc::a_chg_pw_1{}, [told = told](const auto&, auto& status) { status = told; });
-        session().chgPassword("old", "new");
+        session.chgPassword("old", "new");
         EXPECT_EQ(lines()[1], line);
     }
 }
@@ -144,7 +145,7 @@ TEST_F(UserTraceLines, OfAReplacementAndAPassword) {
 // Two printers in blocks of two; users are gathered by the same function.
 TEST_F(UserTraceLines, OfAGatheredList) {
     const std::string size = "ZERDIX::clsGetTelebookBlockSize()", name = "ZERDIX::getPrinterList()",
-                      block = "ZERDIX::getPrinterListB()", asks = "Entry:<-- " + size,
+                      block = "ZERDIX::getPrinterListB()", asks = "Entry: <-- " + size,
                       told = "Exit: --> " + size + ": Telebook block size: 2";
     rpc::session().lTelebookBlockSize = 2;
     handle.on(proc::a_get_printersb_1{}, [](const a_get_printersb_i& wanted, auto& answer) {
@@ -152,83 +153,83 @@ TEST_F(UserTraceLines, OfAGatheredList) {
         if (wanted.printerid.empty())
             push_front(answer, a_printer_rec{{"p"}, {}, 0, {}, {}, 0, 0});
     });
-    session().getPrinterList();
+    session.getPrinterList();
     EXPECT_THAT(lines(),
-                ElementsAre("Entry:<-- " + name, asks, told,
-                            "Entry:<-- " + block + ": Printer: <> number: (2)",
+                ElementsAre("Entry: <-- " + name, asks, told,
+                            "Entry: <-- " + block + ": Printer: <> number: (2)",
                             "Exit: --> " + block + ": Number of Printers: 2", asks, told, asks,
-                            told, "Info1:" + name + ": get next 2 printer list entries from q",
-                            asks, told, "Entry:<-- " + block + ": Printer: <q> number: (2)",
+                            told, "Info1: " + name + ": get next 2 printer list entries from q",
+                            asks, told, "Entry: <-- " + block + ": Printer: <q> number: (2)",
                             "Exit: --> " + block + ": Number of Printers: 1",
-                            "Info1:" + name + ": Number of loaded printer list entries 1", asks,
+                            "Info1: " + name + ": Number of loaded printer list entries 1", asks,
                             told,
                             "Exit: --> " + name + ": Number of all loaded printer list entries 2"));
     handle.on(proc::a_get_usersb_1{}, [](const a_get_usersb_i& wanted, auto& answer) {
         for (int i = wanted.userid.empty() ? 0 : 1; i < 2; ++i)
             push_front(answer, o_user_rec{{"x"}, {"u"}, {}, {}, {}, {}, {}, 0});
     });
-    session().getUserList();
+    session.getUserList();
     const auto users = lines();
-    EXPECT_EQ(users[9], "Info1:ZERDIX::getUserList(): get next 2 user list entries from u:x");
-    EXPECT_EQ(users[14], "Info1:ZERDIX::getUserList(): Number of loaded user list entries 1");
+    EXPECT_EQ(users[9], "Info1: ZERDIX::getUserList(): get next 2 user list entries from u:x");
+    EXPECT_EQ(users[14], "Info1: ZERDIX::getUserList(): Number of loaded user list entries 1");
     EXPECT_EQ(users.back(),
               "Exit: --> ZERDIX::getUserList(): Number of all loaded user list entries 2");
     handle.fail(101);
-    EXPECT_EQ(session().getUserList(), nullptr);
-    EXPECT_EQ(lines()[6], "Error:ZERDIX::getUserList(): Error returned from getUserListB()");
+    EXPECT_EQ(session.getUserList(), nullptr);
+    EXPECT_EQ(lines()[6], "Error: ZERDIX::getUserList(): Error returned from getUserListB()");
     handle.fail(103);
-    EXPECT_EQ(session().getPrinterList(), nullptr);
-    EXPECT_EQ(lines()[6], "Error:" + name + ": Error returned from getPrinterListB()");
+    EXPECT_EQ(session.getPrinterList(), nullptr);
+    EXPECT_EQ(lines()[6], "Error: " + name + ": Error returned from getPrinterListB()");
 }
 
 TEST_F(UserTraceLines, OfSignatureAndBoard) {
-    const std::string user = "GetSetZERDIX::clsGetUserId(): current UserId meier";
+    const std::string user = "GetSet: ZERDIX::clsGetUserId(): current UserId meier";
     const page_dat empty{};
-    EXPECT_EQ(session().putSignature(&empty), 8);
-    EXPECT_EQ(session().getSignature(), nullptr);
+    EXPECT_EQ(session.putSignature(&empty), 8);
+    EXPECT_EQ(session.getSignature(), nullptr);
     rpc::session().pclient = nullptr;
-    EXPECT_EQ(session().putSignature(&empty), 12);
-    EXPECT_EQ(session().getSignature(), nullptr);
-    EXPECT_EQ(session().getBoardEntries(0), nullptr);
+    EXPECT_EQ(session.putSignature(&empty), 12);
+    EXPECT_EQ(session.getSignature(), nullptr);
+    EXPECT_EQ(session.getBoardEntries(0), nullptr);
     handle.open();
     handle.answer_zero(proc::a_get_sigb_1{}, proc::a_put_sigb_1{}, proc::a_get_board_1{});
     lines();
-    EXPECT_EQ(session().getSignature()->size, 0u);
-    EXPECT_THAT(lines(), ElementsAre("Entry:<-- ZERDIX::getSignature()", user,
-                                     "Info1:ZERDIX::getSignature(): Size of signature: 0 Bytes",
+    EXPECT_EQ(session.getSignature()->size, 0u);
+    EXPECT_THAT(lines(), ElementsAre("Entry: <-- ZERDIX::getSignature()", user,
+                                     "Info1: ZERDIX::getSignature(): Size of signature: 0 Bytes",
                                      "Exit: --> ZERDIX::getSignature(): 0 Bytes loaded"));
-    EXPECT_EQ(session().putSignature(&empty), 4);
-    EXPECT_THAT(lines(), ElementsAre("Entry:<-- ZERDIX::putSignature()", user,
-                                     "Error:Error returned from a_put_sigb_1()",
+    EXPECT_EQ(session.putSignature(&empty), 4);
+    EXPECT_THAT(lines(), ElementsAre("Entry: <-- ZERDIX::putSignature()", user,
+                                     "Error: Error returned from a_put_sigb_1()",
                                      "Exit: --> ZERDIX::putSignature()"));
-    session().getBoardEntries(1);
-    EXPECT_THAT(lines(), ElementsAre("Entry:<-- ZERDIX::getBoardEntries(): Force: 1",
-                                     "GetSetZERDIX::clsGetLanguageString(): <german_germany>",
+    session.getBoardEntries(1);
+    EXPECT_THAT(lines(), ElementsAre("Entry: <-- ZERDIX::getBoardEntries(): Force: 1",
+                                     "GetSet: ZERDIX::clsGetLanguageString(): <german_germany>",
                                      "Exit: --> ZERDIX::getBoardEntries()"));
 }
 
 TEST_F(UserTraceLines, OfACheckAndALogout) {
-    const std::string check = "Entry:<-- ZERDIX::clsCheckLogin(): LoginId: 0";
+    const std::string check = "Entry: <-- ZERDIX::clsCheckLogin(): LoginId: 0";
     ZERDIX::clsGetLoginId();
     EXPECT_EQ(ZERDIX::clsCheckLogin(), 8);
-    EXPECT_EQ(session().logout(), 8);
+    EXPECT_EQ(session.logout(), 8);
     EXPECT_THAT(lines(),
-                ElementsAre("GetSetZERDIX::clsGetLoginId():", check,
-                            "Error:ZERDIX::clsCheckLogin(): Error RPC call",
-                            "Exit: --> ZERDIX::clsCheckLogin()", "Entry:<-- ZERDIX::logout()",
-                            "Error:ZERDIX::logout(): Error RPC call",
+                ElementsAre("GetSet: ZERDIX::clsGetLoginId():", check,
+                            "Error: ZERDIX::clsCheckLogin(): Error RPC call",
+                            "Exit: --> ZERDIX::clsCheckLogin()", "Entry: <-- ZERDIX::logout()",
+                            "Error: ZERDIX::logout(): Error RPC call",
                             "Exit: --> ZERDIX::logout()"));
     handle.answer_zero(proc::a_check_login_1{}, proc::a_logout_1{});
     EXPECT_EQ(ZERDIX::clsCheckLogin(), 4);
-    EXPECT_EQ(session().logout(), 0);
+    EXPECT_EQ(session.logout(), 0);
     EXPECT_THAT(
         lines(),
-        ElementsAre(check, "Error:ZERDIX::clsCheckLogin(): No login for id: 0",
-                    "Exit: --> ZERDIX::clsCheckLogin()", "Entry:<-- ZERDIX::logout()",
-                    "Entry:<-- ZERDIX::CleanupHostConnection():",
+        ElementsAre(check, "Error: ZERDIX::clsCheckLogin(): No login for id: 0",
+                    "Exit: --> ZERDIX::clsCheckLogin()", "Entry: <-- ZERDIX::logout()",
+                    "Entry: <-- ZERDIX::CleanupHostConnection():",
                     "Exit: --> ZERDIX::CleanupHostConnection():", "Exit: --> ZERDIX::logout()"));
     EXPECT_EQ(ZERDIX::clsCheckLogin(), 12);
-    EXPECT_EQ(session().logout(), 12);
+    EXPECT_EQ(session.logout(), 12);
 }
 
 } // namespace
