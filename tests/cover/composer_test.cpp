@@ -88,6 +88,11 @@ TEST_F(Composer, APageIsDrawnInFrontOfTheDocument) {
     cover::forget_session();
     ASSERT_EQ(insert(), 1);
     EXPECT_EQ(server.calls(), without_signature);
+    ZERDIX other;
+    ASSERT_NE(other.GetClientAddr("127.0.0.1"), nullptr);
+    server.clear_calls();
+    ASSERT_EQ(cover::InsertCoverPage(&other, &journal, &bitmap, &record, document), 1);
+    EXPECT_EQ(server.calls(), without_signature) << "the record was another session's";
 }
 
 TEST_F(Composer, WithoutCommandsTheBareFormGoesOut) {

@@ -163,6 +163,13 @@ TEST_F(Journal, TheBifFlagIsClearedOnReading) {
     EXPECT_EQ(server.calls(), calls{20});
 }
 
+TEST_F(Journal, AForwardedDocumentComesIntoThePoolThatIsNamed) {
+    auto& documents = server.store().documents;
+    const std::size_t before = documents.list(TOPF_E, "meier").size();
+    ASSERT_EQ(journal.forwardDoc(TOPF_P, document, "", "meier", "", TOPF_E), 0);
+    EXPECT_THAT(documents.list(TOPF_E, "meier"), SizeIs(before + 1));
+}
+
 TEST_F(Journal, TextsAreCutToTheirFields) {
     EXPECT_EQ(journal.putComment2Doc(TOPF_P, document, std::string(40, 'c').c_str()), 0);
     EXPECT_EQ(server.desk("zerdix").at(0).comment, std::string(30, 'c'));
@@ -214,6 +221,18 @@ TEST_F(Journal, ALogIsReadWholeAndFromAPosition) {
     const std::int32_t before = next;
     EXPECT_EQ(journal.getLog(TOPF_P, document, 0, &next), nullptr);
     EXPECT_EQ(next, before);
+}
+
+// Room is made in steps of 4,096 characters: here the last line and its end take one more.
+TEST_F(Journal, ALineThatMissesTheRoomByOneCharacterGetsMore) {
+    std::string whole;
+    for (int i = 0; i < 41; ++i) {
+        const std::string line(i == 39 ? 14 : 100, 'x');
+        ASSERT_EQ(journal.putLog(TOPF_P, document, line.c_str()), 0);
+        whole += line + "\r\n";
+    }
+    ASSERT_EQ(whole.size(), 4096u);
+    EXPECT_EQ(journal.getLog(TOPF_P, document, 0, nullptr), whole);
 }
 
 TEST_F(Journal, ALongLogStopsGrowing) {

@@ -191,6 +191,11 @@ TEST_F(JobTrace, ATelexJob) {
         EXPECT_NE(pzerdix, nullptr) << "the job stays open";
         sendfax::close_job();
     }
+
+    sendfax::install_send_dialog([](void*) { return send_dialog_cancelled; });
+    ASSERT_EQ(TransmissionDlg(nullptr, "Hello", 0), 0);
+    EXPECT_EQ(SendTelex("HELLO", 5), 4);
+    EXPECT_THAT(traced(), IsSupersetOf({"Warn: SendTelex(): SendDialog cancelled"}));
 }
 
 } // namespace
