@@ -127,7 +127,7 @@ struct transfers {
 };
 
 transfers measure(std::int32_t entries) {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     const test::client_environment environment{folder.path()};
     const std::vector<o_tebul> book = make_book(entries);
     const bench::instant_server server{{{proc::o_get_tbookl_1::number, answers_of(book)},

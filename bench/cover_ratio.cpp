@@ -163,7 +163,7 @@ bool measure_memory() {
 } // namespace
 
 int main() {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     const test::client_environment environment{folder.path()};
     bench::keep_to_one_processor();
     const bench::instant_server server{answers()};

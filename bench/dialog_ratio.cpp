@@ -275,7 +275,7 @@ int main(int argc, char** argv) {
     if (std::getenv("DISPLAY") == nullptr && std::getenv("WAYLAND_DISPLAY") == nullptr)
         setenv("QT_QPA_PLATFORM", "offscreen", 0);
     setenv("ZERDIX_DIALOGS", WINDOWS, 0);
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     const test::client_environment environment{folder.path()};
     const bytes_on_wire first = entry_block(0, block);
     const bench::instant_server server{{{proc::o_get_tbooks_1::number, {books()}},

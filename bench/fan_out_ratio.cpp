@@ -48,7 +48,7 @@ void open_job(const std::string& merge_data) {
 } // namespace
 
 int main() {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     const test::client_environment environment{folder.path()};
     bench::keep_to_one_processor();
     const bench::instant_server server;

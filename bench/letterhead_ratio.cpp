@@ -148,7 +148,7 @@ bool measure(const char* name, page_bytes stored) {
 } // namespace
 
 int main(int argc, char** argv) {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     const test::client_environment environment{folder.path()};
     bench::keep_to_one_processor();
     const bench::instant_server server{answers(letterhead_page())};

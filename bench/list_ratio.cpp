@@ -91,7 +91,7 @@ bool measure_users(ZERDIX& session) {
 } // namespace
 
 int main() {
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     const test::client_environment environment{folder.path()};
     bench::keep_to_one_processor();
     const bytes_on_wire book = entry_block();

@@ -1,15 +1,26 @@
-// Short forms of the calls that put documents and pages on a desk.
+// A client at a server, and short forms of the calls that put documents and pages on a desk.
 #ifndef ZERDIX_TESTS_ALPHAD_DESK_H
 #define ZERDIX_TESTS_ALPHAD_DESK_H
 
 #include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
+
 #include "support/raw_client.h"
+#include "support/test_server.h"
 
 namespace zerdix::test {
 
 namespace proc = wire::proc;
+
+class client_test : public ::testing::Test {
+  protected:
+    explicit client_test(bool demo_data = true) : server(demo_data) {}
+
+    test_server server;
+    raw_client client{server.program()};
+};
 
 // The login id and the status.
 inline a_get_login_o login(raw_client& client, std::string_view user, std::string_view password) {
@@ -56,6 +67,21 @@ inline std::vector<std::int32_t> masks(raw_client& client, std::int32_t document
 inline bool put_log(raw_client& client, std::int32_t document, std::string_view line,
                     std::string_view user = "zerdix") {
     return client.call(proc::a_put_log_1{}, {id(user), TOPF_P, document, lent(line)});
+}
+
+// The number of the job, 0 when it is refused.
+inline std::int32_t send_fax(raw_client& client, std::int32_t document, std::string_view receiver,
+                             std::string_view user = "zerdix") {
+    a_s_rec record{};
+    record.nettype = NETTYPE_FAX;
+    record.phone.assign(receiver);
+    return client.call(proc::a_send_doc_1{}, {id(user), document, record});
+}
+
+// The name that a person looks for in the spool folder.
+inline std::string spool_name(std::int32_t number, const std::string& receiver) {
+    const std::string digits = std::to_string(number);
+    return std::string(6 - digits.size(), '0') + digits + "-" + receiver + ".tif";
 }
 
 struct log_answer {

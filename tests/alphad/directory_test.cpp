@@ -10,11 +10,7 @@ namespace {
 
 using namespace test;
 
-class Directory : public testing::Test {
-  protected:
-    test_server server;
-    raw_client client{server.program()};
-};
+using Directory = client_test;
 
 using ids = std::vector<std::string>;
 
@@ -98,10 +94,7 @@ TEST_F(Directory, ScansATestPage) {
     EXPECT_EQ(desk[0].comment, "scan");
     EXPECT_EQ(masks(client, desk[0].id), std::vector<std::int32_t>{1});
     // Somebody can send it.
-    a_s_rec record{};
-    record.nettype = NETTYPE_FAX;
-    record.phone.assign("1");
-    EXPECT_GT(client.call(proc::a_send_doc_1{}, {id("zerdix"), desk[0].id, record}), 0);
+    EXPECT_GT(send_fax(client, desk[0].id, "1"), 0);
 }
 
 TEST_F(Directory, TakesSignaturesInBlocks) {

@@ -11,10 +11,8 @@ namespace {
 
 using namespace test;
 
-class Documents : public testing::Test {
+class Documents : public client_test {
   protected:
-    test_server server;
-    raw_client client{server.program()};
     std::int32_t document = create(client);
 };
 

@@ -1,19 +1,18 @@
 // Send jobs: what is refused, what is kept, and the picture that the receiver would get.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <ctime>
 #include <memory>
 #include <tiffio.h>
 
 #include "desk.h"
-#include "pages/page_codec.h"
-#include "support/test_server.h"
+#include "pages/codec_calls.h"
 
 namespace zerdix {
 namespace {
 
 using namespace test;
+using ::testing::HasSubstr;
 
 constexpr int page_width = 72, page_height = 7;
 
@@ -24,10 +23,8 @@ bool is_black(int x, int y, int page) {
 
 // A page as it is stored: leftmost pixel in bit 0, a set bit black.
 std::string page_block(int page) {
-    std::string block;
-    for (const int word : {page_width, page_height})
-        for (int shift = 24; shift >= 0; shift -= 8)
-            block += static_cast<char>(word >> shift);
+    const codec::bytes header = codec::page_header(page_width, page_height);
+    std::string block{header.begin(), header.end()};
     for (int y = 0; y < page_height; ++y)
         for (int x = 0; x < page_width; x += 8) {
             int byte = 0;
@@ -39,19 +36,8 @@ std::string page_block(int page) {
 }
 
 std::string compressed(const std::string& block) {
-    unsigned char* output = nullptr;
-    std::int32_t length = 0;
-    pages::compress_mem_2_mem(reinterpret_cast<const unsigned char*>(block.data()),
-                              static_cast<std::int32_t>(block.size()), &output, &length);
-    std::string result(reinterpret_cast<const char*>(output), static_cast<std::size_t>(length));
-    std::free(output);
-    return result;
-}
-
-// The name that a person looks for in the spool folder.
-std::string spool_name(std::int32_t number, const std::string& receiver) {
-    std::string digits = std::to_string(number);
-    return std::string(6 - digits.size(), '0') + digits + "-" + receiver + ".tif";
+    const codec::bytes stream = *codec::compress(codec::text_bytes(block));
+    return {stream.begin(), stream.end()};
 }
 
 struct read_picture {
@@ -98,7 +84,7 @@ std::vector<read_picture> read_tiff(const std::filesystem::path& path) {
     return found;
 }
 
-class Jobs : public testing::Test {
+class Jobs : public client_test {
   protected:
     void SetUp() override {
         record.nettype = NETTYPE_FAX;
@@ -116,8 +102,6 @@ class Jobs : public testing::Test {
         return client.call(proc::a_get_s_1{}, {id("zerdix"), number});
     }
 
-    test_server server;
-    raw_client client{server.program()};
     std::int32_t document = create(client);
     a_s_rec record{};
 };
@@ -181,7 +165,7 @@ TEST_F(Jobs, AreTheServersOwnCopy) {
     const log_answer log = get_log(client, number, 0, "english_us", TOPF_S);
     ASSERT_EQ(log.lines.size(), 2u);
     EXPECT_EQ(log.lines[0], "a line");
-    EXPECT_NE(log.lines[1].find("spooled for 06990009212"), std::string::npos) << log.lines[1];
+    EXPECT_THAT(log.lines[1], HasSubstr("spooled for 06990009212"));
     ASSERT_EQ(server.jobs().size(), 1u);
     EXPECT_EQ(server.jobs()[0].receiver, "common:druckerei");
     EXPECT_EQ(server.jobs()[0].desk, document);
@@ -272,9 +256,8 @@ TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
     const auto log_of = [&](std::int32_t sent) {
         return get_log(client, sent, 0, "english_us", TOPF_S).lines.back();
     };
-    EXPECT_NE(log_of(done).find("spooled for"), std::string::npos) << log_of(done);
-    EXPECT_NE(log_of(number).find("job for +49 30/123 waits until 20"), std::string::npos)
-        << log_of(number);
+    EXPECT_THAT(log_of(done), HasSubstr("spooled for"));
+    EXPECT_THAT(log_of(number), HasSubstr("job for +49 30/123 waits until 20"));
     EXPECT_EQ(job(number).status, static_cast<std::int32_t>(alphad::job_state::waiting));
     EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("meier"), number}));
     EXPECT_TRUE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
@@ -296,8 +279,7 @@ TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
     record.nighttariff = {1};
     const std::int32_t night = send();
     EXPECT_EQ(job(night).status, static_cast<std::int32_t>(alphad::job_state::waiting));
-    EXPECT_NE(log_of(night).find("waits for the night tariff: 0000"), std::string::npos)
-        << log_of(night);
+    EXPECT_THAT(log_of(night), HasSubstr("waits for the night tariff: 0000"));
 }
 
 // The log's line is the last thing that a job writes; here the store has no room for it.

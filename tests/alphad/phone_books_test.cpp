@@ -11,14 +11,14 @@ namespace {
 
 using namespace test;
 
-class PhoneBooks : public testing::Test {
+class PhoneBooks : public client_test {
   protected:
-    bool put_entry(std::string_view entry, nettypetype net = NETTYPE_FAX) {
-        o_tebul record{};
-        record.tbookid.assign("book");
-        record.teleid.assign(entry);
-        record.nettype = net;
-        return client.call(proc::o_put_tbookentry_1{}, {{}, id("zerdix"), record});
+    PhoneBooks() : client_test(false) {}
+
+    bool put_entry(std::string_view entry, nettypetype net = NETTYPE_FAX,
+                   std::string_view user = "zerdix") {
+        const o_tebul record{id("book"), id(entry), {}, {}, {}, {}, net};
+        return client.call(proc::o_put_tbookentry_1{}, {{}, id(user), record});
     }
 
     std::vector<std::string> entries(std::int32_t mask, str10 start, std::int32_t most) {
@@ -40,9 +40,6 @@ class PhoneBooks : public testing::Test {
                            std::string{node->tmember.teleid.view()});
         return keys;
     }
-
-    test_server server{false};
-    raw_client client{server.program()};
 };
 
 using ids = std::vector<std::string>;
@@ -126,35 +123,25 @@ class Rights : public PhoneBooks {
         server.store().user_groups.put_member("team", {field<str35>("alpha"), id("friend"), {}});
         server.store().user_groups.put_member("team", {field<str35>("beta"), id("guest"), {}});
     }
+    static o_tebu book(opaque<3> perms, const char* owner, const char* comment) {
+        o_tebu made{};
+        made.tbookid = id("book");
+        made.owner = id(owner);
+        made.group = id("team");
+        made.perms = perms;
+        made.comment.assign(comment);
+        return made;
+    }
     bool put_book(const char* user, opaque<3> perms, const char* owner = "owner",
                   const char* comment = "") {
-        o_tebu book{};
-        book.tbookid = id("book");
-        book.owner = id(owner);
-        book.group = id("team");
-        book.perms = perms;
-        book.comment.assign(comment);
-        return client.call(proc::o_put_tbook_1{}, {{}, id(user), book});
+        return client.call(proc::o_put_tbook_1{}, {{}, id(user), book(perms, owner, comment)});
     }
     // Puts the book without asking anybody.
-    void force(opaque<3> perms) {
-        o_tebu book{};
-        book.tbookid = id("book");
-        book.owner = id("owner");
-        book.group = id("team");
-        book.perms = perms;
-        server.store().phone_books.put_book(book);
-    }
+    void force(opaque<3> perms) { server.store().phone_books.put_book(book(perms, "owner", "")); }
     bool reads(const char* user) {
         return client.call(proc::o_get_tbooks_1{}, {{}, id(user)}).count == 1;
     }
-    bool adds(const char* user, const char* entry) {
-        o_tebul record{};
-        record.tbookid = id("book");
-        record.teleid = id(entry);
-        record.nettype = NETTYPE_FAX;
-        return client.call(proc::o_put_tbookentry_1{}, {{}, id(user), record});
-    }
+    bool adds(const char* user, const char* entry) { return put_entry(entry, NETTYPE_FAX, user); }
     bool deletes(const char* user, const char* entry) {
         return client.call(proc::o_del_tbookentry_1{}, {{}, id(user), id("book"), id(entry)});
     }
@@ -252,12 +239,9 @@ TEST_F(Rights, HoldForGroupsAndForSending) {
     const std::int32_t document = create(client, "guest");
     ASSERT_TRUE(client.call(proc::a_put_page_1{},
                             {id("guest"), document, 1, 0, lent(alphad::drawn_page("x", {}))}));
-    a_s_rec record{};
-    record.nettype = NETTYPE_FAX;
-    record.phone.assign("book:e000000");
-    EXPECT_EQ(client.call(proc::a_send_doc_1{}, {id("guest"), document, record}), 0);
+    EXPECT_EQ(send_fax(client, document, "book:e000000", "guest"), 0);
     force({{0x3F, 0, 0x02}});
-    EXPECT_GT(client.call(proc::a_send_doc_1{}, {id("guest"), document, record}), 0);
+    EXPECT_GT(send_fax(client, document, "book:e000000", "guest"), 0);
 }
 
 TEST(DemoData, HasWhatATryNeeds) {

@@ -14,6 +14,7 @@ namespace zerdix {
 namespace {
 
 using namespace test;
+using ::testing::HasSubstr;
 
 class Program : public testing::Test {
   protected:
@@ -35,7 +36,7 @@ class Program : public testing::Test {
         EXPECT_EQ(client.call(proc::o_get_tgroupl_1{}, {{}, {}, id("alle"), {1}}).count, 12);
     }
 
-    temporary_folder folder;
+    scratch_folder folder;
     client_environment environment{folder.path()};
     std::filesystem::path data = folder.path() / "data";
 };
@@ -101,16 +102,15 @@ TEST_F(Program, SaysWhyItDoesNotStart) {
     alphad_program second(folder.path() / "other");
     EXPECT_EQ(second.ready_line(), "");
     EXPECT_EQ(second.wait(), EX_UNAVAILABLE);
-    EXPECT_NE(second.errors().find("is already registered by a server that answers on port"),
-              std::string::npos)
-        << second.errors();
+    EXPECT_THAT(second.errors(),
+                HasSubstr("is already registered by a server that answers on port"));
     EXPECT_TRUE(is_registered());
     first.stop();
 
     alphad::database(data / alphad::store_file).run("PRAGMA user_version = 99");
     alphad_program newer(data);
     EXPECT_EQ(newer.wait(), EX_CANTCREAT);
-    EXPECT_NE(newer.errors().find("newer version of alphad"), std::string::npos) << newer.errors();
+    EXPECT_THAT(newer.errors(), HasSubstr("newer version of alphad"));
     std::ofstream(data / alphad::store_file) << std::string(5000, 'x');
     alphad_program broken(data);
     EXPECT_EQ(broken.wait(), EX_CANTCREAT);
@@ -165,8 +165,8 @@ TEST_F(Program, BringsOlderStoresUpToDate) {
         std::filesystem::create_directory(spool);
         std::ofstream(spool / "000002-1.tif") << "picture";
         alphad_program program(data, {"--spool", spool});
-        EXPECT_NE(run_alphad({"jobs", "--data", data}).output.find(spool / "000002-1.tif"),
-                  std::string::npos);
+        EXPECT_THAT(run_alphad({"jobs", "--data", data}).output,
+                    HasSubstr((spool / "000002-1.tif").string()));
         EXPECT_EQ(program.errors().find("no passwords yet") != std::string::npos, first)
             << program.errors();
         raw_client client(environment.program());
@@ -195,8 +195,8 @@ TEST_F(Program, AddsUsersAndMessagesWhileItRuns) {
     EXPECT_EQ(run({"user", "add", "neu", "--name", "again"}).status, EX_DATAERR);
     EXPECT_EQ(run({"user", "add", "elevenchars", "--name", "x"}).status, EX_DATAERR);
     EXPECT_EQ(run({"user", "password", "nobody", "--password-file", secret}).status, EX_DATAERR);
-    EXPECT_NE(run({"user", "list"}).output.find("neu\talpha\tJ\xc3\xbcrgen\tno password\n"),
-              std::string::npos);
+    EXPECT_THAT(run({"user", "list"}).output,
+                HasSubstr("neu\talpha\tJ\xc3\xbcrgen\tno password\n"));
     EXPECT_EQ(login(client, "neu", "").status, 8);
     EXPECT_EQ(run({"user", "password", "neu", "--password-file", secret}).status, 0);
     EXPECT_EQ(login(client, "neu",
@@ -235,12 +235,7 @@ TEST_F(Program, ShowsWhereTheFilesOfJobsLie) {
         raw_client client(environment.program());
         const std::int32_t document = create(client);
         EXPECT_TRUE(put_block(client, document, 1, 0, alphad::drawn_page("x", {})));
-        a_s_rec record{};
-        record.nettype = NETTYPE_FAX;
-        record.phone.assign("1");
-        const auto number = client.call(proc::a_send_doc_1{}, {id("zerdix"), document, record});
-        const std::string digits = std::to_string(number);
-        return std::string(6 - digits.size(), '0') + digits + "-1.tif";
+        return spool_name(send_fax(client, document, "1"), "1");
     };
     const auto shows = [&](const std::filesystem::path& file, std::vector<std::string> more = {}) {
         more.insert(more.begin(), {"jobs", "--data", data});
@@ -276,12 +271,10 @@ TEST_F(Program, ShowsJobsAndSettingsWhileItRuns) {
                              "\xc3\x9c"
                              "ber \"uns\" ",
                              "spooled", "000001-950.tif", "a line"})
-        EXPECT_NE(table.find(part), std::string::npos) << part << " in\n" << table;
+        EXPECT_THAT(table, HasSubstr(part));
     const std::string json = run_alphad({"jobs", "--json", "--data", data}).output;
-    EXPECT_NE(json.find("\"title\": \"\xc3\x9c"
-                        "ber \\\"uns\\\" \""),
-              std::string::npos)
-        << json;
+    EXPECT_THAT(json, HasSubstr("\"title\": \"\xc3\x9c"
+                                "ber \\\"uns\\\" \""));
 
     EXPECT_EQ(run_alphad({"config", "COVER", "12", "--data", data}).status, 0);
     for (const char* wrong : {"-30", "30x", " 30", "4000000000"})

@@ -12,7 +12,7 @@ using namespace test;
 
 constexpr std::int32_t good = 0, present = 4, unknown = 6, wrong = 8;
 
-class Session : public testing::Test {
+class Session : public client_test {
   protected:
     std::int32_t change_password(std::string_view user, std::string_view from,
                                  std::string_view to) {
@@ -20,9 +20,6 @@ class Session : public testing::Test {
                            {id(user), {0}, field<str20>(from), field<str20>(to)});
     }
     bool is_login(std::int32_t number) { return client.call(proc::a_check_login_1{}, number); }
-
-    test_server server;
-    raw_client client{server.program()};
 };
 
 TEST_F(Session, LogsInWithTheRightPassword) {

@@ -3,8 +3,6 @@
 
 #include <cstdlib>
 #include <ctime>
-#include <fstream>
-#include <sstream>
 
 #include "alphad/telex_order.h"
 #include "desk.h"
@@ -21,7 +19,7 @@ std::string telex(const std::string& user, const std::string& phone, const std::
            "##SENDTIME " + time + "##RETRIES 3#\nHELLO #1";
 }
 
-class Telex : public testing::Test {
+class Telex : public client_test {
   protected:
     bool print(const std::string& text) {
         EXPECT_TRUE(put_block(client, document, 1, 0, text, ".winpr", 6));
@@ -29,8 +27,6 @@ class Telex : public testing::Test {
                            {id(".winpr"), TOPF_P, document, 1, 1, id(".zerdixpr"), 1});
     }
 
-    test_server server;
-    raw_client client{server.program()};
     std::int32_t document = create(client, ".winpr");
 };
 
@@ -47,9 +43,8 @@ TEST_F(Telex, BecomesAJobOfItsUser) {
     EXPECT_EQ(record.nettype, NETTYPE_TELEX);
     EXPECT_EQ(record.status, static_cast<std::int32_t>(alphad::job_state::spooled));
     EXPECT_EQ(record.maxretries, 3);
-    std::ostringstream spooled;
-    spooled << std::ifstream{server.spool() / job.spool}.rdbuf();
-    EXPECT_EQ(spooled.str(), telex("meier", "common:hansen", " 0", "A # B"));
+    EXPECT_EQ(server.files().read("spool/" + job.spool),
+              telex("meier", "common:hansen", " 0", "A # B"));
 
     // One for later can be given up.
     ASSERT_EQ(document = create(client, ".winpr"), job.record.faxid + 1);
@@ -76,7 +71,7 @@ TEST_F(Telex, IsRefusedWhenItsOrderIsNotSound) {
 }
 
 TEST(TelexOrder, ReadsTimesOfAllLanguages) {
-    const environment_value zone("TZ", "UTC");
+    const environment_variable zone("TZ", "UTC");
     tzset();
     for (const char* text :
          {"24.12.96 18:00:01", "24.12.96 18.00.01", "24/12/96 18:00:01", "12/24/96 18:00:01"})

@@ -95,7 +95,7 @@ class Completion : public testing::Test {
         return text;
     }
 
-    const temporary_folder folder_;
+    const scratch_folder folder_;
 };
 
 TEST_F(Completion, OffersCommandsOptionsValuesAndFiles) {

@@ -23,17 +23,11 @@ class desk_test : public testing::Test {
             << "\nPasswordFile=" << path("password") << '\n';
     }
 
-    std::string path(const std::string& name) const { return server_.folder() / name; }
-
+    std::string path(const std::string& name) const { return server_.files().path(name); }
+    std::string read(const std::string& name) const { return server_.files().read(name); }
     // The path of a new file.
     std::string write(const std::string& name, const std::string& content) const {
-        std::ofstream(path(name), std::ios::binary) << content;
-        return path(name);
-    }
-
-    std::string read(const std::string& name) const {
-        std::ifstream file(path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        return server_.files().write(name, content);
     }
 
     // Words with blanks between them, then the arguments as they are.

@@ -23,10 +23,6 @@ void expect_sentence(const outcome& result, int code, const std::string& part) {
 
 class Input : public testing::Test {
   protected:
-    std::string file(const std::string& name, const std::string& content) {
-        return write_file(folder_.path() / name, content);
-    }
-
     void expect_refused(const std::string& path, int code, const std::string& part) {
         const outcome result = run_zerdix({"print", path, "--to", "1"});
         expect_sentence(result, code, part);
@@ -34,7 +30,7 @@ class Input : public testing::Test {
         EXPECT_EQ(result.errors.find('\n') + 1, result.errors.size()) << result.errors;
     }
 
-    temporary_folder folder_;
+    scratch_folder folder_;
     client_environment environment_{folder_.path()}; // there is no server under its number
 };
 
@@ -45,16 +41,17 @@ TEST_F(Input, TellsFilesThatCantBeRead) {
 
 TEST_F(Input, TellsPdfsThatCantBeUsed) {
     const std::string whole = tiny_pdf({{100, 200, "0 g 0 0 9 9 re f"}, {100, 200, ""}});
-    expect_refused(file("empty.pdf", ""), app::exit_bad_data, "is empty");
-    expect_refused(file("text.pdf", "Dear Sir or Madam"), app::exit_bad_data, "not a PDF");
-    expect_refused(file("locked.pdf", locked_pdf()), app::exit_bad_data, "encrypted");
-    expect_refused(file("bare.pdf", tiny_pdf({})), app::exit_bad_data, "no pages");
+    expect_refused(folder_.write("empty.pdf", ""), app::exit_bad_data, "is empty");
+    expect_refused(folder_.write("text.pdf", "Dear Sir or Madam"), app::exit_bad_data, "not a PDF");
+    expect_refused(folder_.write("locked.pdf", locked_pdf()), app::exit_bad_data, "encrypted");
+    expect_refused(folder_.write("bare.pdf", tiny_pdf({})), app::exit_bad_data, "no pages");
     for (const std::size_t kept : {whole.size() / 4, whole.size() / 2, whole.size() - 60})
-        expect_refused(file("cut.pdf", whole.substr(0, kept)), app::exit_bad_data, "damaged");
+        expect_refused(folder_.write("cut.pdf", whole.substr(0, kept)), app::exit_bad_data,
+                       "damaged");
 }
 
 TEST_F(Input, RefusesWrongCommandLines) {
-    const std::string pdf = file("a.pdf", tiny_pdf({{100, 100, ""}}));
+    const std::string pdf = folder_.write("a.pdf", tiny_pdf({{100, 100, ""}}));
     const std::vector<std::vector<std::string>> lines = {
         {"prnt"},
         {"print"},

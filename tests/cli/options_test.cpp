@@ -77,7 +77,7 @@ class ServerTime : public testing::Test {
 
     // 2026-11-22 20:00:00 there.
     const std::time_t evening = 1795374000;
-    test::environment_value zone_;
+    test::environment_variable zone_;
 };
 
 TEST_F(ServerTime, BecomesTheFormOfTheLanguage) {

@@ -44,7 +44,7 @@ std::string read_output(int fd, pid_t child, const std::optional<disturbance>& d
 } // namespace
 
 outcome run_zerdix(const std::vector<std::string>& arguments, const circumstances& around) {
-    const temporary_folder folder;
+    const scratch_folder folder;
     const std::string errors = folder.path() / "stderr";
     int out[2];
     if (pipe(out) != 0)

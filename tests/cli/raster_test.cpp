@@ -27,8 +27,8 @@ bool is_black(const block& bytes, std::uint32_t x, std::uint32_t y) {
 }
 
 block render(const test::tiny_page& page) {
-    const test::temporary_folder folder;
-    const pdf_file pdf(test::write_file(folder.path() / "a.pdf", test::tiny_pdf({page})));
+    const test::scratch_folder folder;
+    const pdf_file pdf(folder.write("a.pdf", test::tiny_pdf({page})));
     return pdf.render(1);
 }
 

@@ -23,13 +23,16 @@ void expect_failure(const outcome& result, int code, const std::string& part) {
     EXPECT_THAT(result.errors, HasSubstr(part));
 }
 
-TEST(Trouble, AHostThatIsntKnown) {
-    const temporary_folder folder;
-    const client_environment environment(folder.path());
+class NoServer : public testing::Test {
+  protected:
+    scratch_folder folder;
+    client_environment environment{folder.path()};
+};
+
+TEST_F(NoServer, AHostThatIsntKnown) {
     // Two dots in a row make a name that no name server needs to be asked for.
-    const std::string settings =
-        write_file(folder.path() / "other.ini",
-                   "[Zerdix]\nHost=no..host\nLogDir=" + folder.path().string() + "\n");
+    const std::string settings = folder.write(
+        "other.ini", "[Zerdix]\nHost=no..host\nLogDir=" + folder.path().string() + "\n");
     expect_failure(run_zerdix({"print", SAMPLE_PDF, "--to", "1", "--settings", settings}),
                    app::exit_no_host,
                    "opening the print job failed: the host \"no..host\" can't be found");
@@ -38,22 +41,18 @@ TEST(Trouble, AHostThatIsntKnown) {
     EXPECT_TRUE(std::filesystem::exists(folder.path() / "FAXERROR.LOG"));
 }
 
-TEST(Trouble, NoServerAtThePortMapper) {
-    const temporary_folder folder;
-    const client_environment environment(folder.path());
+TEST_F(NoServer, NoServerAtThePortMapper) {
     expect_failure(print_sample(), app::exit_unavailable, "no Alpha server is registered");
 }
 
-TEST(Trouble, NoPortMapper) {
-    const temporary_folder folder;
-    const client_environment environment(folder.path());
+TEST_F(NoServer, NoPortMapper) {
     const outcome result = print_sample({.disturb = {}, .without_network = true});
     if (result.status == 125)
         GTEST_SKIP() << "no network of its own can be made here";
     expect_failure(result, app::exit_unavailable, "no port mapper answers on \"127.0.0.1\"");
 }
 
-TEST(Trouble, AServerThatDied) {
+TEST(ServerTrouble, ThatDied) {
     test_server server;
     server.stop(SIGKILL);
     expect_failure(print_sample(), app::exit_unavailable, "is registered but doesn't answer");

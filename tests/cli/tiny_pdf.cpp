@@ -1,7 +1,6 @@
 #include "cli/tiny_pdf.h"
 
 #include <cstdio>
-#include <fstream>
 #include <sstream>
 
 namespace zerdix::test {
@@ -63,11 +62,6 @@ std::string locked_pdf() {
     return tiny_pdf({{100, 100, ""}},
                     "/ID [<00><00>] /Encrypt << /Filter /Standard /V 1 /R 2 /O <" + key + "> /U <" +
                         key + "> /P -4 >>");
-}
-
-std::string write_file(const std::filesystem::path& path, const std::string& content) {
-    std::ofstream(path, std::ios::binary) << content;
-    return path;
 }
 
 } // namespace zerdix::test

@@ -20,8 +20,6 @@ std::string tiny_pdf(const std::vector<tiny_page>& pages, const std::string& tra
 // Such a PDF with a password that nobody knows.
 std::string locked_pdf();
 
-std::string write_file(const std::filesystem::path& path, const std::string& content);
-
 } // namespace zerdix::test
 
 #endif

@@ -1,7 +1,5 @@
 // Cover pages on a server: which calls are made, what the document holds, what the user is told.
 
-#include <gmock/gmock.h>
-
 #include "common/string_table.h"
 #include "cover/composer.h"
 #include "cover/state.h"
@@ -9,6 +7,7 @@
 #include "imaging/pictures.h"
 #include "platform/quit.h"
 #include "platform/scratch.h"
+#include "support/session_test.h"
 
 namespace zerdix::testing {
 namespace {
@@ -27,19 +26,15 @@ class quit_code final : public platform::quit_port {
     int posted = 0;
 };
 
-class Composer : public ::testing::Test {
+class Composer : public connected_test {
   protected:
     Composer() {
-        session.setUserId("zerdix");
-        session.setAlphaserver("127.0.0.1");
-        EXPECT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
         L_InitBitmap(&bitmap, 0, 0, 0);
         document = server.store().documents.create(TOPF_P, "zerdix");
         server.store().pages.put_block({document, 1, 0}, 0, "page");
         record.phone.assign("common:empfang");
         server.clear_calls();
     }
-    ~Composer() override { session.CleanupHostConnection(); }
 
     int insert() {
         boxes.shown.clear();
@@ -55,8 +50,6 @@ class Composer : public ::testing::Test {
                server.store().pages.picture({document, 1, 0}) == "page";
     }
 
-    test::test_server server;
-    ZERDIX session;
     JOURNAL journal;
     imaging::owned_bitmap bitmap;
     a_s_rec record{};
@@ -95,6 +88,11 @@ TEST_F(Composer, APageIsDrawnInFrontOfTheDocument) {
     cover::forget_session();
     ASSERT_EQ(insert(), 1);
     EXPECT_EQ(server.calls(), without_signature);
+    ZERDIX other;
+    ASSERT_NE(other.GetClientAddr("127.0.0.1"), nullptr);
+    server.clear_calls();
+    ASSERT_EQ(cover::InsertCoverPage(&other, &journal, &bitmap, &record, document), 1);
+    EXPECT_EQ(server.calls(), without_signature) << "the record was another session's";
 }
 
 TEST_F(Composer, WithoutCommandsTheBareFormGoesOut) {

@@ -12,10 +12,7 @@ namespace zerdix::testing {
 // A page in stored form, compressed: every row byte the same, as large as it claims or not.
 inline codec::bytes page_of(std::uint32_t width, std::uint32_t height, unsigned char fill,
                             std::size_t rows) {
-    codec::bytes block;
-    for (std::uint32_t word : {width, height})
-        for (int shift = 24; shift >= 0; shift -= 8)
-            block.push_back(static_cast<unsigned char>(word >> shift));
+    codec::bytes block = codec::page_header(width, height);
     block.resize(8 + std::size_t{(width + 7) / 8} * rows, fill);
     return *codec::compress(block);
 }

@@ -112,7 +112,7 @@ TEST_F(Modal, WhatCannotRunGivesMinusOneAndLeavesTheOwnerEnabled) {
 }
 
 TEST_F(Modal, WithoutWindowsNoDialogRuns) {
-    const test::environment_value none("ZERDIX_DIALOGS", "none");
+    const test::environment_variable none("ZERDIX_DIALOGS", "none");
     forms::replace_presenter(nullptr);
     EXPECT_EQ(run(nullptr), -1);
     EXPECT_FALSE(CDialogWait(nullptr, 0).create());

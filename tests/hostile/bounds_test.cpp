@@ -198,8 +198,7 @@ TEST(HostileBounds, GatheredListsEndWhateverTheServerDoes) {
     connected_clients on([&](const incoming_call& call, peer& client) {
         const int n = calls++;
         if (n == failing || n > 100)
-            return static_cast<void>(
-                client.send(record_of(wire_bytes{}.words({call.id, 1, 0, 0, 0, 5}))));
+            return send_words(call, {1, 0, 0, 0, 5}, client);
         const bool asks_for_size = call.procedure == proc::a_get_config_1::number;
         client.send(
             record_of(reply_to(call, asks_for_size ? wire_bytes{}.text(size, 80).bytes()

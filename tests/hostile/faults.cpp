@@ -49,14 +49,6 @@ std::map<std::uint32_t, answers> collect(wire::procedure_list<P...>) {
     return all;
 }
 
-void send_words(const incoming_call& call, const std::vector<std::uint32_t>& words, peer& client) {
-    wire_bytes message;
-    message.word(call.id);
-    for (const std::uint32_t word : words)
-        message.word(word);
-    client.send(record_of(message));
-}
-
 fault rpc_error(const char* name, std::vector<std::uint32_t> words) {
     return {name, outcome::fails,
             [words = std::move(words)](const incoming_call& call, const answers&, peer& client) {
@@ -145,6 +137,15 @@ const std::vector<fault>& quick_faults() {
         words_of("64 MiB everywhere", wire::max_field_bytes),
     };
     return all;
+}
+
+fault connection_cut_at(std::size_t k) {
+    return {"a connection that ends", outcome::lost,
+            [k](const incoming_call& call, const answers& of, peer& client) {
+                const byte_vector reply = record_of(reply_to(call, of.sound));
+                client.send(reply.data(), std::min(k, reply.size()));
+                client.close();
+            }};
 }
 
 const std::vector<fault>& slow_faults() {

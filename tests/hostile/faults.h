@@ -41,6 +41,8 @@ struct fault {
 const std::vector<fault>& quick_faults();
 // Those that last as long as a call may take.
 const std::vector<fault>& slow_faults();
+// The connection ends behind so many bytes of the reply.
+fault connection_cut_at(std::size_t k);
 
 } // namespace zerdix::testing
 

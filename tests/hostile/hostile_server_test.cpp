@@ -149,14 +149,6 @@ fault record_cut_at(std::size_t k) {
             }};
 }
 
-fault connection_cut_at(std::size_t k) {
-    return {"a connection that ends", outcome::lost,
-            [k](const auto& call, const auto& of, auto& client) {
-                client.send(record_of(reply_to(call, of.sound)).data(), k);
-                client.close();
-            }};
-}
-
 // Near both ends of a reply everywhere, between them at odd places.
 bool worth_a_cut(std::size_t k, std::size_t size, std::size_t margin, std::size_t stride) {
     return k < margin || k + margin > size || k % stride == 0;

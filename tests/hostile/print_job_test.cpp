@@ -87,12 +87,7 @@ TEST_P(HostilePrintJob, EndsInAResultAndLeavesNothingBehind) {
         }
     for (int n = 0; n < made; ++n)
         for (std::size_t k = 0; k < 40; k += 3) {
-            const fault cut{"a cut reply", outcome::lost,
-                            [k](const auto& call, const auto& of, auto& client) {
-                                const byte_vector reply = record_of(reply_to(call, of.sound));
-                                client.send(reply.data(), std::min(k, reply.size()));
-                                client.close();
-                            }};
+            const fault cut = connection_cut_at(k);
             run(n, &cut);
         }
     EXPECT_EQ(run(-1, nullptr), 0);

@@ -31,6 +31,14 @@ byte_vector record_of(const wire_bytes& message) {
     return record.bytes();
 }
 
+void send_words(const incoming_call& call, const std::vector<std::uint32_t>& words, peer& client) {
+    wire_bytes message;
+    message.word(call.id);
+    for (const std::uint32_t word : words)
+        message.word(word);
+    client.send(record_of(message));
+}
+
 bool peer::send(const unsigned char* bytes, std::size_t size) {
     while (size > 0 && !stopping_) {
         const ssize_t sent = ::send(file_, bytes, size, MSG_NOSIGNAL | MSG_DONTWAIT);

@@ -49,6 +49,9 @@ class peer {
     bool closed_ = false;
 };
 
+// A reply of these words behind the call's id.
+void send_words(const incoming_call& call, const std::vector<std::uint32_t>& words, peer& client);
+
 class script_server {
   public:
     using handler = std::function<void(const incoming_call&, peer&)>;
@@ -70,7 +73,7 @@ class script_server {
     bool answer_call(int connection);
     handler present_handler();
 
-    test::temporary_folder folder_;
+    test::scratch_folder folder_;
     test::client_environment environment_;
     sockaddr_in address_{};
     int listener_;

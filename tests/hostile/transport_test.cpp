@@ -73,11 +73,7 @@ TEST_F(Transport, EveryKindOfErrorKeepsItsNumber) {
     };
     for (const auto& each : cases) {
         server.on_call([words = each.behind_the_call_id](const incoming_call& call, peer& client) {
-            wire_bytes message;
-            message.word(call.id);
-            for (const std::uint32_t word : words)
-                message.word(word);
-            client.send(record_of(message));
+            send_words(call, words, client);
         });
         errno = 4711;
         EXPECT_EQ(call(), each.status);
@@ -91,7 +87,7 @@ TEST_F(Transport, EveryKindOfErrorKeepsItsNumber) {
 
 TEST_F(Transport, VersionsOfAMismatchAreTold) {
     server.on_call([](const incoming_call& call, peer& client) {
-        client.send(record_of(wire_bytes{}.words({call.id, 1, 0, 0, 0, 2, 3, 9})));
+        send_words(call, {1, 0, 0, 0, 2, 3, 9}, client);
     });
     ASSERT_EQ(call(), RPC_PROGVERSMISMATCH);
     EXPECT_EQ(wire::last_error(handle).re_vers.low, 3u);

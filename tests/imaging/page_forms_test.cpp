@@ -61,12 +61,7 @@ unsigned char mirrored(unsigned char byte) {
 // The compressed page of rows with the leftmost pixel in bit 7, by way of bytes alone.
 bytes compressed(std::uint32_t width, std::uint32_t height, const bytes& rows,
                  unsigned char inverted) {
-    bytes stored = {0, 0, 0, 0, 0, 0, 0, 0};
-    for (int at = 0; at < 4; ++at) {
-        stored[static_cast<std::size_t>(at)] = static_cast<unsigned char>(width >> (24 - 8 * at));
-        stored[static_cast<std::size_t>(at + 4)] =
-            static_cast<unsigned char>(height >> (24 - 8 * at));
-    }
+    bytes stored = codec::page_header(width, height);
     for (const unsigned char byte : rows)
         stored.push_back(mirrored(byte) ^ inverted);
     return *codec::compress(stored);

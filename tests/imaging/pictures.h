@@ -15,8 +15,9 @@ namespace zerdix::imaging {
 // Pixel values, rows from the top.
 using picture = std::vector<std::vector<int>>;
 
-inline picture random_picture(std::int32_t width, std::int32_t height, unsigned one_in) {
-    std::minstd_rand random{static_cast<unsigned>(width * 65536 + height)};
+inline picture random_picture(std::int32_t width, std::int32_t height, unsigned one_in,
+                              unsigned seed = 0) {
+    std::minstd_rand random{static_cast<unsigned>(width * 65536 + height) + seed};
     picture made(static_cast<std::size_t>(height),
                  std::vector<int>(static_cast<std::size_t>(width)));
     for (auto& row : made)
@@ -31,6 +32,16 @@ inline std::int32_t width_of(const picture& made) {
 
 inline std::int32_t height_of(const picture& made) {
     return static_cast<std::int32_t>(made.size());
+}
+
+inline picture turned_left(const picture& from) {
+    picture turned;
+    for (std::size_t x = from[0].size(); x-- > 0;) {
+        turned.emplace_back();
+        for (const auto& row : from)
+            turned.back().push_back(row[x]);
+    }
+    return turned;
 }
 
 inline void fill(LeadBitmap& bitmap, const picture& from) {

@@ -10,16 +10,6 @@
 namespace zerdix::imaging {
 namespace {
 
-picture turned_left(const picture& from) {
-    picture turned;
-    for (std::size_t x = from[0].size(); x-- > 0;) {
-        turned.emplace_back();
-        for (const auto& row : from)
-            turned.back().push_back(row[x]);
-    }
-    return turned;
-}
-
 // Where the pixels of one side come to lie on the other: true for a pair that belongs together.
 bool lies_on(std::int32_t source, std::int32_t from, std::int32_t result, std::int32_t to) {
     return to < from ? source * to / from == result : (2 * result + 1) * from / (2 * to) == source;

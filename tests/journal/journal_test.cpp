@@ -1,15 +1,12 @@
 // Documents on the server: pages in blocks, operations, logs.
 
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <numeric>
 
 #include <zerdix/journal.h>
-#include <zerdix/zerdix.h>
 
 #include "rpc/scripted_handle.h"
-#include "support/test_server.h"
+#include "support/session_test.h"
 
 namespace zerdix::testing {
 namespace {
@@ -17,16 +14,12 @@ namespace {
 using ::testing::SizeIs;
 using calls = std::vector<int>;
 
-class Journal : public ::testing::Test {
+class Journal : public connected_test {
   protected:
     Journal() {
-        session.setUserId("zerdix");
-        session.setAlphaserver("127.0.0.1");
-        EXPECT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
         document = journal.makeDoc();
         server.clear_calls();
     }
-    ~Journal() override { session.CleanupHostConnection(); }
 
     void set_block_length(const char* value) {
         std::ofstream{server.settings()} << "[Zerdix]\nMaxPageBlockLen=" << value << '\n';
@@ -49,8 +42,6 @@ class Journal : public ::testing::Test {
         return bytes;
     }
 
-    test::test_server server;
-    ZERDIX session;
     JOURNAL journal;
     std::int32_t document = 0;
 };
@@ -172,6 +163,13 @@ TEST_F(Journal, TheBifFlagIsClearedOnReading) {
     EXPECT_EQ(server.calls(), calls{20});
 }
 
+TEST_F(Journal, AForwardedDocumentComesIntoThePoolThatIsNamed) {
+    auto& documents = server.store().documents;
+    const std::size_t before = documents.list(TOPF_E, "meier").size();
+    ASSERT_EQ(journal.forwardDoc(TOPF_P, document, "", "meier", "", TOPF_E), 0);
+    EXPECT_THAT(documents.list(TOPF_E, "meier"), SizeIs(before + 1));
+}
+
 TEST_F(Journal, TextsAreCutToTheirFields) {
     EXPECT_EQ(journal.putComment2Doc(TOPF_P, document, std::string(40, 'c').c_str()), 0);
     EXPECT_EQ(server.desk("zerdix").at(0).comment, std::string(30, 'c'));
@@ -225,6 +223,18 @@ TEST_F(Journal, ALogIsReadWholeAndFromAPosition) {
     EXPECT_EQ(next, before);
 }
 
+// Room is made in steps of 4,096 characters: here the last line and its end take one more.
+TEST_F(Journal, ALineThatMissesTheRoomByOneCharacterGetsMore) {
+    std::string whole;
+    for (int i = 0; i < 41; ++i) {
+        const std::string line(i == 39 ? 14 : 100, 'x');
+        ASSERT_EQ(journal.putLog(TOPF_P, document, line.c_str()), 0);
+        whole += line + "\r\n";
+    }
+    ASSERT_EQ(whole.size(), 4096u);
+    EXPECT_EQ(journal.getLog(TOPF_P, document, 0, nullptr), whole);
+}
+
 TEST_F(Journal, ALongLogStopsGrowing) {
     for (int i = 0; i < 800; ++i)
         ASSERT_EQ(journal.putLog(TOPF_P, document, std::string(150, 'x').c_str()), 0);
@@ -242,7 +252,7 @@ TEST_F(Journal, WithoutAHandleNothingIsAsked) {
     EXPECT_EQ(journal.getDocPage(TOPF_P, document, 1, 0), nullptr);
     EXPECT_EQ(journal.getLog(TOPF_P, document, 0, nullptr), nullptr);
     EXPECT_EQ(journal.setReadFlag(TOPF_P, document), 12);
-    ASSERT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
+    ASSERT_NE(connect(), nullptr);
     EXPECT_GT(journal.makeDoc(), 0) << "the object finds the new connection";
 }
 

@@ -1,12 +1,8 @@
 // The lists of the three pools, which need a login, and the flag of documents not looked at yet.
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <zerdix/journal.h>
-#include <zerdix/zerdix.h>
 
-#include "support/test_server.h"
+#include "support/session_test.h"
 
 namespace zerdix::testing {
 namespace {
@@ -30,13 +26,12 @@ const pool_case pools[] = {
     {TOPF_P, &JOURNAL::getPDocPtrList, 8, 86},
 };
 
-class JournalLists : public ::testing::Test {
+class JournalLists : public session_test {
   protected:
     JournalLists() {
         EXPECT_EQ(session.login("zerdix", "zerdix", "127.0.0.1"), 0);
         server.clear_calls();
     }
-    ~JournalLists() override { session.CleanupHostConnection(); }
 
     // Three documents more in a pool; the ids of all that are in it now.
     ids fill(topftype pool) {
@@ -56,8 +51,6 @@ class JournalLists : public ::testing::Test {
         return found;
     }
 
-    test::test_server server;
-    ZERDIX session;
     JOURNAL journal;
 };
 

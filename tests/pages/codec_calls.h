@@ -48,6 +48,15 @@ inline bytes repeated(std::string_view pattern, std::size_t length) {
     return block;
 }
 
+// As a page begins: width and height, the high byte first.
+inline bytes page_header(std::uint32_t width, std::uint32_t height) {
+    bytes header;
+    for (const std::uint32_t word : {width, height})
+        for (int shift = 24; shift >= 0; shift -= 8)
+            header.push_back(static_cast<unsigned char>(word >> shift));
+    return header;
+}
+
 // Each byte below `kinds`.
 inline bytes random_bytes(std::size_t length, unsigned seed, unsigned kinds = 256) {
     std::mt19937 generator(seed);
@@ -66,14 +75,7 @@ inline bytes page_like(std::size_t rows, unsigned seed) {
     const auto below = [&generator](unsigned limit) {
         return static_cast<std::size_t>(generator() % limit);
     };
-    bytes block{0,
-                0,
-                6,
-                0xc0,
-                0,
-                0,
-                static_cast<unsigned char>(rows >> 8),
-                static_cast<unsigned char>(rows)};
+    bytes block = page_header(1728, static_cast<std::uint32_t>(rows));
     block.resize(8 + rows * row_bytes);
     const auto bar = [&](std::size_t left, std::size_t top, std::size_t width, std::size_t height) {
         for (std::size_t y = top; y < top + height; ++y) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
+#include "pages/codec_calls.h"
 #include "pages/driver_form.h"
 #include "pages/mirror.h"
 
@@ -23,8 +24,7 @@ bool stored_pixel_is_black(const block& page, std::size_t row_bytes, std::size_t
 
 block random_page(std::uint32_t width, std::uint32_t height, std::size_t spare) {
     std::minstd_rand random{width * 131 + height};
-    block page{0, 0, static_cast<unsigned char>(width >> 8),  static_cast<unsigned char>(width),
-               0, 0, static_cast<unsigned char>(height >> 8), static_cast<unsigned char>(height)};
+    block page = codec::page_header(width, height);
     page.resize(8 + std::size_t{width / 8} * height + spare);
     std::generate(page.begin() + 8, page.end(),
                   [&] { return static_cast<unsigned char>(random() >> 8); });

@@ -1,13 +1,11 @@
 // The codec against programs that other people wrote.
 #include "codec_calls.h"
 #include "naive_codec.h"
+#include "platform/scratch.h"
 
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -18,26 +16,16 @@ using codec::bytes;
 
 class other_programs : public testing::Test {
   protected:
-    void SetUp() override {
-        std::string name = (std::filesystem::temp_directory_path() / "codec-XXXXXX").string();
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        folder_ = name;
-    }
-    void TearDown() override { std::filesystem::remove_all(folder_); }
-
     // What the command, a filter, makes of the input. Empty when it fails.
     std::optional<bytes> filter(const std::string& command, const bytes& input) {
-        std::ofstream(folder_ / "in.Z", std::ios::binary)
-            .write(reinterpret_cast<const char*>(input.data()),
-                   static_cast<std::streamsize>(input.size()));
-        const auto place = "cd " + folder_.string() + " && ";
+        folder_.write("in.Z", {reinterpret_cast<const char*>(input.data()), input.size()});
+        const auto place = "cd " + folder_.path().string() + " && ";
         const int status = std::system((place + command + " <in.Z >out 2>err").c_str());
         // 2 of compress: done, but the output isn't smaller
         if (!WIFEXITED(status) || (WEXITSTATUS(status) != 0 && WEXITSTATUS(status) != 2)) {
             return std::nullopt;
         }
-        std::ifstream out(folder_ / "out", std::ios::binary);
-        return bytes(std::istreambuf_iterator<char>(out), {});
+        return codec::text_bytes(folder_.read("out"));
     }
 
     static bool installed(const std::string& program) {
@@ -45,7 +33,7 @@ class other_programs : public testing::Test {
     }
 
   private:
-    std::filesystem::path folder_;
+    zerdix::tests::scratch_folder folder_;
 };
 
 std::vector<bytes> inputs() {

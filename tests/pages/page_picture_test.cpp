@@ -39,6 +39,15 @@ TEST(StoredPage, ComesBackAsItWasButForThePadding) {
     EXPECT_EQ(back.rows, nullptr);
 }
 
+TEST(StoredPage, AsWideAsPagesMayBeComesBack) {
+    std::vector<unsigned char> row(8192);
+    const stored_page stored({65535, 1, 8192, 1, row.data()});
+    ASSERT_EQ(stored.fault, ZX_PAGE_GOOD);
+    zx_page back;
+    ASSERT_EQ(ExpandPage(stored.bytes, stored.size, &back), ZX_PAGE_GOOD);
+    FreePage(&back);
+}
+
 TEST(StoredPage, DamageIsTold) {
     sample picture;
     const stored_page stored(picture.page);

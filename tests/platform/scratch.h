@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,7 +21,9 @@ class scratch_folder {
   public:
     scratch_folder() {
         std::string name = (std::filesystem::temp_directory_path() / "zerdix-XXXXXX").string();
-        path_ = ::mkdtemp(name.data());
+        if (::mkdtemp(name.data()) == nullptr)
+            throw std::runtime_error("no temporary folder can be made");
+        path_ = name;
     }
     ~scratch_folder() {
         std::error_code error;
@@ -29,7 +32,8 @@ class scratch_folder {
     scratch_folder(const scratch_folder&) = delete;
     scratch_folder& operator=(const scratch_folder&) = delete;
 
-    std::string path(std::string_view name) const { return path_ + "/" + std::string(name); }
+    const std::filesystem::path& path() const { return path_; }
+    std::string path(std::string_view name) const { return path_ / name; }
 
     std::string write(std::string_view name, std::string_view text) const {
         const std::string full = path(name);
@@ -46,7 +50,7 @@ class scratch_folder {
     bool exists(std::string_view name) const { return std::filesystem::exists(path(name)); }
 
   private:
-    std::string path_;
+    std::filesystem::path path_;
 };
 
 // Null unsets the variable.

@@ -4,33 +4,18 @@
 #include <cstdlib>
 #include <ctime>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <rpc/rpc.h>
 
 #include <zerdix/journal.h>
 #include <zerdix/timetext.h>
-#include <zerdix/zerdix.h>
 
 #include "rpc/session.h"
-#include "support/test_server.h"
+#include "support/session_test.h"
 
 namespace zerdix::testing {
 namespace {
 
-class Connection : public ::testing::Test {
-  protected:
-    test::test_server server;
-    ZERDIX session;
-
-    Connection() {
-        session.setUserId("zerdix");
-        session.setAlphaserver("127.0.0.1");
-    }
-    ~Connection() override { session.CleanupHostConnection(); }
-
-    client* connect() { return session.GetClientAddr("127.0.0.1"); }
-};
+using Connection = session_test;
 
 TEST_F(Connection, OpensAndCloses) {
     EXPECT_EQ(ZERDIX::clsGetClient(), nullptr);
@@ -61,13 +46,13 @@ TEST_F(Connection, TheProgramNumberFollowsTheEnvironment) {
                                                            {"0", 16011967},   {"", 16011967},
                                                            {"x1", 16011967},  {"7 up", 16011974}};
     for (const auto& [offset, number] : cases) {
-        test::environment_value value{"ZERDIXRPCOFFSET", offset};
+        test::environment_variable value{"ZERDIXRPCOFFSET", offset};
         EXPECT_EQ(session.rpc_prog_nr(0xF452BF), number) << offset;
     }
 }
 
 TEST_F(Connection, TheServersTimeZoneBecomesTheProcesss) {
-    test::environment_value zone{"TZ", "EST5EDT"};
+    test::environment_variable zone{"TZ", "EST5EDT"};
     tzset();
     ASSERT_NE(connect(), nullptr);
     ASSERT_EQ(setTZ(), 0);

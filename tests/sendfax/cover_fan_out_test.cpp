@@ -188,10 +188,7 @@ TEST_F(CoverJob, ACoverPageThatCantBeCompressedEndsTheJob) {
 }
 
 TEST_F(CoverJob, ADocumentForAnotherDeskGetsOneToo) {
-    sendfax::install_send_dialog([](void*) {
-        std::strcpy(userid, "meier");
-        return send_dialog_accepted;
-    });
+    pick_desk("meier");
     open("");
     const std::size_t before = server.desk("meier").size();
     ASSERT_EQ(SendFaxDoc(), 0);

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "sendfax/job_fixture.h"
+#include "sendfax/job_trace.h"
 
 namespace zerdix::testing {
 namespace {
@@ -13,36 +13,36 @@ using ::testing::SizeIs;
 
 using calls = std::vector<int>;
 
-// The first page on a server that goes wrong at one call.
-struct page_fault {
+// A server that goes wrong at one call, and what comes of it.
+struct step_fault {
     int procedure;
     int nth;
     std::int32_t result;
     calls made;
-    const char* error;
+    const char* line; // among those traced
+    std::size_t jobs = 0, desk = 0;
 };
 
 class PageFault : public PrintJob {};
 
-TEST_F(PageFault, RefusalsStopThePageOrAreOnlyWarned) {
-    const page_fault faults[] = {
-        {3, 1, 8, {3}, "StoreFaxPage(): Problems with RPC connection"},
-        {23, 1, 0, {3, 23, 22, 30, 60, 22}, nullptr},
-        {22, 1, 0, {3, 23, 22, 30, 60, 22}, nullptr},
-        {60, 1, 8, {3, 23, 22, 30, 60}, "-> StoreFaxPage(): Problems with RPC connection"},
-        {22, 2, 0, {3, 23, 22, 30, 60, 22}, nullptr},
+TEST_F(JobTrace, RefusalsStopThePageOrAreOnlyWarned) {
+    const calls all{3, 23, 22, 30, 60, 22};
+    const char* const not_logged = "Warn: StoreFaxPage(): Problems with writing log entry";
+    const step_fault faults[] = {
+        {3, 1, 8, {3}, "Error: StoreFaxPage(): Problems with RPC connection"},
+        {23, 1, 0, all, "Warn: StoreFaxPage(): Problems with setting comment"},
+        {22, 1, 0, all, not_logged},
+        {60, 1, 8, {3, 23, 22, 30, 60}, "Error: -> StoreFaxPage(): Problems with RPC connection"},
+        {22, 2, 0, all, not_logged},
     };
-    for (const page_fault& fault : faults) {
+    for (const step_fault& fault : faults) {
         SCOPED_TRACE(std::to_string(fault.procedure) + ", call " + std::to_string(fault.nth));
-        std::filesystem::remove(server.folder() / "FAXERROR.LOG");
         ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
         server.clear_calls();
         server.refuse(fault.procedure, fault.nth);
         EXPECT_EQ(store(driver_block(80, 100)), fault.result);
         EXPECT_EQ(server.calls(), fault.made);
-        EXPECT_THAT(error_log(), fault.error != nullptr
-                                     ? ::testing::Matcher<std::string>{HasSubstr(fault.error)}
-                                     : ::testing::Matcher<std::string>{IsEmpty()});
+        expect_told(fault.line);
         sendfax::close_job();
     }
 }
@@ -117,27 +117,19 @@ TEST_F(PageFault, APageBeyondTheCountIsRefused) {
     EXPECT_THAT(error_log(), HasSubstr("StoreFaxPage(): A document holds 32767 pages at most"));
 }
 
-struct send_fault {
-    int procedure;
-    int nth;
-    std::int32_t result;
-    calls made;
-    std::size_t jobs;
-    std::size_t desk;
-    const char* error;
-};
-
-TEST_F(PrintJob, AFanOutStopsAtARefusedSendAndKeepsWhatWentOut) {
-    const send_fault faults[] = {
-        {22, 1, 0, {22, 25, 25, 25, 22, 6}, 3, 0, nullptr},
-        {25, 1, 8, {22, 25}, 0, 1, "SendFaxDoc(): Problems with sending document"},
-        {25, 2, 8, {22, 25, 25}, 1, 1, "SendFaxDoc(): Problems with sending document"},
-        {22, 2, 0, {22, 25, 25, 25, 22, 6}, 3, 0, nullptr},
-        {6, 1, 8, {22, 25, 25, 25, 22, 6}, 3, 1, "->SendFaxDoc(): Problems with deleting document"},
+TEST_F(JobTrace, AFanOutStopsAtARefusedSendAndKeepsWhatWentOut) {
+    const calls all{22, 25, 25, 25, 22, 6};
+    const char* const not_logged = "Warn: SendFaxDoc(): Problems with writing log entry";
+    const char* const not_sent = "Error: SendFaxDoc(): Problems with sending document";
+    const step_fault faults[] = {
+        {22, 1, 0, all, not_logged, 3, 0},
+        {25, 1, 8, {22, 25}, not_sent, 0, 1},
+        {25, 2, 8, {22, 25, 25}, not_sent, 1, 1},
+        {22, 2, 0, all, not_logged, 3, 0},
+        {6, 1, 8, all, "Error: ->SendFaxDoc(): Problems with deleting document", 3, 1},
     };
-    for (const send_fault& fault : faults) {
+    for (const step_fault& fault : faults) {
         SCOPED_TRACE(std::to_string(fault.procedure) + ", call " + std::to_string(fault.nth));
-        std::filesystem::remove(server.folder() / "FAXERROR.LOG");
         const std::size_t jobs = server.jobs().size();
         const std::size_t desk = server.desk("zerdix").size();
         open_job_with_pages("#PHONE 1##PHONE 2##PHONE 3#");
@@ -148,21 +140,20 @@ TEST_F(PrintJob, AFanOutStopsAtARefusedSendAndKeepsWhatWentOut) {
         EXPECT_THAT(server.desk("zerdix"), SizeIs(desk + fault.desk));
         EXPECT_EQ(pzerdix, nullptr);
         EXPECT_EQ(ppReceiver, nullptr);
-        EXPECT_THAT(error_log(), HasSubstr(fault.error != nullptr ? fault.error : ""));
+        expect_told(fault.line);
     }
 }
 
-TEST_F(PrintJob, APoolDocumentThatCannotMoveStaysAndTheUserIsGivenBack) {
-    sendfax::install_send_dialog([](void*) {
-        std::strcpy(userid, "meier");
-        return send_dialog_accepted;
-    });
-    for (int procedure : {3, 5}) {
-        SCOPED_TRACE(procedure);
+TEST_F(JobTrace, APoolDocumentThatCannotMoveStaysAndTheUserIsGivenBack) {
+    pick_desk("meier");
+    for (const auto& [procedure, what] : {std::pair{3, "makedoc"}, {5, "copydoc"}}) {
+        SCOPED_TRACE(what);
         const std::size_t desk = server.desk("zerdix").size();
         open_job_with_pages("");
         server.refuse(procedure);
         EXPECT_EQ(SendFaxDoc(), 8);
+        expect_told("Error: SendFaxDoc(): (" + std::string{what} +
+                    ") Problems with RPC connection");
         EXPECT_THAT(server.desk("zerdix"), SizeIs(desk + 1));
         EXPECT_STREQ(ZERDIX::clsGetUserId(), "zerdix");
         EXPECT_STREQ(userid, "");

@@ -2,11 +2,12 @@
 #ifndef ZERDIX_TESTS_JOB_FIXTURE_H
 #define ZERDIX_TESTS_JOB_FIXTURE_H
 
+#include <cstring>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sstream>
 
+#include "pages/codec_calls.h"
 #include "sendfax/job.h"
 #include "sendfax/send_dialog.h"
 #include "support/test_server.h"
@@ -16,10 +17,7 @@ namespace zerdix::testing {
 // A driver's page block: header, then rows of one byte value.
 inline std::vector<unsigned char> driver_block(std::uint32_t width, std::uint32_t height,
                                                unsigned char fill = 0xFF) {
-    std::vector<unsigned char> block;
-    for (std::uint32_t word : {width, height})
-        for (int shift = 24; shift >= 0; shift -= 8)
-            block.push_back(static_cast<unsigned char>(word >> shift));
+    std::vector<unsigned char> block = codec::page_header(width, height);
     block.resize(8 + std::size_t{width} / 8 * height, fill);
     return block;
 }
@@ -30,6 +28,26 @@ inline std::int32_t store(const std::vector<unsigned char>& block) {
 
 inline std::int32_t merge(std::string_view text) {
     return SetFaxMergeData(text.data(), static_cast<std::int32_t>(text.size()));
+}
+
+// A group "team" with these members. Those of a net type get their entries too.
+inline void add_team(alphad::store& store, std::initializer_list<o_tebul> members) {
+    const o_tgroup team{{"team"}, {}, {}, {}, {}, {}};
+    ASSERT_TRUE(store.phone_books.put_group(team));
+    for (const o_tebul& each : members) {
+        ASSERT_TRUE(each.nettype == 0 || store.phone_books.put_entry(each));
+        ASSERT_TRUE(store.phone_books.put_member({team.groupid, each.tbookid, each.teleid}));
+    }
+}
+
+// The user of the dialog puts the document onto this desk.
+inline void pick_desk(const char* user) {
+    static const char* picked;
+    picked = user;
+    sendfax::install_send_dialog([](void*) {
+        std::strcpy(userid, picked);
+        return send_dialog_accepted;
+    });
 }
 
 class PrintJob : public ::testing::Test {
@@ -52,12 +70,7 @@ class PrintJob : public ::testing::Test {
         server.clear_calls();
     }
 
-    std::string error_log() const {
-        std::ifstream file{server.folder() / "FAXERROR.LOG"};
-        std::ostringstream text;
-        text << file.rdbuf();
-        return text.str();
-    }
+    std::string error_log() const { return server.files().read("FAXERROR.LOG"); }
 
     test::test_server server;
 };

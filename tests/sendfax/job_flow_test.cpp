@@ -87,73 +87,57 @@ TEST_F(PrintJob, AJobWithoutPagesMakesNoCall) {
     EXPECT_EQ(pzerdix, nullptr);
 }
 
-TEST_F(PrintJob, WithoutReceiversAndDialogTheDocumentStays) {
-    open_job_with_pages("#RESOLUTION FINE#");
-    EXPECT_EQ(SendFaxDoc(), 8);
-    EXPECT_EQ(server.calls(), calls{});
-    EXPECT_THAT(server.desk("zerdix"), SizeIs(1));
-    EXPECT_EQ(pzerdix, nullptr);
-    EXPECT_THAT(error_log(), HasSubstr("SendFaxDoc(): RC returned from CallSendDialog(): 8"));
-}
-
-TEST_F(PrintJob, ACancelledDialogTakesTheDocumentAway) {
-    sendfax::install_send_dialog([](void*) { return send_dialog_cancelled; });
-    open_job_with_pages("");
-    EXPECT_EQ(SendFaxDoc(), 4);
-    EXPECT_EQ(server.calls(), calls{6});
-    EXPECT_THAT(server.desk("zerdix"), IsEmpty());
-}
-
-TEST_F(PrintJob, ADialogWithoutReceiversSendsNothing) {
-    sendfax::install_send_dialog([](void*) { return send_dialog_accepted; });
-    open_job_with_pages("");
-    EXPECT_EQ(SendFaxDoc(), 0);
-    EXPECT_EQ(server.calls(), (calls{22, 6}));
-    EXPECT_THAT(server.desk("zerdix"), IsEmpty());
-}
-
-TEST_F(PrintJob, TheOwnPoolDocumentStaysFlagged) {
-    sendfax::install_send_dialog([](void*) {
-        std::strcpy(userid, "zerdix");
-        return send_dialog_accepted;
-    });
-    open_job_with_pages("");
-    EXPECT_EQ(SendFaxDoc(), 0);
-    EXPECT_EQ(server.calls(), (calls{42, 22}));
-    const auto desk = server.desk("zerdix");
-    ASSERT_THAT(desk, SizeIs(1));
-    EXPECT_TRUE(desk[0].bif);
-    EXPECT_THAT(server.jobs(), IsEmpty());
-    EXPECT_STREQ(userid, "");
+std::int32_t own_desk(void*) {
+    std::strcpy(userid, "zerdix");
+    return send_dialog_accepted;
 }
 
 // Only a pass composes a cover page: what has no pass needs none.
-TEST_F(PrintJob, AWishForCoverPagesConcernsOnlyWhatIsSent) {
-    sendfax::install_send_dialog([](void*) {
-        std::strcpy(userid, "zerdix");
-        fCoverpage = 1;
-        return send_dialog_accepted;
-    });
-    open_job_with_pages("");
-    EXPECT_EQ(SendFaxDoc(), 0);
-    EXPECT_EQ(server.calls(), (calls{42, 22}));
-    EXPECT_EQ(fCoverpage, 0);
+template <auto Dialog>
+std::int32_t with_cover_pages(void* window) {
+    fCoverpage = 1;
+    return Dialog(window);
+}
 
-    sendfax::install_send_dialog([](void*) {
-        fCoverpage = 1;
-        return send_dialog_accepted;
-    });
-    open_job_with_pages("");
-    EXPECT_EQ(SendFaxDoc(), 0) << "without receivers";
-    EXPECT_EQ(server.calls(), calls{});
-    EXPECT_THAT(server.desk("zerdix"), SizeIs(2));
+std::int32_t no_choice(void*) {
+    return send_dialog_accepted;
+}
+
+TEST_F(PrintJob, WithoutReceiversTheDialogDecides) {
+    const struct {
+        const char* user;
+        sendfax::send_dialog dialog;
+        std::int32_t result;
+        calls made;
+        bool stays, flagged;
+    } cases[] = {
+        {"has no dialog", nullptr, 8, {}, true, false},
+        {"cancels", [](void*) { return send_dialog_cancelled; }, 4, {6}, false, false},
+        {"names nobody", no_choice, 0, {22, 6}, false, false},
+        {"names nobody, with a cover page", with_cover_pages<no_choice>, 0, {}, true, false},
+        {"keeps it", own_desk, 0, {42, 22}, true, true},
+        {"keeps it, with a cover page", with_cover_pages<own_desk>, 0, {42, 22}, true, true},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.user);
+        const std::size_t before = server.desk("zerdix").size();
+        sendfax::install_send_dialog(each.dialog);
+        open_job_with_pages("#RESOLUTION FINE#");
+        EXPECT_EQ(SendFaxDoc(), each.result);
+        EXPECT_EQ(server.calls(), each.made);
+        const auto desk = server.desk("zerdix");
+        ASSERT_THAT(desk, SizeIs(before + each.stays));
+        EXPECT_TRUE(!each.stays || desk.back().bif == each.flagged);
+        EXPECT_THAT(server.jobs(), IsEmpty());
+        EXPECT_EQ(pzerdix, nullptr);
+        EXPECT_STREQ(userid, "");
+        EXPECT_EQ(fCoverpage, 0);
+    }
+    EXPECT_THAT(error_log(), HasSubstr("SendFaxDoc(): RC returned from CallSendDialog(): 8"));
 }
 
 TEST_F(PrintJob, APoolDocumentForAnotherUserMoves) {
-    sendfax::install_send_dialog([](void*) {
-        std::strcpy(userid, "meier");
-        return send_dialog_accepted;
-    });
+    pick_desk("meier");
     open_job_with_pages("");
     const std::int32_t old = server.desk("zerdix").at(0).id;
     EXPECT_EQ(SendFaxDoc(), 0);
@@ -239,11 +223,8 @@ TEST_F(PrintJob, TelexIsPrintedForEachReceiverFirstToLast) {
     EXPECT_EQ(pzerdix, nullptr);
 
     std::vector<std::string> telexes;
-    for (const auto& file : std::filesystem::directory_iterator{server.spool()}) {
-        std::ostringstream text;
-        text << std::ifstream{file.path()}.rdbuf();
-        telexes.push_back(text.str());
-    }
+    for (const auto& file : std::filesystem::directory_iterator{server.spool()})
+        telexes.push_back(server.files().read("spool/" + file.path().filename().string()));
     const std::string head = "#TELEX##USER zerdix##ALPHAHOST 127.0.0.1##TITLE Hello##PHONE ";
     EXPECT_THAT(telexes, ::testing::UnorderedElementsAre(
                              head + "12345##SENDTIME 24.12.96 18:00:00##RETRIES 3#\nHELLO",

@@ -1,13 +1,10 @@
 // What whole jobs leave in the trace file: each line with its level, in order.
 
-#include <cstring>
-
 #include "sendfax/job_trace.h"
 
 namespace zerdix::testing {
 namespace {
 
-using ::testing::ElementsAreArray;
 using ::testing::IsSupersetOf;
 
 // Entry and exit of the reading of one pair of merge data.
@@ -25,6 +22,10 @@ TEST_F(JobTrace, AFaxJobFromItsOpeningToItsEnd) {
     ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
     EXPECT_EQ(traced(), (lines{"Entry: <-- TransmissionDlg(): Title: <Angebot> Fax: <1>",
                                "Exit: --> TransmissionDlg(): OK"}));
+    EXPECT_EQ(TransmissionDlg(nullptr, "Other", 1), 4);
+    EXPECT_EQ(traced(), (lines{"Entry: <-- TransmissionDlg(): Title: <Other> Fax: <1>",
+                               "Error: TransmissionDlg(): Another zerDIX print job is still active",
+                               "Exit: --> TransmissionDlg():"}));
 
     ASSERT_EQ(merge("#PHONE 111##PHONE 222#"), 0);
     EXPECT_EQ(traced(), lines{"Entry: <-- SetFaxMergeData: #PHONE 111##PHONE 222#"} +
@@ -66,19 +67,6 @@ TEST_F(JobTrace, AFaxJobFromItsOpeningToItsEnd) {
               (lines{"Entry: <-- SendFaxDoc():", "Exit: --> SendFaxDoc(): no initialisation"}));
 }
 
-void add_entry(alphad::store& store, const char* id, nettypetype nettype) {
-    o_tebul entry{};
-    entry.tbookid.assign("common");
-    entry.teleid.assign(id);
-    entry.nettype = nettype;
-    store.phone_books.put_entry(entry);
-    o_tgroupl member{};
-    member.groupid.assign("team");
-    member.tbookid.assign("common");
-    member.teleid.assign(id);
-    store.phone_books.put_member(member);
-}
-
 TEST_F(JobTrace, EveryKeyOfMergeData) {
     ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
     traced();
@@ -102,11 +90,8 @@ TEST_F(JobTrace, EveryKeyOfMergeData) {
                "Exit: --> ExtractKeyAndValue: No valid key/value pair found",
                "Exit: --> SetFaxMergeData: rc = 0"}));
 
-    o_tgroup group{};
-    group.groupid.assign("team");
-    server.store().phone_books.put_group(group);
-    add_entry(server.store(), "a", NETTYPE_FAX);
-    add_entry(server.store(), "b", NETTYPE_TELEX);
+    add_team(server.store(), {{{"common"}, {"a"}, {}, {}, {}, {}, NETTYPE_FAX},
+                              {{"common"}, {"b"}, {}, {}, {}, {}, NETTYPE_TELEX}});
     EXPECT_EQ(merge("#RECEIVERGROUP team##RECEIVERGROUP nobody#"), 0);
     EXPECT_EQ(traced(),
               (lines{"Entry: <-- SetFaxMergeData: #RECEIVERGROUP team##RECEIVERGROUP nobody#"} +
@@ -127,35 +112,6 @@ TEST_F(JobTrace, EveryKeyOfMergeData) {
     EXPECT_EQ(merge("#RECEIVERGROUP team#"), 8);
     EXPECT_THAT(traced(), IsSupersetOf({"Error: SetFaxMergeData: (getTGroupEntries) Problems with "
                                         "RPC connection"}));
-}
-
-TEST_F(JobTrace, WhatIsOnlyWarnedAndWhatFails) {
-    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
-    EXPECT_EQ(TransmissionDlg(nullptr, "Other", 1), 4);
-    ASSERT_EQ(merge("#PHONE 1#"), 0);
-    const lines second = traced();
-    EXPECT_THAT(
-        lines(second.begin() + 2, second.begin() + 5),
-        ElementsAreArray({"Entry: <-- TransmissionDlg(): Title: <Other> Fax: <1>",
-                          "Error: TransmissionDlg(): Another zerDIX print job is still active",
-                          "Exit: --> TransmissionDlg():"}));
-
-    server.refuse(23);
-    server.refuse(22, 1);
-    server.refuse(22, 2);
-    ASSERT_EQ(store(driver_block(8, 9)), 0);
-    EXPECT_THAT(traced(), IsSupersetOf({"Warn: StoreFaxPage(): Problems with setting comment",
-                                        "Warn: StoreFaxPage(): Problems with writing log entry",
-                                        "Warn: StoreFaxPage(): Problems with writing log entry"}));
-    server.refuse(60);
-    EXPECT_EQ(store(driver_block(8, 9)), 8);
-    EXPECT_THAT(traced(), IsSupersetOf({"Error: -> StoreFaxPage(): Problems with RPC connection"}));
-
-    server.refuse(22);
-    server.refuse(6);
-    EXPECT_EQ(SendFaxDoc(), 8);
-    EXPECT_THAT(traced(), IsSupersetOf({"Warn: SendFaxDoc(): Problems with writing log entry",
-                                        "Error: ->SendFaxDoc(): Problems with deleting document"}));
 }
 
 TEST_F(JobTrace, ADialogCancelledAndAJobGivenUp) {
@@ -190,10 +146,7 @@ TEST_F(JobTrace, ADialogCancelledAndAJobGivenUp) {
 }
 
 TEST_F(JobTrace, APoolDocumentForAnotherUser) {
-    sendfax::install_send_dialog([](void*) {
-        std::strcpy(userid, "meier");
-        return send_dialog_accepted;
-    });
+    pick_desk("meier");
     open_job_with_pages("");
     const std::string id = document();
     traced();
@@ -206,13 +159,6 @@ TEST_F(JobTrace, APoolDocumentForAnotherUser) {
                "Info1: SendFaxDoc(): Delete temporary fax doc: " + id,
                "Info1: SendFaxDoc(): Creation of a new pool document for meier on  is requested",
                "Warn: SendFaxDoc(): Problems with setting bif flag", "Exit: --> SendFaxDoc()"}));
-    for (const auto& [procedure, what] : {std::pair{3, "makedoc"}, {5, "copydoc"}}) {
-        open_job_with_pages("");
-        server.refuse(procedure);
-        EXPECT_EQ(SendFaxDoc(), 8);
-        EXPECT_THAT(traced(), IsSupersetOf({"Error: SendFaxDoc(): (" + std::string{what} +
-                                            ") Problems with RPC connection"}));
-    }
 }
 
 TEST_F(JobTrace, ATelexJob) {
@@ -245,6 +191,11 @@ TEST_F(JobTrace, ATelexJob) {
         EXPECT_NE(pzerdix, nullptr) << "the job stays open";
         sendfax::close_job();
     }
+
+    sendfax::install_send_dialog([](void*) { return send_dialog_cancelled; });
+    ASSERT_EQ(TransmissionDlg(nullptr, "Hello", 0), 0);
+    EXPECT_EQ(SendTelex("HELLO", 5), 4);
+    EXPECT_THAT(traced(), IsSupersetOf({"Warn: SendTelex(): SendDialog cancelled"}));
 }
 
 } // namespace

@@ -145,35 +145,13 @@ TEST_F(MergeData, TheReceiverArrayGrowsByAThousand) {
     EXPECT_EQ(sendfax::job().receiver_room, 2000);
 }
 
-void add_entry(alphad::store& store, const char* book, const char* id, nettypetype nettype) {
-    o_tebul entry{};
-    entry.tbookid.assign(book);
-    entry.teleid.assign(id);
-    entry.phone.assign("123");
-    entry.nettype = nettype;
-    ASSERT_TRUE(store.phone_books.put_entry(entry));
-}
-
-void add_member(alphad::store& store, const char* group, const char* book, const char* id) {
-    o_tgroupl member{};
-    member.groupid.assign(group);
-    member.tbookid.assign(book);
-    member.teleid.assign(id);
-    ASSERT_TRUE(store.phone_books.put_member(member));
-}
-
 class MergeGroup : public MergeData {
   protected:
     MergeGroup() {
-        o_tgroup group{};
-        group.groupid.assign("team");
-        server.store().phone_books.put_group(group);
-        add_entry(server.store(), "common", "a", NETTYPE_FAX);
-        add_entry(server.store(), "common", "b", NETTYPE_TELEX);
-        add_entry(server.store(), "private", "c", NETTYPE_FAX);
-        for (const auto& [book, id] :
-             {std::pair{"common", "a"}, {"common", "b"}, {"common", "gone"}, {"private", "c"}})
-            add_member(server.store(), "team", book, id);
+        add_team(server.store(), {{{"common"}, {"a"}, {}, {}, {"123"}, {}, NETTYPE_FAX},
+                                  {{"common"}, {"b"}, {}, {}, {"123"}, {}, NETTYPE_TELEX},
+                                  {{"common"}, {"gone"}, {}, {}, {}, {}, 0},
+                                  {{"private"}, {"c"}, {}, {}, {"123"}, {}, NETTYPE_FAX}});
         server.clear_calls();
     }
 };

@@ -2,6 +2,7 @@
 // the work buffer as it was.
 
 #include "cover/template_document.h"
+#include "imaging/pictures.h"
 #include "pages/mirror.h"
 #include "sendfax/failing_malloc.h"
 #include "sendfax/job_trace.h"
@@ -11,80 +12,57 @@
 namespace zerdix::testing {
 namespace {
 
+using imaging::picture;
+using imaging::turned_left;
 using ::testing::IsSupersetOf;
 using calls = std::vector<int>;
 using bytes = std::vector<unsigned char>;
 
-// Rows from the top, true is black.
-struct picture {
-    std::uint32_t width, height;
-    std::vector<bool> black;
-
-    picture(std::uint32_t w, std::uint32_t h, unsigned seed = 0)
-        : width(w), height(h), black(std::size_t{w} * h) {
-        std::minstd_rand random{seed};
-        for (std::size_t i = 0; seed != 0 && i < black.size(); ++i)
-            black[i] = random() / 16 % 3 == 0;
-    }
-    std::vector<bool>::reference at(std::uint32_t x, std::uint32_t y) {
-        return black[y * width + x];
-    }
-    bool operator==(const picture&) const = default;
-};
-
-picture turned_left(picture from) {
-    picture turned{from.height, from.width};
-    for (std::uint32_t y = 0; y < from.height; ++y)
-        for (std::uint32_t x = 0; x < from.width; ++x)
-            turned.at(y, from.width - 1 - x) = from.at(x, y);
-    return turned;
+picture random_page(std::int32_t width, std::int32_t height, unsigned seed) {
+    return imaging::random_picture(width, height, 3, seed);
 }
 
 // The letterhead is as large as the page, or smaller by whole times.
-picture laid_over(picture page, picture letterhead) {
+picture laid_over(const picture& page, const picture& letterhead) {
     picture result = page;
-    for (std::uint32_t y = 0; y < page.height; ++y)
-        for (std::uint32_t x = 0; x < page.width; ++x)
-            result.at(x, y) = page.at(x, y) != letterhead.at(x * letterhead.width / page.width,
-                                                             y * letterhead.height / page.height);
+    for (std::size_t y = 0; y < page.size(); ++y)
+        for (std::size_t x = 0; x < page[y].size(); ++x)
+            result[y][x] = page[y][x] != letterhead[y * letterhead.size() / page.size()]
+                                                   [x * letterhead[0].size() / page[y].size()];
     return result;
 }
 
 // The block as a driver sends it: the last row first.
-bytes driver_form(picture from) {
-    bytes block = driver_block(from.width, from.height);
-    for (std::uint32_t y = 0; y < from.height; ++y)
-        for (std::uint32_t x = 0; x < from.width; ++x)
-            if (from.at(x, y))
-                block[8 + (from.height - 1 - y) * from.width / 8 + x / 8] ^=
-                    static_cast<unsigned char>(0x80 >> x % 8);
+bytes driver_form(const picture& from) {
+    const std::size_t row = from[0].size() / 8;
+    bytes block = driver_block(static_cast<std::uint32_t>(from[0].size()),
+                               static_cast<std::uint32_t>(from.size()));
+    for (std::size_t y = 0; y < from.size(); ++y)
+        for (std::size_t x = 0; x < from[y].size(); ++x)
+            block[8 + (from.size() - 1 - y) * row + x / 8] ^=
+                static_cast<unsigned char>(from[y][x] << (7 - x % 8));
     return block;
 }
 
 std::string stored_page(picture from) {
+    std::reverse(from.begin(), from.end());
     bytes block = driver_form(from);
-    const std::size_t row = from.width / 8;
-    for (std::uint32_t y = 0; y < from.height / 2; ++y)
-        std::swap_ranges(&block[8 + y * row], &block[8 + y * row] + row,
-                         &block[8 + (from.height - 1 - y) * row]);
     pages::mirror_and_invert(std::span{block}.subspan(8));
-    const bytes compressed = *codec::compress(block);
-    return {compressed.begin(), compressed.end()};
+    return as_text(*codec::compress(block));
 }
 
 picture read_page(const std::string& compressed) {
-    bytes block = *codec::expand({compressed.begin(), compressed.end()});
+    bytes block = *codec::expand(codec::text_bytes(compressed));
     pages::mirror_and_invert(std::span{block}.first(8));
-    for (int i = 0; i < 8; ++i)
-        block[static_cast<std::size_t>(i)] ^= 0xFF;
+    for (std::size_t i = 0; i < 8; ++i)
+        block[i] ^= 0xFF;
     const auto word = [&](std::size_t i) {
-        return static_cast<std::uint32_t>(block[i + 2] << 8 | block[i + 3]);
+        return static_cast<std::size_t>(block[i + 2] << 8 | block[i + 3]);
     };
-    picture page{word(0), word(4)};
-    const std::size_t row = (page.width + 7) / 8;
-    for (std::uint32_t y = 0; y < page.height; ++y)
-        for (std::uint32_t x = 0; x < page.width; ++x)
-            page.at(x, y) = (block[8 + y * row + x / 8] >> (7 - x % 8) & 1) != 0;
+    picture page(word(4), std::vector<int>(word(0)));
+    for (std::size_t y = 0; y < page.size(); ++y)
+        for (std::size_t x = 0; x < page[y].size(); ++x)
+            page[y][x] = block[8 + y * ((page[y].size() + 7) / 8) + x / 8] >> (7 - x % 8) & 1;
     return page;
 }
 
@@ -136,13 +114,13 @@ const std::string selected =
     "Entry: <-- MergeBackPaper(): selected paper source (pool document id): ";
 
 TEST_F(PagePreparers, AnUprightLetterheadUnderTwoPages) {
-    const picture letterhead{40, 50, 1};
+    const picture letterhead = random_page(40, 50, 1);
     const std::string page = stored_page(letterhead);
     const std::int32_t id = install(3, page);
     open_job();
-    ASSERT_EQ(put({80, 100, 2}, 3), 0);
+    ASSERT_EQ(put(random_page(80, 100, 2), 3), 0);
     EXPECT_EQ(server.calls(), (calls{3, 23, 22, 30, 20, 59, 59, 60, 22}));
-    EXPECT_EQ(stored(1), laid_over({80, 100, 2}, letterhead));
+    EXPECT_EQ(stored(1), laid_over(random_page(80, 100, 2), letterhead));
     const lines merged{"Info1: MergeBackPaper(): original width: 80 height: 100",
                        "Info1: MergeBackPaper(): after BitBlt", "Exit: --> MergeBackPaper():"};
     lines expected{selected + "3",
@@ -153,26 +131,26 @@ TEST_F(PagePreparers, AnUprightLetterheadUnderTwoPages) {
     EXPECT_EQ(prepared(), expected);
 
     server.clear_calls();
-    ASSERT_EQ(put({80, 99, 4}, 3), 0);
+    ASSERT_EQ(put(random_page(80, 99, 4), 3), 0);
     EXPECT_EQ(server.calls(), (calls{60, 22}));
     EXPECT_EQ(
         prepared(),
         (lines{selected + "3", "Info1: MergeBackPaper(): passed paper source matches with last one",
                "Info1: MergeBackPaper(): original width: 80 height: 99", merged[1], merged[2]}));
-    EXPECT_EQ(stored(2).height, 99u);
+    EXPECT_EQ(stored(2).size(), 99u);
 
     // The next job fetches anew; merge data above 0 replace the paper source.
     ASSERT_EQ(DeleteFaxDoc(), 0);
     open_job();
     ASSERT_EQ(merge("#PAPER 3#"), 0);
-    ASSERT_EQ(put({40, 50, 5}, 7), 0);
+    ASSERT_EQ(put(random_page(40, 50, 5), 7), 0);
     EXPECT_EQ(server.calls(), (calls{3, 23, 22, 30, 20, 59, 59, 60, 22}));
-    EXPECT_EQ(stored(1), laid_over({40, 50, 5}, letterhead));
+    EXPECT_EQ(stored(1), laid_over(random_page(40, 50, 5), letterhead));
 }
 
 TEST_F(PagePreparers, LandscapePagesAndLetterheadsAreTurnedEachOnItsOwn) {
-    const picture upright{48, 64, 1};
-    const picture landscape{64, 48, 2};
+    const picture upright = random_page(48, 64, 1);
+    const picture landscape = random_page(64, 48, 2);
     install(1, stored_page(upright));
     install(2, stored_page(landscape));
     const lines turned{"Info1: MergeBackPaper(): start rotating Original bitmap -90",
@@ -195,7 +173,7 @@ TEST_F(PagePreparers, LandscapePagesAndLetterheadsAreTurnedEachOnItsOwn) {
 
 TEST_F(PagePreparers, ALandscapePageWithoutLetterheadIsTurned) {
     open_job();
-    const picture landscape{96, 48, 1};
+    const picture landscape = random_page(96, 48, 1);
     ASSERT_EQ(put(landscape, 0), 0);
     EXPECT_EQ(stored(1), turned_left(landscape));
     EXPECT_EQ(prepared(),
@@ -206,7 +184,7 @@ TEST_F(PagePreparers, ALandscapePageWithoutLetterheadIsTurned) {
                      "Info1: RotateBitmap: Width: 96 > Height 48 : Rotate -90",
                      "Info1: RotateBitmap(): start rotating bitmap",
                      "Info1: RotateBitmap(): end rotating bitmap", "Exit: --> RotateBitmap():"}));
-    const picture square{1000, 1000, 2};
+    const picture square = random_page(1000, 1000, 2);
     ASSERT_EQ(put(square, 0), 0);
     EXPECT_EQ(stored(2), square);
     const calls made = server.calls();
@@ -214,7 +192,7 @@ TEST_F(PagePreparers, ALandscapePageWithoutLetterheadIsTurned) {
         << "a paper that isn't there is asked for";
     EXPECT_THAT(prepared(), IsSupersetOf({"Info1: RotateBitmap: Width: 1000 Height 1000",
                                           "Exit: --> RotateBitmap():"}));
-    const picture upright{96, 97, 3};
+    const picture upright = random_page(96, 97, 3);
     ASSERT_EQ(put(upright, -1), 0);
     EXPECT_EQ(stored(3), upright);
     EXPECT_EQ(prepared(),
@@ -226,7 +204,7 @@ TEST_F(PagePreparers, ALandscapePageWithoutLetterheadIsTurned) {
 }
 
 TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
-    const std::string good = stored_page({16, 24, 1});
+    const std::string good = stored_page(random_page(16, 24, 1));
     const auto number = [](std::int32_t id) { return "<" + std::to_string(id) + ">"; };
     const auto loaded = [](std::size_t size) {
         return "Info1: MergeBackPaper(): pool document (" + std::to_string(size) +
@@ -247,39 +225,27 @@ TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
     };
     struct way_out {
         std::int16_t source;
-        int failing, refused; // procedures
         std::int32_t result;
-        lines traced; // without entry and exit, except where the exit tells more
+        lines traced;                 // without entry and exit, except where the exit tells more
+        int failing = 0, refused = 0; // procedures
     };
+    const std::string lost = "Error: MergeBackPaper(): problems with RPC connection";
+    const std::string size_told = "Info1: MergeBackPaper(): original width: 16 height: 24";
+    const std::string not_expanded = "Error: MergeBackPaper(): Error ConvertCompressedFaxToLead()";
     const way_out ways[] = {
-        {0, 0, 0, 4, {no_paper + "0"}},
-        {10, 0, 0, 4, {no_paper + "10"}},
-        {-2, 0, 0, 4, {no_paper + "-2"}},
-        {4, 30, 0, 8, {"Error: MergeBackPaper(): Error returned from pzerdix->getAUserRecord!"}},
-        {4, 20, 0, 8, {paper(4, whole), "Error: MergeBackPaper(): problems with RPC connection"}},
-        {4, 59, 0, 8, {paper(4, whole), "Error: MergeBackPaper(): problems with RPC connection"}},
-        {4, 0, 59, 4, {paper(4, whole), "Info1: MergeBackPaper(): empty page"}},
-        {1, 0, 0, 4, {paper(1, no_pages), "Info1: MergeBackPaper(): document contains no pages"}},
-        {2,
-         0,
-         0,
-         4,
-         {paper(2, no_picture), "Info1: MergeBackPaper(): no page (PCT_CBM_FINE) found"}},
-        {3,
-         0,
-         0,
-         8,
-         {paper(3, damaged), loaded(3), "Info1: MergeBackPaper(): original width: 16 height: 24",
-          "Error: MergeBackPaper(): Error ConvertCompressedFaxToLead()"}},
-        {5,
-         0,
-         0,
-         8,
-         {paper(5, huge), loaded(header.size()),
-          "Info1: MergeBackPaper(): original width: 16 height: 24",
-          "Error: MergeBackPaper(): Error ConvertCompressedFaxToLead()"}},
+        {0, 4, {no_paper + "0"}},
+        {10, 4, {no_paper + "10"}},
+        {-2, 4, {no_paper + "-2"}},
+        {4, 8, {"Error: MergeBackPaper(): Error returned from pzerdix->getAUserRecord!"}, 30},
+        {4, 8, {paper(4, whole), lost}, 20},
+        {4, 8, {paper(4, whole), lost}, 59},
+        {4, 4, {paper(4, whole), "Info1: MergeBackPaper(): empty page"}, 0, 59},
+        {1, 4, {paper(1, no_pages), "Info1: MergeBackPaper(): document contains no pages"}},
+        {2, 4, {paper(2, no_picture), "Info1: MergeBackPaper(): no page (PCT_CBM_FINE) found"}},
+        {3, 8, {paper(3, damaged), loaded(3), size_told, not_expanded}},
+        {5, 8, {paper(5, huge), loaded(header.size()), size_told, not_expanded}},
     };
-    const bytes before = driver_form({16, 24, 2});
+    const bytes before = driver_form(random_page(16, 24, 2));
     const auto size = static_cast<std::int32_t>(before.size());
     for (const way_out& way : ways) {
         bytes block = before;
@@ -302,16 +268,16 @@ TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
 
     open_job();
     page_dat page{0, nullptr};
-    for (const picture& shape : {picture{16, 24, 2}, picture{24, 16, 2}}) {
+    for (const picture& shape : {random_page(16, 24, 2), random_page(24, 16, 2)}) {
         bytes block = driver_form(shape);
         ASSERT_EQ(sendfax::MergeBackPaper(block.data(), size, 4, &page), 0);
         std::free(page.data);
         EXPECT_EQ(block, driver_form(shape));
     }
-    bytes block = driver_form({24, 16, 2});
+    bytes block = driver_form(random_page(24, 16, 2));
     ASSERT_EQ(sendfax::RotateBitmap(block.data(), size, &page), 0);
     std::free(page.data);
-    EXPECT_EQ(block, driver_form({24, 16, 2}));
+    EXPECT_EQ(block, driver_form(random_page(24, 16, 2)));
     traced();
 
     {
@@ -322,7 +288,7 @@ TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
         EXPECT_THAT(traced(),
                     IsSupersetOf({"Error: MergeBackPaper(): Error ConvertLeadToCompressedFax()",
                                   "Error: RotateBitmap(): Error ConvertLeadToCompressedFax()"}));
-        EXPECT_EQ(block, driver_form({24, 16, 2}));
+        EXPECT_EQ(block, driver_form(random_page(24, 16, 2)));
         EXPECT_EQ(page.data, nullptr);
     }
 
@@ -339,15 +305,15 @@ TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
 }
 
 TEST_F(PagePreparers, AFailedFetchDoesNotLoseTheLetterheadForGood) {
-    const picture letterhead{16, 24, 1};
+    const picture letterhead = random_page(16, 24, 1);
     install(3, stored_page(letterhead));
-    install(4, stored_page({16, 24, 2}));
+    install(4, stored_page(random_page(16, 24, 2)));
     open_job();
-    ASSERT_EQ(put({16, 24, 3}, 3), 0);
+    ASSERT_EQ(put(random_page(16, 24, 3), 3), 0);
     server.fail(59);
-    EXPECT_EQ(put({16, 24, 3}, 4), 8);
-    ASSERT_EQ(put({16, 24, 3}, 3), 0);
-    EXPECT_EQ(stored(2), laid_over({16, 24, 3}, letterhead));
+    EXPECT_EQ(put(random_page(16, 24, 3), 4), 8);
+    ASSERT_EQ(put(random_page(16, 24, 3), 3), 0);
+    EXPECT_EQ(stored(2), laid_over(random_page(16, 24, 3), letterhead));
 }
 
 } // namespace

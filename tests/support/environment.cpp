@@ -1,6 +1,4 @@
-#include <cstdlib>
 #include <fstream>
-#include <stdexcept>
 #include <unistd.h>
 
 #include "rpc/wire/procedures.h"
@@ -27,31 +25,6 @@ std::filesystem::path write_settings(const std::filesystem::path& folder) {
 }
 
 } // namespace
-
-temporary_folder::temporary_folder() {
-    std::string name = (std::filesystem::temp_directory_path() / "zerdix-test-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr)
-        throw std::runtime_error("no temporary folder can be made");
-    path_ = name;
-}
-
-temporary_folder::~temporary_folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
-environment_value::environment_value(const char* name, const std::string& value) : name_(name) {
-    if (const char* before = std::getenv(name))
-        before_ = before;
-    setenv(name, value.c_str(), 1);
-}
-
-environment_value::~environment_value() {
-    if (before_)
-        setenv(name_.c_str(), before_->c_str(), 1);
-    else
-        unsetenv(name_.c_str());
-}
 
 client_environment::client_environment(const std::filesystem::path& folder)
     : offset_(next_offset()), settings_(write_settings(folder)),

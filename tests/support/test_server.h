@@ -16,35 +16,12 @@
 #include <vector>
 
 #include "alphad/store.h"
+#include "platform/scratch.h"
 
 namespace zerdix::test {
 
-// A folder of its own, gone with the object.
-class temporary_folder {
-  public:
-    temporary_folder();
-    ~temporary_folder();
-    temporary_folder(const temporary_folder&) = delete;
-    temporary_folder& operator=(const temporary_folder&) = delete;
-
-    const std::filesystem::path& path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
-
-// An environment variable, put back with the object.
-class environment_value {
-  public:
-    environment_value(const char* name, const std::string& value);
-    ~environment_value();
-    environment_value(const environment_value&) = delete;
-    environment_value& operator=(const environment_value&) = delete;
-
-  private:
-    std::string name_;
-    std::optional<std::string> before_;
-};
+using tests::environment_variable;
+using tests::scratch_folder;
 
 // What a client of a test server finds in its environment: ZERDIXRPCOFFSET, and ZERDIX_INI with a
 // settings file (German, Host=127.0.0.1, User=zerdix, LogDir=the folder).
@@ -59,8 +36,8 @@ class client_environment {
   private:
     std::int32_t offset_;
     std::filesystem::path settings_;
-    environment_value offset_value_;
-    environment_value settings_value_;
+    environment_variable offset_value_;
+    environment_variable settings_value_;
 };
 
 // The procedure numbers of a call log.
@@ -103,7 +80,8 @@ class test_server {
     void add_users(int count);
     void fill_book(const std::string& book, int entries);
 
-    std::filesystem::path folder() const { return folder_.path(); }
+    const scratch_folder& files() const { return folder_; }
+    const std::filesystem::path& folder() const { return folder_.path(); }
     std::filesystem::path spool() const { return folder() / "spool"; }
     const std::filesystem::path& settings() const { return environment_.settings(); }
     std::uint32_t program() const { return environment_.program(); }
@@ -116,7 +94,7 @@ class test_server {
     void start(bool demo_data);
     void add_fault(int procedure, int nth, int kind, int seconds);
 
-    temporary_folder folder_;
+    scratch_folder folder_;
     client_environment environment_;
     fault_table* faults_; // shared with the child
     pid_t child_ = -1;

@@ -1,28 +1,18 @@
 // Phone books and recipient groups on the server, and the lists that are gathered from blocks.
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <zerdix/telebook.h>
-#include <zerdix/zerdix.h>
 
 #include "rpc/session.h"
-#include "support/test_server.h"
+#include "support/session_test.h"
 
 namespace zerdix::testing {
 namespace {
 
 using ::testing::ElementsAre;
 
-class Telebook : public ::testing::Test {
+class Telebook : public connected_test {
   protected:
-    Telebook() {
-        session.setUserId("zerdix");
-        session.setAlphaserver("127.0.0.1");
-        EXPECT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
-        server.clear_calls();
-    }
-    ~Telebook() override { session.CleanupHostConnection(); }
+    Telebook() : connected_test(false) {}
 
     void set_block_size(const char* size) {
         rpc::session().lTelebookBlockSize = 0;
@@ -53,8 +43,6 @@ class Telebook : public ::testing::Test {
         return found;
     }
 
-    test::test_server server{false};
-    ZERDIX session;
     TELEBOOK books;
 };
 
@@ -162,7 +150,7 @@ TEST_F(Telebook, WithoutAHandleNothingIsAsked) {
     EXPECT_EQ(books.getTGroups(), nullptr);
     EXPECT_EQ(books.getTBook("b"), nullptr);
     EXPECT_EQ(books.delTGroup("g"), 12);
-    ASSERT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
+    ASSERT_NE(connect(), nullptr);
     EXPECT_NE(books.getTGroups(), nullptr);
 }
 

@@ -2,15 +2,12 @@
 
 #include <cstdio>
 #include <fstream>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sstream>
 
 #include <zerdix/telebook.h>
-#include <zerdix/zerdix.h>
 
 #include "rpc/scripted_handle.h"
-#include "support/test_server.h"
+#include "support/session_test.h"
 #include "telebook/phone_book_line.h"
 
 namespace zerdix::testing {
@@ -42,16 +39,13 @@ id_list ids_in(const std::string& file) {
     return ids;
 }
 
-class Transfer : public ::testing::Test {
+class Transfer : public connected_test {
   protected:
-    Transfer() {
-        session.setUserId("zerdix");
-        EXPECT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
+    Transfer() : connected_test(false) {
         const o_tebu book{{"b"}, {}, {}, {}, {}, {}, {}, {}, {}, {}};
         EXPECT_EQ(books.putTBook(&book), 0);
         rpc::session().lTelebookBlockSize = 2;
     }
-    ~Transfer() override { session.CleanupHostConnection(); }
 
     void store(const id_list& ids) {
         for (const std::string& id : ids)
@@ -68,9 +62,7 @@ class Transfer : public ::testing::Test {
         return books.importTBook("b", file.c_str());
     }
 
-    test::test_server server{false};
     const std::string file = server.folder() / "book.csv";
-    ZERDIX session;
     TELEBOOK books;
 };
 
@@ -109,7 +101,7 @@ TEST_F(Transfer, AnExportTellsWhyItEnds) {
     EXPECT_THAT(ids_in(file), ElementsAre("a", "b"));
     EXPECT_EQ(export_to(file + "/none"), 6);
     EXPECT_EQ(export_to(server.folder()), 6);
-    ASSERT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
+    ASSERT_NE(connect(), nullptr);
     for (const std::int32_t size : {-1, -200}) {
         rpc::session().lTelebookBlockSize = size;
         EXPECT_EQ(export_to(file), 4) << size;
@@ -175,7 +167,7 @@ TEST(OddServers, NothingIsWrittenTwiceAndTheExportEnds) {
         {"a circle", 2, {{"a", "b"}, {"c", "d"}, {"a", "b"}}, 4, {"a", "b", "c", "d"}},
         {"a circle that hides", 2, {{"a", "b"}, {"c", "a"}}, 4, {"a", "b"}},
     };
-    const test::temporary_folder folder;
+    const test::scratch_folder folder;
     const std::string file = folder.path() / "book.csv";
     for (const auto& [kind, blocksize, blocks, result, written] : servers) {
         scripted_handle server;

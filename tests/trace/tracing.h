@@ -62,16 +62,16 @@ inline void start_anew() {
 template <class Run>
 std::string told_by_default_box(Run run) {
     platform::message_box_port* recorded = platform::replace_message_box(nullptr);
-    testing::internal::CaptureStderr();
+    ::testing::internal::CaptureStderr();
     run();
     platform::replace_message_box(recorded);
-    return testing::internal::GetCapturedStderr();
+    return ::testing::internal::GetCapturedStderr();
 }
 
 // Arrays that the tracer owns just now.
 int owned_arrays();
 
-class Tracing : public testing::Test {
+class Tracing : public ::testing::Test {
   protected:
     void configure(const std::string& lines) {
         folder.write("zerdix.ini", "[Zerdix]\nLogDir=" + folder.path("") + "\n" + lines + "\n");
