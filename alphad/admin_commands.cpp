@@ -102,7 +102,7 @@ void set_setting(store& store, const std::string& key, const std::string& value)
     if (is_size && !value.empty() && whole_number(value).value_or(none) < 0)
         throw admin_error(key + " must be a whole number, 0 or more");
     transaction setting(store.database());
-    store.directory.set_config(key, platform::utf8_to_cp1252(value));
+    store.configuration.set(key, platform::utf8_to_cp1252(value));
     setting.commit();
 }
 

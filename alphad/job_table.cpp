@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdio>
 
-#include "alphad/log_text.h"
+#include "alphad/store/log_text.h"
 #include "platform/encoding.h"
 
 namespace zerdix::alphad {

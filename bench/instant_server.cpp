@@ -16,8 +16,8 @@
 #include <utility>
 #include <vector>
 
-#include "alphad/port_mapper.h"
-#include "alphad/server.h"
+#include "alphad/net/port_mapper.h"
+#include "alphad/net/server.h"
 #include "rpc/wire/filter.h"
 #include "rpc/wire/procedures.h"
 

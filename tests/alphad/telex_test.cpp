@@ -6,7 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "alphad/telex_order.h"
+#include "alphad/sending/telex_order.h"
 #include "desk.h"
 #include "support/test_server.h"
 

@@ -1,7 +1,7 @@
 // Cover pages and letterheads: seen before they are sent, and given to the server.
 
-#include "alphad/demo_data.h"
-#include "alphad/page_block.h"
+#include "alphad/demo/demo_data.h"
+#include "alphad/sending/page_block.h"
 #include "cli/desk_test.h"
 #include "cli/tiny_pdf.h"
 #include "failure.h"
@@ -33,7 +33,7 @@ class Cover : public desk_test {
         return path("square.png");
     }
 
-    std::string template_id() { return server_.store().directory.config("COVER"); }
+    std::string template_id() { return server_.store().configuration.value("COVER"); }
 };
 
 // Whether anything in these rows is black, right of the labels and left of the edge.

@@ -26,7 +26,7 @@ class Telebook : public ::testing::Test {
 
     void set_block_size(const char* size) {
         rpc::session().lTelebookBlockSize = 0;
-        server.store().directory.set_config("PHONEBOOKB", size);
+        server.store().configuration.set("PHONEBOOKB", size);
     }
 
     void put_groups(int count) {
