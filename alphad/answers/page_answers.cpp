@@ -1,6 +1,6 @@
 #include "alphad/answers/answers.h"
 #include "alphad/answers/heap_result.h"
-#include "alphad/sending/page_block.h"
+#include "alphad/sending/fax_page.h"
 
 namespace zerdix::alphad {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "imaging/drawing.h"
-#include "imaging/owned_bitmap.h"
+#include "alphad/sending/fax_page.h"
+#include "platform/font.h"
 
 namespace zerdix::alphad {
 
@@ -15,7 +15,7 @@ namespace zerdix::alphad {
 class demo_paper {
   public:
     // All white. Throws std::bad_alloc.
-    demo_paper(std::int32_t width, std::int32_t height);
+    demo_paper(std::uint32_t width, std::uint32_t height);
 
     void box(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height);
     void disc(double x, double y, double radius);
@@ -27,12 +27,13 @@ class demo_paper {
               std::string_view utf8);
 
     // The picture as the server keeps it. Throws std::bad_alloc.
-    std::string stored();
+    std::string stored() const;
 
   private:
     void row(std::int32_t y, std::int32_t left, std::int32_t right);
+    void letter(const platform::glyph& shape, std::int32_t x, std::int32_t y);
 
-    imaging::owned_bitmap bitmap_;
+    page_picture page_;
 };
 
 } // namespace zerdix::alphad

@@ -3,7 +3,7 @@
 #include <array>
 #include <cctype>
 
-#include "alphad/sending/page_block.h"
+#include "alphad/sending/fax_page.h"
 
 namespace zerdix::alphad {
 
@@ -67,7 +67,8 @@ constexpr glyph glyphs[] = {
 void fill(page_picture& page, int left, int top, int box_width, int box_height) {
     for (int y = top; y < std::min(top + box_height, height); ++y)
         for (int x = left; x < std::min(left + box_width, width); ++x)
-            page.row(y)[x / 8] |= static_cast<unsigned char>(0x80 >> x % 8);
+            page.row(static_cast<std::uint32_t>(y))[x / 8] |=
+                static_cast<unsigned char>(0x80 >> x % 8);
 }
 
 void draw(page_picture& page, const glyph& shape, int left, int top, int scale) {
@@ -99,7 +100,7 @@ void draw_frame(page_picture& page) {
 } // namespace
 
 std::string drawn_page(std::string_view heading, const std::vector<std::string>& lines) {
-    page_picture page{width, height, std::vector<unsigned char>(std::size_t{width} / 8 * height)};
+    page_picture page{{width, height}, std::vector<unsigned char>(std::size_t{width} / 8 * height)};
     draw_frame(page);
     constexpr int heading_scale = 8, line_scale = 5, line_step = 70;
     int top = margin + 24;
@@ -108,7 +109,7 @@ std::string drawn_page(std::string_view heading, const std::vector<std::string>&
     fill(page, margin, top, width - 2 * margin, 6);
     for (const std::string& line : lines)
         write(page, top += line_step, line_scale, line);
-    return compress_page(page);
+    return stored_page(page);
 }
 
 } // namespace zerdix::alphad

@@ -24,15 +24,15 @@ std::string tiff_time() {
 }
 
 void set_form(TIFF* file, const page_picture& page, bool is_normal) {
-    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, static_cast<std::uint32_t>(page.width));
-    TIFFSetField(file, TIFFTAG_IMAGELENGTH, static_cast<std::uint32_t>(page.height));
+    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, page.size.width);
+    TIFFSetField(file, TIFFTAG_IMAGELENGTH, page.size.height);
     TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 1);
     TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, 1);
     TIFFSetField(file, TIFFTAG_COMPRESSION, COMPRESSION_CCITTFAX4);
     TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
     TIFFSetField(file, TIFFTAG_FILLORDER, FILLORDER_MSB2LSB);
     TIFFSetField(file, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
-    TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, static_cast<std::uint32_t>(page.height));
+    TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, page.size.height);
     TIFFSetField(file, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
     TIFFSetField(file, TIFFTAG_XRESOLUTION, across);
     TIFFSetField(file, TIFFTAG_YRESOLUTION, is_normal ? normal : fine);

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "alphad/sending/page_block.h"
+#include "alphad/sending/fax_page.h"
 
 namespace zerdix::alphad {
 

@@ -74,7 +74,7 @@ sending::pictures(std::int32_t document, std::int16_t first, std::int16_t last, 
     std::vector<page_picture> found;
     for (std::int16_t page = first; page <= last; ++page) {
         const auto stored = store_.pages.picture({document, page, fax_picture});
-        auto picture = stored ? expand_page(*stored) : std::nullopt;
+        auto picture = stored ? read_page(*stored) : std::nullopt;
         if (!picture)
             return std::nullopt;
         found.push_back(normal ? halved(std::move(*picture)) : std::move(*picture));
