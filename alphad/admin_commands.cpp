@@ -107,7 +107,7 @@ void set_setting(store& store, const std::string& key, const std::string& value)
 }
 
 void add_message(store& store, const std::string& text) {
-    store.board.add(0, admin_user, field_of<str80>(text, "a message").view());
+    store.board.add(0, administrator, field_of<str80>(text, "a message").view());
 }
 
 std::string read_password(const std::string& file) {

@@ -20,11 +20,11 @@ std::string readable(std::string_view text) {
     return result;
 }
 
-const char* word_of(job_state state) {
+const char* word_of(send_status state) {
     switch (state) {
-    case job_state::waiting:
+    case send_waiting:
         return "waiting";
-    case job_state::cancelled:
+    case send_cancelled:
         return "cancelled";
     default:
         return "spooled";

@@ -164,7 +164,7 @@ class answers {
                       std::string_view user) const;
 
     template <class Record>
-    bool may(const str10& user, right wanted, const std::optional<Record>& record) const;
+    bool may(const str10& user, book_right wanted, const std::optional<Record>& record) const;
     template <class Result, class Node, class Record>
     Result readable_list(const str10& user, record_rows<Record>&& rows, Record Node::*field,
                          std::int32_t most) const;

@@ -16,7 +16,7 @@ a_get_board_o messages_behind(const board& board, std::int32_t stamp, std::int16
         a_board_entry& entry = entries.append();
         entry.boardid = message.id;
         entry.text = message.text;
-        entry.value = message.time;
+        set_posted_at(entry, message.time);
         stamp = message.number;
     }
     return {entries.take(), stamp};

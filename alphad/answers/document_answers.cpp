@@ -7,7 +7,7 @@ std::optional<document> answers::own(const str10& user, topftype pool, std::int3
     std::optional<document> found = store_.documents.find(id);
     if (!found || found->pool != pool)
         return std::nullopt;
-    if (user == std::string_view{found->owner} || user == admin_user)
+    if (user == std::string_view{found->owner} || user == administrator)
         return found;
     return std::nullopt;
 }

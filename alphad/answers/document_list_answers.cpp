@@ -6,11 +6,6 @@ namespace zerdix::alphad {
 
 namespace {
 
-// What of a pool a list shows; a value that a pool doesn't know shows all.
-constexpr selectiontype select_new = 1;    // incoming documents and desk documents
-constexpr selectiontype select_public = 2; // desk documents, those of all users
-constexpr selectiontype select_errors = 3; // outgoing documents
-
 bool is_shown(const a_e_rec&, const document& from, selectiontype selection) {
     return selection != select_new || from.bif;
 }
@@ -20,7 +15,7 @@ bool is_shown(const a_p_rec&, const document& from, selectiontype selection) {
 }
 
 bool is_shown(const a_s_rec& record, const document&, selectiontype selection) {
-    return selection != select_errors || record.errorstatus != 0;
+    return selection != select_errors || record.errorstatus != send_error_none;
 }
 
 document_rows rows_of(const documents& documents, topftype pool, const std::string& user,
@@ -50,7 +45,7 @@ Result list_pool(const store& store, topftype pool, const std::optional<std::str
 }
 
 a_get_elistb_i whole(const a_get_elist_i& in) {
-    return {in.loginid, in.selection, 0, std::numeric_limits<std::int32_t>::max()};
+    return {in.loginid, in.selection, first_block, std::numeric_limits<std::int32_t>::max()};
 }
 
 } // namespace

@@ -1,28 +1,23 @@
 #include "alphad/answers/document_records.h"
 
+#include <zerdix/values.h>
+
 namespace zerdix::alphad {
-
-namespace {
-
-// In e_value4 and p_value3.
-constexpr std::int32_t new_bit = 1;
-
-} // namespace
 
 template <>
 a_e_rec record_of(const store&, const document& from) {
     a_e_rec out{};
     out.faxid = from.id;
     out.userid.assign(from.owner);
-    out.e_value1 = static_cast<std::int32_t>(from.created);
-    out.e_value2 = from.pages;
-    out.e_value3 = from.nettype;
-    out.e_text1.assign(from.comment);
-    out.e_text2.assign(from.tsi);
-    out.e_value4 = from.bif ? new_bit : 0;
-    out.e_value5 = from.error;
-    out.e_text3.assign(from.forwarder);
-    out.e_text4.assign(from.number);
+    set_received_at(out, static_cast<std::int32_t>(from.created));
+    set_page_count(out, from.pages);
+    set_net_type(out, from.nettype);
+    set_title(out, from.comment);
+    set_sender_station(out, from.tsi);
+    set_sender_number(out, from.number);
+    set_forwarded_by(out, from.forwarder);
+    set_new(out, from.bif);
+    set_error_status(out, from.error);
     return out;
 }
 
@@ -31,11 +26,11 @@ a_p_rec record_of(const store&, const document& from) {
     a_p_rec out{};
     out.faxid = from.id;
     out.userid.assign(from.owner);
-    out.p_flag = from.is_public;
-    out.p_value1 = static_cast<std::int32_t>(from.created);
-    out.p_value2 = from.pages;
-    out.p_text.assign(from.comment);
-    out.p_value3 = from.bif ? new_bit : 0;
+    set_created_at(out, static_cast<std::int32_t>(from.created));
+    set_page_count(out, from.pages);
+    set_title(out, from.comment);
+    set_public(out, from.is_public);
+    set_new(out, from.bif);
     return out;
 }
 

@@ -5,7 +5,7 @@ namespace zerdix::alphad {
 
 std::int32_t answers::answer(proc::a_query_ext_1, const o_query_ext_i& in) {
     const auto book = store_.phone_books.book(in.tbookid);
-    if (!book || book->t_kind != external_kind || !rights_.may(in.userid, right::read, *book))
+    if (!book || !is_external(*book) || !rights_.may(in.userid, right_read, *book))
         return 0;
     return external_.query(in.params);
 }
@@ -13,7 +13,7 @@ std::int32_t answers::answer(proc::a_query_ext_1, const o_query_ext_i& in) {
 a_fetch_result_o answers::answer(proc::a_fetch_result_1, const std::int32_t& query) {
     a_fetch_result_o out{};
     const auto rows = external_.fetch(query);
-    out.fetchstate = static_cast<std::int32_t>(rows ? fetch_state::finished : fetch_state::unknown);
+    out.fetchstate = rows ? fetch_finished : fetch_unknown;
     chain<a_log_line> lines;
     if (rows)
         for (const std::string& row : *rows)

@@ -16,7 +16,7 @@ std::string_view view(const bytes& field) {
 // Of other types nothing is known.
 bool is_refused(const pages& pages, picture_place place, std::int32_t offset,
                 std::string_view block) {
-    if (place.type != fax_picture)
+    if (place.type != picture_page)
         return false;
     if (offset == 0 && !may_become_picture(block))
         return true;
@@ -66,7 +66,7 @@ boolean answers::answer(proc::a_put_pageb_1, const a_put_pageb_i& in) {
 // The older forms, a page in one piece.
 boolean answers::answer(proc::a_put_page_1, const a_put_page_i& in) {
     return yes(own(in.userid, TOPF_P, in.faxid) &&
-               (in.picturetype != fax_picture || is_picture(view(in.data))) &&
+               (in.picturetype != picture_page || is_picture(view(in.data))) &&
                store_.pages.put_block({in.faxid, in.page, in.picturetype}, 0, view(in.data)));
 }
 

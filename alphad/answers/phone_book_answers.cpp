@@ -26,7 +26,7 @@ Record owned(Record record, const std::optional<Record>& present, const str10& u
 } // namespace
 
 template <class Record>
-bool answers::may(const str10& user, right wanted, const std::optional<Record>& record) const {
+bool answers::may(const str10& user, book_right wanted, const std::optional<Record>& record) const {
     return record && rights_.may(user, wanted, *record);
 }
 
@@ -36,7 +36,7 @@ Result answers::readable_list(const str10& user, record_rows<Record>&& rows, Rec
                               std::int32_t most) const {
     chain<Node> nodes;
     for (Record record; nodes.count() < most && rows.next(record);)
-        if (rights_.may(user, right::read, record))
+        if (rights_.may(user, right_read, record))
             nodes.append().*field = record;
     return {nodes.count(), nodes.take()};
 }
@@ -50,7 +50,7 @@ boolean answers::answer(proc::o_put_tbook_1, const o_put_tbook_i& in) {
 
 o_tebu answers::answer(proc::o_get_tbook_1, const o_get_tbook_i& in) {
     const auto book = store_.phone_books.book(in.tbookid);
-    return may(in.userid, right::read, book) ? *book : o_tebu{};
+    return may(in.userid, right_read, book) ? *book : o_tebu{};
 }
 
 o_get_tbooks_o answers::answer(proc::o_get_tbooks_1, const o_get_tbooks_i& in) {
@@ -64,25 +64,25 @@ o_get_tbooksb_o answers::answer(proc::o_get_tbooksb_1, const o_get_tbooksb_i& in
 }
 
 boolean answers::answer(proc::o_del_tbook_1, const o_del_tbook_i& in) {
-    return yes(may(in.userid, right::remove, store_.phone_books.book(in.tbookid)) &&
+    return yes(may(in.userid, right_remove, store_.phone_books.book(in.tbookid)) &&
                store_.phone_books.remove_book(in.tbookid));
 }
 
 boolean answers::answer(proc::o_put_tbookentry_1, const o_put_tbookentry_i& in) {
     const bool present = store_.phone_books.has_entry(in.record.tbookid, in.record.teleid);
-    return yes(may(in.userid, present ? right::change : right::add,
+    return yes(may(in.userid, present ? right_change : right_add,
                    store_.phone_books.book(in.record.tbookid)) &&
                store_.phone_books.put_entry(in.record));
 }
 
 o_tebul answers::answer(proc::o_get_tbookentry_1, const o_get_tbookentry_i& in) {
-    if (!may(in.userid, right::read, store_.phone_books.book(in.tbookid)))
+    if (!may(in.userid, right_read, store_.phone_books.book(in.tbookid)))
         return {};
     return store_.phone_books.entry(in.tbookid, in.teleid).value_or(o_tebul{});
 }
 
 o_get_tbookl_o answers::answer(proc::o_get_tbookl_1, const o_get_tbookl_i& in) {
-    if (!may(in.userid, right::read, store_.phone_books.book(in.tbookid)))
+    if (!may(in.userid, right_read, store_.phone_books.book(in.tbookid)))
         return {};
     return list_of_rows<o_get_tbookl_o>(
         store_.phone_books.entries(in.tbookid, in.netmask, in.start, in.blocksize),
@@ -90,7 +90,7 @@ o_get_tbookl_o answers::answer(proc::o_get_tbookl_1, const o_get_tbookl_i& in) {
 }
 
 boolean answers::answer(proc::o_del_tbookentry_1, const o_del_tbookentry_i& in) {
-    return yes(may(in.userid, right::remove, store_.phone_books.book(in.tbookid)) &&
+    return yes(may(in.userid, right_remove, store_.phone_books.book(in.tbookid)) &&
                store_.phone_books.remove_entry(in.tbookid, in.teleid));
 }
 
@@ -103,7 +103,7 @@ boolean answers::answer(proc::o_put_tgroup_1, const o_put_tgroup_i& in) {
 
 o_tgroup answers::answer(proc::o_get_tgroup_1, const o_get_tgroup_i& in) {
     const auto group = store_.phone_books.group(in.groupid);
-    return may(in.userid, right::read, group) ? *group : o_tgroup{};
+    return may(in.userid, right_read, group) ? *group : o_tgroup{};
 }
 
 o_get_tgroups_o answers::answer(proc::o_get_tgroups_1, const o_get_tgroups_i& in) {
@@ -117,24 +117,24 @@ o_get_tgroupsb_o answers::answer(proc::o_get_tgroupsb_1, const o_get_tgroupsb_i&
 }
 
 boolean answers::answer(proc::o_del_tgroup_1, const o_del_tgroup_i& in) {
-    return yes(may(in.userid, right::remove, store_.phone_books.group(in.groupid)) &&
+    return yes(may(in.userid, right_remove, store_.phone_books.group(in.groupid)) &&
                store_.phone_books.remove_group(in.groupid));
 }
 
 boolean answers::answer(proc::o_put_tgroupentry_1, const o_put_tgroupentry_i& in) {
-    return yes(may(in.userid, right::add, store_.phone_books.group(in.record.groupid)) &&
+    return yes(may(in.userid, right_add, store_.phone_books.group(in.record.groupid)) &&
                store_.phone_books.put_member(in.record));
 }
 
 o_get_tgroupl_o answers::answer(proc::o_get_tgroupl_1, const o_get_tgroupl_i& in) {
-    if (!may(in.userid, right::read, store_.phone_books.group(in.groupid)))
+    if (!may(in.userid, right_read, store_.phone_books.group(in.groupid)))
         return {};
     return list_of<o_get_tgroupl_o>(store_.phone_books.members(in.groupid),
                                     &o_tgroupl_node::tmember);
 }
 
 o_get_tgrouplb_o answers::answer(proc::o_get_tgrouplb_1, const o_get_tgrouplb_i& in) {
-    if (!may(in.userid, right::read, store_.phone_books.group(in.groupid)))
+    if (!may(in.userid, right_read, store_.phone_books.group(in.groupid)))
         return {};
     return list_of<o_get_tgrouplb_o>(
         store_.phone_books.members(in.groupid, in.starttbook, in.starttele, in.blocksize),
@@ -142,7 +142,7 @@ o_get_tgrouplb_o answers::answer(proc::o_get_tgrouplb_1, const o_get_tgrouplb_i&
 }
 
 boolean answers::answer(proc::o_del_tgroupentry_1, const o_del_tgroupentry_i& in) {
-    return yes(may(in.userid, right::remove, store_.phone_books.group(in.groupid)) &&
+    return yes(may(in.userid, right_remove, store_.phone_books.group(in.groupid)) &&
                store_.phone_books.remove_member({in.groupid, in.tbookid, in.teleid}));
 }
 

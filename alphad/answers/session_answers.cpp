@@ -3,16 +3,6 @@
 
 namespace zerdix::alphad {
 
-namespace {
-
-// How a login or a change of password ended.
-constexpr std::int32_t status_good = 0;
-constexpr std::int32_t status_logged_in_already = 4;
-constexpr std::int32_t status_unknown_user = 6;
-constexpr std::int32_t status_wrong_password = 8;
-
-} // namespace
-
 // Every value has the index 1.
 str80 answers::answer(proc::a_get_config_1, const a_get_config_i& in) {
     str80 value{};
@@ -36,18 +26,18 @@ a_get_compat_o answers::answer(proc::a_get_compat_1, const wire::none&) {
 std::int32_t answers::password_status(const str10& user, const str20& password) const {
     const bool fits = fits_password(password.view(), store_.users.password_hash(user.view()));
     if (!store_.users.find(user.view()))
-        return status_unknown_user;
-    return fits ? status_good : status_wrong_password;
+        return login_unknown_user;
+    return fits ? login_accepted : login_wrong_password;
 }
 
 a_get_login_o answers::answer(proc::a_get_login_1, const a_get_login_i& in) {
     const std::int32_t status = password_status(in.userid, in.password);
-    if (status != status_good)
+    if (status != login_accepted)
         return {0, status};
     if (store_.configuration.number("SINGLELOGIN", 0) == 1 &&
         sessions_.is_present(in.userid.view()))
-        return {0, status_logged_in_already};
-    return {sessions_.open(in.userid.view(), connection_), status_good};
+        return {0, login_present_already};
+    return {sessions_.open(in.userid.view(), connection_), login_accepted};
 }
 
 wire::none answers::answer(proc::a_logout_1, const a_logout_i& in) {
@@ -61,7 +51,7 @@ boolean answers::answer(proc::a_check_login_1, const std::int32_t& login) {
 
 std::int32_t answers::answer(proc::a_chg_pw_1, const a_chg_pw_i& in) {
     const std::int32_t status = password_status(in.userid, in.oldpassword);
-    if (status == status_good)
+    if (status == login_accepted)
         store_.users.set_password(in.userid.view(), in.newpassword.view());
     return status;
 }

@@ -15,7 +15,6 @@ using weight = demo_paper::weight;
 constexpr std::int32_t width = 1728, height = 2286; // a fine page of A4
 constexpr std::int32_t margin = 120;
 constexpr const char* owner = "zerdix";
-constexpr std::int16_t cover_text = 10; // picture type
 
 // Where the form has a line to write on, and what it says in front of it.
 constexpr std::pair<std::int32_t, const char*> form_lines[] = {
@@ -104,14 +103,14 @@ std::string signature() {
 
 std::int32_t add_desk_document(store& store, const char* title, const std::string& picture) {
     const std::int32_t id = store.documents.create(TOPF_P, owner, title);
-    store.pages.put_block({id, 1, fax_picture}, 0, picture);
+    store.pages.put_block({id, 1, picture_page}, 0, picture);
     store.logs.add(id, log_line("$as.demo_document:"));
     return id;
 }
 
 void add_cover_template(store& store) {
     const std::int32_t id = add_desk_document(store, "Deckblatt", cover_form());
-    store.pages.put_block({id, 1, cover_text}, 0, commands);
+    store.pages.put_block({id, 1, picture_cover_text}, 0, commands);
     store.documents.set_public(id, true);
     store.configuration.set("COVER", std::to_string(id));
 }

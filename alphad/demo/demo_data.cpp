@@ -10,8 +10,9 @@ namespace {
 constexpr const char* server_name = "alpha";
 constexpr const char* sales = "vertrieb";
 
-// Hardware features.
-constexpr std::int16_t can_normal = 0x001, can_fine = 0x002, can_scan = 0x010, can_halftone = 0x020;
+// The members of the group put entries in and change them, everybody reads and uses them.
+constexpr opaque<3> shared_rights{
+    {all_rights, right_read | right_use | right_add | right_change, right_read | right_use}};
 
 struct demo_entry {
     const char *book, *id, *comment, *tsi, *phone;
@@ -66,7 +67,7 @@ void add_book(store& store, const char* id, const char* comment, const char* own
     set(book.alphaid, server_name);
     set(book.owner, owner);
     set(book.group, sales);
-    book.perms = {{0x3F, 0x0F, 0x03}};
+    book.perms = shared_rights;
     store.phone_books.put_book(book);
 }
 
@@ -89,7 +90,7 @@ void add_group(store& store, const char* id, const char* comment) {
     set(group.alphaid, server_name);
     set(group.owner, "zerdix");
     set(group.group, sales);
-    group.perms = {{0x3F, 0x0F, 0x03}};
+    group.perms = shared_rights;
     store.phone_books.put_group(group);
 }
 
@@ -108,7 +109,7 @@ void add_external_phone_book(store& store) {
     set(book.comment, "Externes Verzeichnis");
     set(book.alphaid, server_name);
     set(book.owner, "zerdix");
-    book.t_kind = external_kind;
+    set_external(book);
     for (std::size_t i = 0; i < external_phone_book::labels.size(); ++i)
         set(book.t_labels[i], external_phone_book::labels[i]);
     store.phone_books.put_book(book);
@@ -121,7 +122,7 @@ void add_user(store& store, const char* id, const char* name, const char* printe
     set(preferences.userid, id);
     set(preferences.defprinter, printer);
     set(preferences.defscanner, "empfang");
-    preferences.hwfeatures = can_fine | can_scan;
+    preferences.hwfeatures = hwf_fine | hwf_scan;
     preferences.priority = 50;
     store.users.set_preferences(preferences);
     a_member_rec member{};
@@ -132,24 +133,24 @@ void add_user(store& store, const char* id, const char* name, const char* printe
 }
 
 void add_printer(store& store, const char* id, const char* comment, const char* place,
-                 const char* model, std::int16_t state) {
+                 const char* model, bool stopped = false) {
     a_printer_rec printer{};
     set(printer.printerid, id);
     set(printer.comment, comment);
-    set(printer.pr_text1, place);
-    set(printer.pr_text2, model);
-    printer.pr_val1 = state;
+    set_place(printer, platform::utf8_to_cp1252(place));
+    set_model(printer, platform::utf8_to_cp1252(model));
+    set_stopped(printer, stopped);
     store.devices.put(printer);
 }
 
 void add_scanner(store& store, const char* id, const char* place, const char* model,
-                 std::int16_t features, scanner_state state) {
+                 std::int16_t features, bool busy = false) {
     a_scanner_rec scanner{};
     set(scanner.scannerid, id);
-    set(scanner.sc_text1, place);
-    set(scanner.sc_text2, model);
-    scanner.sc_val1 = features;
-    scanner.sc_val2 = static_cast<std::int32_t>(state);
+    set_place(scanner, platform::utf8_to_cp1252(place));
+    set_model(scanner, platform::utf8_to_cp1252(model));
+    set_features(scanner, features);
+    set_busy(scanner, busy);
     store.devices.put(scanner);
 }
 
@@ -168,13 +169,12 @@ void add_people(store& store) {
 }
 
 void add_devices(store& store) {
-    add_printer(store, "laser1", "Laserdrucker Empfang", "Erdgeschoss", "Laser A4", 0);
-    add_printer(store, "laser2", "Laserdrucker Vertrieb", "1. Stock", "Laser A4 und A3", 0);
-    add_printer(store, "matrix", "Matrixdrucker Lager", "Halle 2", "Endlospapier", 1);
-    add_scanner(store, "empfang", "Empfang", "Flachbett", can_normal | can_fine | can_scan,
-                scanner_state::free);
+    add_printer(store, "laser1", "Laserdrucker Empfang", "Erdgeschoss", "Laser A4");
+    add_printer(store, "laser2", "Laserdrucker Vertrieb", "1. Stock", "Laser A4 und A3");
+    add_printer(store, "matrix", "Matrixdrucker Lager", "Halle 2", "Endlospapier", true);
+    add_scanner(store, "empfang", "Empfang", "Flachbett", hwf_normal | hwf_fine | hwf_scan);
     add_scanner(store, "vertrieb", "Vertrieb", "Einzug",
-                can_normal | can_fine | can_scan | can_halftone, scanner_state::busy);
+                hwf_normal | hwf_fine | hwf_scan | hwf_halftone, true);
 }
 
 void add_messages(board& board) {
@@ -182,7 +182,7 @@ void add_messages(board& board) {
          {"Willkommen auf dem Alpha-Server.", "Der Matrixdrucker im Lager steht bis Freitag.",
           "Neue Eintr\xc3\xa4ge im allgemeinen Telefonbuch: B\xc3\xa4"
           "ckerei, Kanzlei."})
-        board.add(0, "FAXADM", platform::utf8_to_cp1252(text));
+        board.add(0, administrator, platform::utf8_to_cp1252(text));
 }
 
 void add_phone_books(store& store) {

@@ -69,7 +69,7 @@ void add_document(store& store, const demo_document& from) {
         store.documents.create(from.pool, from.owner, platform::utf8_to_cp1252(from.title));
     std::int16_t page = 0;
     for (const auto& [heading, lines] : from.pages)
-        store.pages.put_block({id, ++page, fax_picture}, 0, drawn_page(heading, lines));
+        store.pages.put_block({id, ++page, picture_page}, 0, drawn_page(heading, lines));
     document origin{};
     origin.nettype = NETTYPE_FAX;
     origin.number = from.number;

@@ -66,7 +66,7 @@ int stop_signals() {
 
 std::uint32_t program_number() {
     const char* offset = std::getenv("ZERDIXRPCOFFSET");
-    return wire::ZERDIX_PROG + static_cast<std::uint32_t>(offset ? std::atol(offset) : 0);
+    return ZERDIX_PROG + static_cast<std::uint32_t>(offset ? std::atol(offset) : 0);
 }
 
 server::file::~file() {
@@ -76,7 +76,7 @@ server::file::~file() {
 server::server(dispatcher& calls, const std::string& address, std::uint16_t port)
     : calls_(calls), program_(program_number()), address_(socket_address(address, port)),
       listener_(listening_socket(address_, address)), signals_(stop_signals()),
-      registration_(program_, wire::ZERDIX_VERS, address_) {}
+      registration_(program_, ZERDIX_VERS, address_) {}
 
 server::~server() = default;
 
@@ -98,8 +98,8 @@ void server::answer(const std::string& record, connection& client) {
         taken.drop();
     else if (taken.program() != program_)
         taken.fail(PROG_UNAVAIL);
-    else if (taken.version() != wire::ZERDIX_VERS)
-        taken.fail_version(wire::ZERDIX_VERS);
+    else if (taken.version() != ZERDIX_VERS)
+        taken.fail_version(ZERDIX_VERS);
     else
         calls_.serve(taken);
 }

@@ -2,32 +2,16 @@
 
 #include <ctime>
 
+#include <zerdix/book_entry.h>
+#include <zerdix/values.h>
+
 #include "alphad/store/log_text.h"
+#include "alphad/store/stored_record.h"
 #include "platform/encoding.h"
 
 namespace zerdix::alphad {
 
 namespace {
-
-constexpr std::string_view telex_printer = ".zerdixpr";
-constexpr std::int32_t resolution_normal = 2;
-constexpr std::int16_t error_other_net = 1;
-
-// A reference to a phone book: BOOK:ENTRY.
-struct reference {
-    str10 book{};
-    str10 entry{};
-};
-
-std::optional<reference> read_reference(std::string_view phone) {
-    const std::size_t colon = phone.find(':');
-    if (colon == phone.npos)
-        return std::nullopt;
-    reference found;
-    found.book.assign(phone.substr(0, colon));
-    found.entry.assign(phone.substr(colon + 1));
-    return found;
-}
 
 std::string file_name_of(const std::string& kept) {
     return std::filesystem::path{kept}.filename().string();
@@ -48,7 +32,7 @@ std::string event_of(const send_job& job) {
     std::string event = "$as.job_spooled:";
     if (record.nighttariff)
         event = "$as.job_waits_for_night:";
-    else if (job.state() == job_state::waiting)
+    else if (job.state() == send_waiting)
         event = "$as.job_waits_for_time: $t:=" + time_of(record.sendtime);
     return event + " $n:=" + std::string{record.phone.view()} + " $s:=" + file_name_of(job.spool);
 }
@@ -58,12 +42,13 @@ std::string event_of(const send_job& job) {
 std::optional<sending::receiver> sending::find_receiver(const str10& user,
                                                         const a_s_rec& wanted) const {
     const std::string_view phone = wanted.phone.view();
-    const auto asked = read_reference(phone);
+    const auto asked = parse_book_entry(phone);
     if (!asked)
         return phone.empty() ? std::nullopt : std::optional{receiver{std::string{phone}, {}}};
-    const auto book = store_.phone_books.book(asked->book);
-    const auto entry = store_.phone_books.entry(asked->book, asked->entry);
-    if (!book || !rights_.may(user, right::use, *book) || !entry || entry->phone.empty())
+    const str10 book_id = clean_key(asked->book);
+    const auto book = store_.phone_books.book(book_id);
+    const auto entry = store_.phone_books.entry(book_id, clean_key(asked->entry));
+    if (!book || !rights_.may(user, right_use, *book) || !entry || entry->phone.empty())
         return std::nullopt;
     return receiver{std::string{entry->phone.view()}, std::string{entry->tsi.view()},
                     entry->nettype != wanted.nettype};
@@ -73,7 +58,7 @@ std::optional<std::vector<page_picture>>
 sending::pictures(std::int32_t document, std::int16_t first, std::int16_t last, bool normal) const {
     std::vector<page_picture> found;
     for (std::int16_t page = first; page <= last; ++page) {
-        const auto stored = store_.pages.picture({document, page, fax_picture});
+        const auto stored = store_.pages.picture({document, page, picture_page});
         auto picture = stored ? read_page(*stored) : std::nullopt;
         if (!picture)
             return std::nullopt;
@@ -84,8 +69,8 @@ sending::pictures(std::int32_t document, std::int16_t first, std::int16_t last, 
 
 // A telex is kept as such, or as the text that it was made of.
 std::optional<std::string> sending::telex_text(std::int32_t document) const {
-    auto text = store_.pages.picture({document, 1, telex_page});
-    return text ? text : store_.pages.picture({document, 1, text_page});
+    auto text = store_.pages.picture({document, 1, picture_telex});
+    return text ? text : store_.pages.picture({document, 1, picture_text});
 }
 
 std::optional<sending::message> sending::message_of(std::int32_t document,
@@ -123,7 +108,7 @@ std::int32_t sending::make_job(const document& from, a_s_rec record, const recei
     job.record.faxid = id;
     job.record.phone.assign(to.number);
     job.record.tsi.assign(to.tsi);
-    job.record.errorstatus = 0;
+    job.record.errorstatus = send_error_none;
     job.record.retries = 0;
     if (to.other_net)
         end_without_line(job);
@@ -135,7 +120,7 @@ std::int32_t sending::make_job(const document& from, a_s_rec record, const recei
 // Taken all the same: a client stops at the first receiver that is refused, and a group may hold
 // numbers of both nets.
 void sending::end_without_line(send_job& job) {
-    job.record.errorstatus = error_other_net;
+    job.record.errorstatus = send_error_other_net;
     job.cancelled = true;
     store_.jobs.put(job);
     store_.logs.add(job.record.faxid,
@@ -210,7 +195,7 @@ void sending::discard_files() noexcept {
 
 bool sending::change(const a_chg_s_rec_i& wanted) {
     auto job = store_.jobs.find(wanted.faxid);
-    if (!job || job->state() == job_state::spooled)
+    if (!job || job->state() == send_spooled)
         return false;
     a_s_rec& record = job->record;
     record.priority = wanted.priority;
@@ -229,7 +214,7 @@ bool sending::change(const a_chg_s_rec_i& wanted) {
 
 bool sending::cancel(std::int32_t id) {
     auto job = store_.jobs.find(id);
-    if (!job || job->state() != job_state::waiting)
+    if (!job || job->state() != send_waiting)
         return false;
     change_file(job->spool, false);
     job->cancelled = true;
@@ -241,7 +226,7 @@ bool sending::cancel(std::int32_t id) {
 
 bool sending::restart(std::int32_t id) {
     auto job = store_.jobs.find(id);
-    return job && job->cancelled && job->record.errorstatus == 0 && spool_again(*job);
+    return job && job->cancelled && job->record.errorstatus == send_error_none && spool_again(*job);
 }
 
 bool sending::print_telex(const document& printed) {

@@ -7,16 +7,6 @@
 
 namespace zerdix::alphad {
 
-// The bits of each byte of `perms`.
-enum class right : unsigned {
-    read = 0x01,   // see the record and what is in it
-    use = 0x02,    // send to entries
-    add = 0x04,    // put new entries or members in
-    change = 0x08, // change entries, and the record but for the fields that `hold` guards
-    remove = 0x10, // take entries or members out, and the whole record away
-    hold = 0x20,   // change owner, group and rights
-};
-
 class book_rights {
   public:
     // Both must outlive the object.
@@ -25,9 +15,8 @@ class book_rights {
 
     // Of a book or a group: the union of what its owner, its group and everybody may do.
     template <class Record>
-    bool may(const str10& user, right wanted, const Record& record) const {
-        return (granted(user.view(), record.owner, record.group, record.perms) &
-                static_cast<unsigned>(wanted)) != 0;
+    bool may(const str10& user, book_right wanted, const Record& record) const {
+        return (granted(user.view(), record.owner, record.group, record.perms) & wanted) != 0;
     }
 
     // Whether the user may put `wanted` in the place of `present`.
@@ -39,15 +28,15 @@ class book_rights {
         same_guard.perms = present.perms;
         const bool guarded = to_stored(same_guard) != to_stored(wanted);
         const bool others = to_stored(same_guard) != to_stored(present);
-        return (!guarded || may(user, right::hold, present)) &&
-               ((guarded && !others) || may(user, right::change, present));
+        return (!guarded || may(user, right_hold, present)) &&
+               ((guarded && !others) || may(user, right_change, present));
     }
 
   private:
     unsigned granted(std::string_view user, const str10& owner, const str10& group,
                      const opaque<3>& perms) const {
-        if (user == admin_user)
-            return 0x3F;
+        if (user == administrator)
+            return all_rights;
         unsigned bits = perms.bytes[2];
         if (owner == user)
             bits |= perms.bytes[0];

@@ -32,7 +32,7 @@ std::optional<a_printer_rec> devices::printer(const str10& id) const {
 std::vector<a_scanner_rec> devices::scanners(std::int32_t selector) const {
     auto found = record_rows<a_scanner_rec>(db_, "SELECT record FROM scanners ORDER BY id").all();
     std::erase_if(found, [selector](const a_scanner_rec& scanner) {
-        return (scanner.sc_val1 & selector) != selector;
+        return (features(scanner) & selector) != selector;
     });
     return found;
 }

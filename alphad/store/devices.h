@@ -7,18 +7,11 @@
 #include <optional>
 #include <vector>
 
-#include <zerdix/records.h>
+#include <zerdix/values.h>
 
 #include "alphad/store/database.h"
 
 namespace zerdix::alphad {
-
-// The field sc_val2 of a scanner.
-enum class scanner_state : std::int32_t { free = 0, busy = 1 };
-
-inline bool is_free(const a_scanner_rec& scanner) {
-    return scanner.sc_val2 == static_cast<std::int32_t>(scanner_state::free);
-}
 
 class devices {
   public:
@@ -33,7 +26,7 @@ class devices {
              std::int32_t most = std::numeric_limits<std::int32_t>::max()) const;
     std::optional<a_printer_rec> printer(const str10& id) const;
 
-    // Those that have all hardware features of the selector.
+    // Those that have all hardware features of the selector, which is any_scanner for all.
     std::vector<a_scanner_rec> scanners(std::int32_t selector) const;
     std::optional<a_scanner_rec> scanner(const str10& id) const;
 

@@ -15,12 +15,6 @@
 
 namespace zerdix::alphad {
 
-// The value of t_kind that says that a phone book is external.
-constexpr std::int16_t external_kind = 1;
-
-// The field fetchstate of an answer.
-enum class fetch_state : std::int32_t { finished = 0, running = 1, unknown = 2 };
-
 class external_phone_book {
   public:
     // What the first parameters of a query stand for; a book's labels say so to its users.

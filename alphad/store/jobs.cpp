@@ -13,17 +13,17 @@ namespace {
 send_job read_row(const statement& row) {
     send_job job{row.number(0), row.text(1), from_stored<a_s_rec>(row.bytes(2)), row.flag(3),
                  row.text(4)};
-    job.record.status = static_cast<std::int32_t>(job.state());
+    job.record.status = job.state();
     return job;
 }
 
 } // namespace
 
-job_state send_job::state() const {
+send_status send_job::state() const {
     if (cancelled)
-        return job_state::cancelled;
+        return send_cancelled;
     const bool later = record.sendtime > std::time(nullptr);
-    return later || record.nighttariff ? job_state::waiting : job_state::spooled;
+    return later || record.nighttariff ? send_waiting : send_spooled;
 }
 
 void jobs::put(const send_job& job) {

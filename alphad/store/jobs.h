@@ -5,18 +5,11 @@
 #include <optional>
 #include <vector>
 
-#include <zerdix/records.h>
+#include <zerdix/values.h>
 
 #include "alphad/store/database.h"
 
 namespace zerdix::alphad {
-
-// The status field of an outgoing document.
-enum class job_state : std::int32_t {
-    waiting = 1, // for its time or for the night tariff
-    spooled = 2, // its file lies in the spool folder; this server has no line to send it on
-    cancelled = 3,
-};
 
 struct send_job {
     std::int32_t desk;    // id of the desk document
@@ -25,7 +18,8 @@ struct send_job {
     bool cancelled;
     std::string spool; // the file as spool_places finds it, empty when there is none
 
-    job_state state() const;
+    // A spooled one's file lies in the spool folder; this server has no line to send it on.
+    send_status state() const;
 };
 
 class jobs {

@@ -25,15 +25,10 @@ constexpr std::size_t most_picture_bytes = 16u << 20;
 // Clients send blocks of at least so many bytes, but for a picture's last one.
 constexpr std::size_t shortest_block = 512;
 
-// The picture types that this server knows something of.
-constexpr std::int16_t fax_picture = 0; // a compressed page block, what goes over a fax line
-constexpr std::int16_t text_page = 4;   // a text, which becomes a telex on the telex printer
-constexpr std::int16_t telex_page = 6;  // a telex text behind its control record
-
 struct picture_place {
     std::int32_t document;
     std::int16_t page;
-    std::int16_t type;
+    std::int16_t type; // a picture_type (zerdix/values.h), or another one
 };
 
 class pages {

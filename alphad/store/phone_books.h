@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-#include <zerdix/records.h>
+#include <zerdix/values.h>
 
 #include "alphad/store/stored_record.h"
 
@@ -19,7 +19,7 @@ constexpr std::int32_t no_limit = std::numeric_limits<std::int32_t>::max();
 
 // What a new book or group gets that comes without any rights: its owner everything, the others to
 // read and to use it.
-constexpr opaque<3> default_rights{{0x3F, 0x03, 0x03}};
+constexpr opaque<3> default_rights{{all_rights, right_read | right_use, right_read | right_use}};
 
 class phone_books {
   public:

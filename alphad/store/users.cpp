@@ -42,7 +42,7 @@ void users::put(const o_user_rec& record) {
 }
 
 bool users::knows(std::string_view userid) const {
-    return userid == print_user || userid == admin_user || find(userid);
+    return userid == print_user || userid == administrator || find(userid);
 }
 
 std::optional<o_user_rec> users::find(std::string_view userid, std::string_view server) const {

@@ -9,17 +9,12 @@
 #include <limits>
 #include <optional>
 
-#include <zerdix/records.h>
+#include <zerdix/values.h>
 
 #include "alphad/store/configuration.h"
 #include "alphad/store/stored_record.h"
 
 namespace zerdix::alphad {
-
-// Owns documents that exist only to be printed.
-constexpr std::string_view print_user = ".winpr";
-// Reaches the documents of everybody, and may do everything.
-constexpr std::string_view admin_user = "FAXADM";
 
 class users {
   public:

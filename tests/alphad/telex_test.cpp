@@ -45,7 +45,7 @@ TEST_F(Telex, BecomesAJobOfItsUser) {
     EXPECT_EQ(record.comment, "A # B");
     EXPECT_EQ(record.phone, "402195");
     EXPECT_EQ(record.nettype, NETTYPE_TELEX);
-    EXPECT_EQ(record.status, static_cast<std::int32_t>(alphad::job_state::spooled));
+    EXPECT_EQ(record.status, send_spooled);
     EXPECT_EQ(record.maxretries, 3);
     std::ostringstream spooled;
     spooled << std::ifstream{server.spool() / job.spool}.rdbuf();
