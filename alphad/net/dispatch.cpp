@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <stdexcept>
+#include <type_traits>
 
 #include "rpc/wire/filter.h"
 
@@ -42,10 +43,10 @@ class unit_of_work {
     bool committed_ = false;
 };
 
-template <class P>
-concept answered = requires(answers& a, const typename P::argument& argument) {
-    { a.answer(P{}, argument) } -> std::same_as<typename P::result>;
-};
+template <class P, class... Unanswered>
+constexpr bool is_among(wire::procedure_list<Unanswered...>) {
+    return (std::is_same_v<P, Unanswered> || ...);
+}
 
 } // namespace
 
@@ -66,7 +67,7 @@ void call_log::add(std::uint32_t number, const char* name) {
 template <class P>
 void dispatcher::reply(const typename P::argument& argument, bool refused, call& taken) {
     held<typename P::result> result;
-    if constexpr (answered<P>) {
+    if constexpr (!is_among<P>(unanswered{})) {
         if (!refused) {
             answers_.use_connection(taken.connection_number());
             unit_of_work work(store_.database(), answers_);
