@@ -102,12 +102,12 @@ void set_setting(store& store, const std::string& key, const std::string& value)
     if (is_size && !value.empty() && whole_number(value).value_or(none) < 0)
         throw admin_error(key + " must be a whole number, 0 or more");
     transaction setting(store.database());
-    store.directory.set_config(key, platform::utf8_to_cp1252(value));
+    store.configuration.set(key, platform::utf8_to_cp1252(value));
     setting.commit();
 }
 
 void add_message(store& store, const std::string& text) {
-    store.board.add(0, admin_user, field_of<str80>(text, "a message").view());
+    store.board.add(0, administrator, field_of<str80>(text, "a message").view());
 }
 
 std::string read_password(const std::string& file) {

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "alphad/store.h"
+#include "alphad/store/store.h"
 
 namespace zerdix::alphad {
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdio>
 
-#include "alphad/log_text.h"
+#include "alphad/store/log_text.h"
 #include "platform/encoding.h"
 
 namespace zerdix::alphad {
@@ -20,11 +20,11 @@ std::string readable(std::string_view text) {
     return result;
 }
 
-const char* word_of(job_state state) {
+const char* word_of(send_status state) {
     switch (state) {
-    case job_state::waiting:
+    case send_waiting:
         return "waiting";
-    case job_state::cancelled:
+    case send_cancelled:
         return "cancelled";
     default:
         return "spooled";

@@ -4,8 +4,8 @@
 
 #include <ostream>
 
-#include "alphad/spool.h"
-#include "alphad/store.h"
+#include "alphad/sending/spool.h"
+#include "alphad/store/store.h"
 
 namespace zerdix::alphad {
 

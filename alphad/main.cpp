@@ -7,7 +7,7 @@
 
 #include "alphad/admin_commands.h"
 #include "alphad/job_table.h"
-#include "alphad/service.h"
+#include "alphad/net/service.h"
 #include "platform/encoding.h"
 
 namespace {
@@ -93,7 +93,7 @@ int show_jobs(const command_line& line) {
 
 int show_setting(const command_line& line) {
     const store store(existing_store(line), database::access::read_only);
-    std::cout << zerdix::platform::cp1252_to_utf8(store.directory.config(line.key)) << '\n';
+    std::cout << zerdix::platform::cp1252_to_utf8(store.configuration.value(line.key)) << '\n';
     return EX_OK;
 }
 

@@ -49,7 +49,7 @@ class direct_client {
         address.sin_family = AF_INET;
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         int socket = RPC_ANYSOCK;
-        handle_ = clnttcp_create(&address, program, wire::ZERDIX_VERS, &socket, 0, 0);
+        handle_ = clnttcp_create(&address, program, ZERDIX_VERS, &socket, 0, 0);
         require(handle_ != nullptr, "clnttcp_create");
     }
     ~direct_client() { clnt_destroy(handle_); }

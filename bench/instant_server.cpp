@@ -16,8 +16,8 @@
 #include <utility>
 #include <vector>
 
-#include "alphad/port_mapper.h"
-#include "alphad/server.h"
+#include "alphad/net/port_mapper.h"
+#include "alphad/net/server.h"
 #include "rpc/wire/filter.h"
 #include "rpc/wire/procedures.h"
 
@@ -114,9 +114,9 @@ void serve(int ready_pipe) {
     sockaddr_in address{};
     SVCXPRT* transport = svctcp_create(loopback_listener(address), 0, 0);
     const std::uint32_t program = alphad::program_number();
-    if (transport == nullptr || !svc_register(transport, program, wire::ZERDIX_VERS, dispatch, 0))
+    if (transport == nullptr || !svc_register(transport, program, ZERDIX_VERS, dispatch, 0))
         throw std::runtime_error("the RPC library can't serve the socket");
-    const alphad::registration entry{program, wire::ZERDIX_VERS, address};
+    const alphad::registration entry{program, ZERDIX_VERS, address};
     if (write(ready_pipe, "+", 1) == 1)
         answer_calls();
 }

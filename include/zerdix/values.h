@@ -21,12 +21,38 @@ namespace zerdix {
 constexpr std::uint32_t ZERDIX_PROG = 0xF452BF;
 constexpr std::uint32_t ZERDIX_VERS = 1;
 
+// Protocol: names that every server keeps for itself.
+constexpr const char* print_user = ".winpr";    // owns documents that exist only to be printed
+constexpr const char* administrator = "FAXADM"; // reaches everybody's documents, may do everything
+constexpr const char* telex_printer = ".zerdixpr"; // what is printed on it goes out as a telex
+
 // Protocol: results of the long operations. Single operations add others, as their headers tell.
 enum call_result : std::int32_t {
     call_succeeded = 0,
     call_refused = 4, // or not found
     call_failed = 8,  // the server may have carried it out all the same
     call_without_connection = 12,
+};
+
+// Protocol: the status of a login and of a change of password.
+enum login_answer : std::int32_t {
+    login_accepted = 0,
+    login_omega_not_reached = 3,
+    login_present_already = 4,
+    login_unknown_user = 6,
+    login_wrong_password = 8,
+};
+
+// Protocol: the HWF bits, what a device or a user's workstation can do.
+enum hardware_feature : std::int16_t {
+    hwf_normal = 0x001, // resolution
+    hwf_fine = 0x002,   // resolution
+    hwf_scan = 0x010,
+    hwf_halftone = 0x020,
+    hwf_print = 0x040,
+    hwf_receive = 0x080,
+    hwf_send = 0x100,
+    hwf_telex = 0x200,
 };
 
 // Protocol: the forms in which a page can exist. Bit n of a page's mask (a_get_inf_o) stands for
@@ -126,6 +152,33 @@ inline bool is_new(const a_e_rec& in) {
 inline int error_status(const a_e_rec& in) { // 0: it came whole
     return in.e_value5;
 }
+inline void set_received_at(a_e_rec& in, std::int32_t time) {
+    in.e_value1 = time;
+}
+inline void set_page_count(a_e_rec& in, std::int16_t pages) {
+    in.e_value2 = pages;
+}
+inline void set_net_type(a_e_rec& in, std::int16_t net) {
+    in.e_value3 = net;
+}
+inline void set_title(a_e_rec& in, std::string_view title) {
+    in.e_text1.assign(title);
+}
+inline void set_sender_station(a_e_rec& in, std::string_view station) {
+    in.e_text2.assign(station);
+}
+inline void set_sender_number(a_e_rec& in, std::string_view number) {
+    in.e_text4.assign(number);
+}
+inline void set_forwarded_by(a_e_rec& in, std::string_view user) {
+    in.e_text3.assign(user);
+}
+inline void set_new(a_e_rec& in, bool is_new) {
+    in.e_value4 = is_new ? 1 : 0;
+}
+inline void set_error_status(a_e_rec& in, std::int16_t error) {
+    in.e_value5 = error;
+}
 
 // alphad: a desk document.
 inline std::int32_t created_at(const a_p_rec& desk) {
@@ -142,6 +195,21 @@ inline bool is_public(const a_p_rec& desk) {
 }
 inline bool is_new(const a_p_rec& desk) {
     return (desk.p_value3 & 1) != 0;
+}
+inline void set_created_at(a_p_rec& desk, std::int32_t time) {
+    desk.p_value1 = time;
+}
+inline void set_page_count(a_p_rec& desk, std::int16_t pages) {
+    desk.p_value2 = pages;
+}
+inline void set_title(a_p_rec& desk, std::string_view title) {
+    desk.p_text.assign(title);
+}
+inline void set_public(a_p_rec& desk, bool is_public) {
+    desk.p_flag = is_public;
+}
+inline void set_new(a_p_rec& desk, bool is_new) {
+    desk.p_value3 = is_new ? 1 : 0;
 }
 
 // alphad: `status` of a_s_rec.
@@ -167,6 +235,15 @@ inline std::string_view place(const a_printer_rec& printer) {
 inline std::string_view model(const a_printer_rec& printer) {
     return printer.pr_text2.view();
 }
+inline void set_stopped(a_printer_rec& printer, bool is_stopped) {
+    printer.pr_val1 = is_stopped ? 1 : 0;
+}
+inline void set_place(a_printer_rec& printer, std::string_view place) {
+    printer.pr_text1.assign(place);
+}
+inline void set_model(a_printer_rec& printer, std::string_view model) {
+    printer.pr_text2.assign(model);
+}
 
 // alphad: the scanner lists' selector is this for all, else the HWF bits that a scanner must have;
 // the value of scanDoc is HWF bits as well.
@@ -184,16 +261,34 @@ inline std::int32_t features(const a_scanner_rec& scanner) { // HWF bits
 inline bool is_busy(const a_scanner_rec& scanner) {
     return scanner.sc_val2 != 0;
 }
+inline void set_place(a_scanner_rec& scanner, std::string_view place) {
+    scanner.sc_text1.assign(place);
+}
+inline void set_model(a_scanner_rec& scanner, std::string_view model) {
+    scanner.sc_text2.assign(model);
+}
+inline void set_features(a_scanner_rec& scanner, std::int16_t features) { // HWF bits
+    scanner.sc_val1 = features;
+}
+inline void set_busy(a_scanner_rec& scanner, bool is_busy) {
+    scanner.sc_val2 = is_busy ? 1 : 0;
+}
 
 // alphad: when an entry of the bulletin board was put up.
 inline std::int32_t posted_at(const a_board_entry& entry) {
     return entry.value;
+}
+inline void set_posted_at(a_board_entry& entry, std::int32_t time) {
+    entry.value = time;
 }
 
 // alphad: an external phone book is asked with the parameters that its t_labels name. A row of what
 // it found is "name;number;place".
 inline bool is_external(const o_tebu& book) {
     return book.t_kind == 1;
+}
+inline void set_external(o_tebu& book) {
+    book.t_kind = 1;
 }
 enum fetch_state : std::int32_t {
     fetch_finished = 0, // and forgotten by the server

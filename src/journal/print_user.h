@@ -2,9 +2,11 @@
 #ifndef ZERDIX_JOURNAL_PRINT_USER_H
 #define ZERDIX_JOURNAL_PRINT_USER_H
 
+#include <zerdix/values.h>
+
 namespace zerdix::journal {
 
-constexpr const char* print_user = ".winpr";
+using zerdix::print_user;
 
 } // namespace zerdix::journal
 

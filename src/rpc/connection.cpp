@@ -109,7 +109,7 @@ client* ZERDIX::GetClientAddr(const char* alphaServer) {
         return nullptr;
     }
     const sockaddr_in address = socket_address(host.address);
-    session().pclient = wire::connect(address, rpc_prog_nr(wire::ZERDIX_PROG));
+    session().pclient = wire::connect(address, rpc_prog_nr(ZERDIX_PROG));
     if (session().pclient == nullptr)
         trace_create_error();
     return session().pclient;

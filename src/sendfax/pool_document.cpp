@@ -2,15 +2,14 @@
 
 #include <cstring>
 
+#include <zerdix/values.h>
+
 #include "sendfax/job.h"
 #include "sendfax/trace_lines.h"
 
 namespace zerdix::sendfax {
 
 namespace {
-
-// Under this user's name a document is copied from one user to another.
-constexpr const char* administrator = "FAXADM";
 
 void clear_target() {
     std::memset(userid, 0, sizeof userid);
@@ -34,7 +33,7 @@ std::int32_t make_target_document() {
 }
 
 bool copy_document(std::int32_t document) {
-    pzerdix->setUserId(administrator);
+    pzerdix->setUserId(administrator); // who may copy from one user to another
     if (job_sender().copy(job().lFaxid, document))
         return true;
     trace_lines.error("SendFaxDoc(): (copydoc) Problems with RPC connection");

@@ -12,7 +12,6 @@
 
 namespace zerdix::sending {
 
-constexpr const char* telex_printer = ".zerdixpr";
 constexpr std::size_t control_record_room = 300;
 
 // Date and clock with a blank between them, in the session's language; an empty date and "0" when

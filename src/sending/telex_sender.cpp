@@ -1,5 +1,7 @@
 #include "sending/telex_sender.h"
 
+#include <zerdix/values.h>
+
 #include "sending/telex_record.h"
 
 namespace zerdix::sending {

@@ -159,7 +159,7 @@ TEST_F(Jobs, AreTheServersOwnCopy) {
     EXPECT_EQ(kept.pages, 2);
     EXPECT_EQ(kept.phone, "06990009212");
     EXPECT_EQ(kept.tsi, "+49 69 90009 212");
-    EXPECT_EQ(kept.status, static_cast<std::int32_t>(alphad::job_state::spooled));
+    EXPECT_EQ(kept.status, send_spooled);
     EXPECT_EQ(page_size(client, number, 2, "zerdix", TOPF_S),
               static_cast<std::int32_t>(compressed(page_block(2)).size()));
     const log_answer log = get_log(client, number, 0, "english_us", TOPF_S);
@@ -177,7 +177,7 @@ TEST_F(Jobs, ToANumberOfTheOtherNetAreTakenAndEnd) {
     ASSERT_EQ(server.jobs().size(), 1U);
     const alphad::send_job job = server.jobs().front();
     EXPECT_EQ(job.record.faxid, number);
-    EXPECT_EQ(job.state(), alphad::job_state::cancelled);
+    EXPECT_EQ(job.state(), send_cancelled);
     EXPECT_EQ(job.record.errorstatus, 1);
     EXPECT_FALSE(client.call(proc::a_restart_job_1{}, {id("zerdix"), number}));
     EXPECT_TRUE(std::filesystem::is_empty(server.spool()));
@@ -258,19 +258,19 @@ TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
     };
     EXPECT_THAT(log_of(done), HasSubstr("spooled for"));
     EXPECT_THAT(log_of(number), HasSubstr("job for +49 30/123 waits until 20"));
-    EXPECT_EQ(job(number).status, static_cast<std::int32_t>(alphad::job_state::waiting));
+    EXPECT_EQ(job(number).status, send_waiting);
     EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("meier"), number}));
     EXPECT_TRUE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
     EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
     EXPECT_FALSE(std::filesystem::exists(picture));
-    EXPECT_EQ(job(number).status, static_cast<std::int32_t>(alphad::job_state::cancelled));
+    EXPECT_EQ(job(number).status, send_cancelled);
 
     a_chg_s_rec_i change{number, id("zerdix"), 5, field<str30>("new"), 0, {0}, 3, 2};
     EXPECT_TRUE(client.call(proc::a_chg_s_rec_1{}, change));
     EXPECT_TRUE(client.call(proc::a_restart_job_1{}, {id("zerdix"), number}));
     EXPECT_FALSE(client.call(proc::a_chg_s_rec_1{}, change));
     const a_s_rec& changed = job(number);
-    EXPECT_EQ(changed.status, static_cast<std::int32_t>(alphad::job_state::spooled));
+    EXPECT_EQ(changed.status, send_spooled);
     EXPECT_EQ(changed.comment, "new");
     EXPECT_EQ(changed.maxretries, 3);
     ASSERT_EQ(read_tiff(picture).size(), 2u);
@@ -278,7 +278,7 @@ TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
 
     record.nighttariff = {1};
     const std::int32_t night = send();
-    EXPECT_EQ(job(night).status, static_cast<std::int32_t>(alphad::job_state::waiting));
+    EXPECT_EQ(job(night).status, send_waiting);
     EXPECT_THAT(log_of(night), HasSubstr("waits for the night tariff: 0000"));
 }
 

@@ -1,8 +1,8 @@
 // Phone books and groups: keys, blocks and masks.
 #include <gtest/gtest.h>
 
-#include "alphad/drawn_page.h"
-#include "alphad/stored_record.h"
+#include "alphad/sending/drawn_page.h"
+#include "alphad/store/stored_record.h"
 #include "desk.h"
 #include "support/test_server.h"
 

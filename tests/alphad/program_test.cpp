@@ -6,7 +6,7 @@
 #include <rpc/rpc.h>
 #include <sysexits.h>
 
-#include "alphad/drawn_page.h"
+#include "alphad/sending/drawn_page.h"
 #include "desk.h"
 #include "support/test_server.h"
 

@@ -1,7 +1,7 @@
 // Logins, passwords, users' records, and the lists that name a login.
 #include <gtest/gtest.h>
 
-#include "alphad/stored_record.h"
+#include "alphad/store/stored_record.h"
 #include "desk.h"
 #include "support/test_server.h"
 

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "alphad/telex_order.h"
+#include "alphad/sending/telex_order.h"
 #include "desk.h"
 #include "support/test_server.h"
 
@@ -41,7 +41,7 @@ TEST_F(Telex, BecomesAJobOfItsUser) {
     EXPECT_EQ(record.comment, "A # B");
     EXPECT_EQ(record.phone, "402195");
     EXPECT_EQ(record.nettype, NETTYPE_TELEX);
-    EXPECT_EQ(record.status, static_cast<std::int32_t>(alphad::job_state::spooled));
+    EXPECT_EQ(record.status, send_spooled);
     EXPECT_EQ(record.maxretries, 3);
     EXPECT_EQ(server.files().read("spool/" + job.spool),
               telex("meier", "common:hansen", " 0", "A # B"));

@@ -1,7 +1,7 @@
 // Cover pages and letterheads: seen before they are sent, and given to the server.
 
-#include "alphad/demo_data.h"
-#include "alphad/page_block.h"
+#include "alphad/demo/demo_data.h"
+#include "alphad/sending/fax_page.h"
 #include "cli/desk_test.h"
 #include "cli/tiny_pdf.h"
 #include "output/failure.h"
@@ -33,7 +33,7 @@ class Cover : public desk_test {
         return path("square.png");
     }
 
-    std::string template_id() { return server_.store().directory.config("COVER"); }
+    std::string template_id() { return server_.store().configuration.value("COVER"); }
 };
 
 // Whether anything in these rows is black, right of the labels and left of the edge.
@@ -60,7 +60,7 @@ TEST_F(Cover, LooksAsItWillWhenItIsSent) {
     ASSERT_EQ(sent.status, 0) << sent.errors;
     const auto job = server_.jobs().at(0);
     EXPECT_EQ(server_.store().pages.count(job.record.faxid), 4);
-    const auto page = alphad::expand_page(*server_.store().pages.picture({job.record.faxid, 1, 0}));
+    const auto page = alphad::read_page(*server_.store().pages.picture({job.record.faxid, 1, 0}));
     ASSERT_EQ(page->rows.size(), expected.bits.size());
     const auto number = static_cast<std::ptrdiff_t>(870 * expected.row_bytes());
     const auto below = static_cast<std::ptrdiff_t>(940 * expected.row_bytes());
@@ -150,9 +150,9 @@ TEST_F(Cover, LetterheadIsNamedForItsPaper) {
     EXPECT_EQ(paper.at(2), made["id"]);
     EXPECT_EQ(paper.at(1), one);
     const auto page =
-        alphad::expand_page(*server_.store().pages.picture({made["id"].get<int>(), 1, 0}));
-    EXPECT_EQ(page->width, 1728);
-    EXPECT_EQ(page->height, 2286);
+        alphad::read_page(*server_.store().pages.picture({made["id"].get<int>(), 1, 0}));
+    EXPECT_EQ(page->size.width, 1728U);
+    EXPECT_EQ(page->size.height, 2286U);
 
     // Asked for before the first page: it went out bare, and the server was blamed for the other.
     expect_failure("print --paper 3 --to 1", exit_no_input, "no letterhead for paper 3",

@@ -4,7 +4,7 @@
 
 #include <tiffio.h>
 
-#include "alphad/demo_data.h"
+#include "alphad/demo/demo_data.h"
 #include "cli/desk_test.h"
 #include "output/failure.h"
 
@@ -50,7 +50,7 @@ class Documents : public desk_test {
 
 TEST_F(Documents, AreListedByPoolSelectionAndBlock) {
     const int job = printed();
-    server_.store().directory.set_config("JOURNALBLK", "2");
+    server_.store().configuration.set("JOURNALBLK", "2");
     std::vector<int> made;
     for (int i = 0; i < 5; ++i)
         made.push_back(server_.store().documents.create(TOPF_P, "zerdix", "many"));

@@ -3,7 +3,7 @@
 #include <arpa/inet.h>
 #include <gmock/gmock.h>
 
-#include "alphad/port_mapper.h"
+#include "alphad/net/port_mapper.h"
 #include "cli/program.h"
 #include "cli/tiny_pdf.h"
 #include "output/failure.h"

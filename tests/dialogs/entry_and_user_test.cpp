@@ -186,7 +186,7 @@ TEST_F(EntryAndUser, TheFirstUserIsSelectedUntilOneIsRemembered) {
         choose_user({expect_row(0), [](dialog_view& shown) { shown.user_double_clicks(2453, 1); }}),
         2451);
     EXPECT_STREQ(name, "zerdix");
-    EXPECT_EQ(alpha, server.store().directory.server_name().view());
+    EXPECT_EQ(alpha, server.store().configuration.server_name().view());
     expect_kept("zerdix", alpha);
 
     server.add_users(20); // between the two

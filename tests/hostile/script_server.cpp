@@ -82,7 +82,7 @@ script_server::script_server()
     if (bind(listener_, generic, length) != 0 || listen(listener_, SOMAXCONN) != 0 ||
         getsockname(listener_, generic, &length) != 0)
         throw std::runtime_error("no socket to listen on");
-    entry_.emplace(program(), wire::ZERDIX_VERS, address_);
+    entry_.emplace(program(), ZERDIX_VERS, address_);
     thread_ = std::thread([this] { serve(); });
 }
 

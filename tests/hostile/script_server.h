@@ -11,7 +11,7 @@
 #include <netinet/in.h>
 #include <thread>
 
-#include "alphad/port_mapper.h"
+#include "alphad/net/port_mapper.h"
 #include "support/test_server.h"
 #include "wire/wire_bytes.h"
 

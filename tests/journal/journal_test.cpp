@@ -197,7 +197,7 @@ TEST_F(Journal, PrintDocumentsBelongToThePrintUser) {
 
 TEST_F(Journal, TheCoverIdIsAskedForUntilThereIsOne) {
     EXPECT_EQ(journal.getCoverId(), 0);
-    server.store().directory.set_config("COVER", "17");
+    server.store().configuration.set("COVER", "17");
     EXPECT_EQ(journal.getCoverId(), 17);
     EXPECT_EQ(journal.getCoverId(), 17);
     EXPECT_EQ(server.calls(), (calls{74, 74}));

@@ -74,12 +74,12 @@ TEST_F(Connection, LanguagesHaveALetterAndALocale) {
 
 TEST_F(Connection, BlockSizesAreAskedOnceAndCut) {
     ASSERT_NE(connect(), nullptr);
-    auto& directory = server.store().directory;
+    auto& configuration = server.store().configuration;
     const std::tuple<const char*, std::int32_t, std::size_t> cases[] = {
         {"200", 200, 1}, {"201", 200, 1}, {"", 30, 2}, {"many", 30, 2}, {"1", 1, 1}};
     for (const auto& [value, size, asked] : cases) {
         rpc::session().lTelebookBlockSize = 0;
-        directory.set_config("PHONEBOOKB", value);
+        configuration.set("PHONEBOOKB", value);
         server.clear_calls();
         EXPECT_EQ(ZERDIX::clsGetTelebookBlockSize(), size) << value;
         EXPECT_EQ(ZERDIX::clsGetTelebookBlockSize(), size) << value;

@@ -137,7 +137,7 @@ TEST_F(DeskSession, TakesUsersWithTheirPasswords) {
     EXPECT_THAT(server.calls(), ElementsAre(75, 11, 35, 55, 12));
     EXPECT_EQ(login("zerdix and more", "zerdix"), 6);
     EXPECT_STREQ(ZERDIX::clsGetUserId(), "zerdix and");
-    server.store().directory.set_config("SINGLELOGIN", "1");
+    server.store().configuration.set("SINGLELOGIN", "1");
     test::raw_client elsewhere{server.program()};
     const a_get_login_i first{test::id("zerdix"), test::field<str20>("zerdix")};
     ASSERT_EQ(elsewhere.call(proc::a_get_login_1{}, first).status, 0);

@@ -66,7 +66,7 @@ TEST_F(TraceLines, WhatTheSessionIsAskedForAndTold) {
 }
 
 TEST_F(TraceLines, ABlockSize) {
-    auto& directory = server.store().directory;
+    auto& configuration = server.store().configuration;
     const std::string name = "ZERDIX::clsGetJournalBlockSize()";
     rpc::session().lJournalBlockSize = 0;
     lines();
@@ -81,12 +81,12 @@ TEST_F(TraceLines, ABlockSize) {
                 ElementsAre("Entry: <-- " + name,
                             MatchesRegex("Error: .*: Error RPC call, status: <.*> Socket rc: <n>"),
                             "Exit: --> " + name));
-    directory.set_config("JOURNALBLK", "");
+    configuration.set("JOURNALBLK", "");
     EXPECT_EQ(ZERDIX::clsGetJournalBlockSize(), 30);
     EXPECT_THAT(lines(),
                 ElementsAre("Entry: <-- " + name, "Info1: " + name + ": Journal block size 0",
                             "Exit: --> " + name + ": No Value for Id: JOURNALBLK, default is 30"));
-    directory.set_config("JOURNALBLK", "999");
+    configuration.set("JOURNALBLK", "999");
     EXPECT_EQ(ZERDIX::clsGetJournalBlockSize(), 200);
     EXPECT_THAT(lines(),
                 ElementsAre("Entry: <-- " + name, "Info1: " + name + ": Journal block size 999",

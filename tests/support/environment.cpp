@@ -32,7 +32,7 @@ client_environment::client_environment(const std::filesystem::path& folder)
       settings_value_("ZERDIX_INI", settings_.string()) {}
 
 std::uint32_t client_environment::program() const {
-    return wire::ZERDIX_PROG + static_cast<std::uint32_t>(offset_);
+    return ZERDIX_PROG + static_cast<std::uint32_t>(offset_);
 }
 
 std::vector<int> read_calls(const std::filesystem::path& file) {

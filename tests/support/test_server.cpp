@@ -9,7 +9,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "alphad/service.h"
+#include "alphad/net/service.h"
 
 namespace zerdix::test {
 
@@ -194,7 +194,7 @@ std::vector<alphad::send_job> test_server::jobs() {
 }
 
 void test_server::set_config(const std::string& id, const std::string& value) {
-    store().directory.set_config(id, value);
+    store().configuration.set(id, value);
 }
 
 namespace {

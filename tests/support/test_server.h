@@ -15,7 +15,7 @@
 #include <sys/types.h>
 #include <vector>
 
-#include "alphad/store.h"
+#include "alphad/store/store.h"
 #include "platform/scratch.h"
 
 namespace zerdix::test {

@@ -16,7 +16,7 @@ class Telebook : public connected_test {
 
     void set_block_size(const char* size) {
         rpc::session().lTelebookBlockSize = 0;
-        server.store().directory.set_config("PHONEBOOKB", size);
+        server.store().configuration.set("PHONEBOOKB", size);
     }
 
     void put_groups(int count) {

@@ -16,10 +16,6 @@
 
 namespace zerdix::wire {
 
-// Program and version of the Alpha server, before the offset of ZERDIXRPCOFFSET.
-using zerdix::ZERDIX_PROG;
-using zerdix::ZERDIX_VERS;
-
 namespace proc {
 #define ZERDIX_PROCEDURE(procedure_number, procedure_name, argument_type, result_type)             \
     struct procedure_name {                                                                        \

@@ -1,0 +1,72 @@
+#include "alphad/sending/fax_tiff.h"
+
+#include <ctime>
+#include <memory>
+#include <tiffio.h>
+
+namespace zerdix::alphad {
+
+namespace {
+
+constexpr double across = 204, fine = 196, normal = 98; // dots per inch
+
+struct close_tiff {
+    void operator()(TIFF* file) const { TIFFClose(file); }
+};
+
+std::string tiff_time() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    char text[32];
+    std::strftime(text, sizeof text, "%Y:%m:%d %H:%M:%S", &local);
+    return text;
+}
+
+void set_form(TIFF* file, const page_picture& page, bool is_normal) {
+    TIFFSetField(file, TIFFTAG_IMAGEWIDTH, page.size.width);
+    TIFFSetField(file, TIFFTAG_IMAGELENGTH, page.size.height);
+    TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 1);
+    TIFFSetField(file, TIFFTAG_SAMPLESPERPIXEL, 1);
+    TIFFSetField(file, TIFFTAG_COMPRESSION, COMPRESSION_CCITTFAX4);
+    TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
+    TIFFSetField(file, TIFFTAG_FILLORDER, FILLORDER_MSB2LSB);
+    TIFFSetField(file, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
+    TIFFSetField(file, TIFFTAG_ROWSPERSTRIP, page.size.height);
+    TIFFSetField(file, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
+    TIFFSetField(file, TIFFTAG_XRESOLUTION, across);
+    TIFFSetField(file, TIFFTAG_YRESOLUTION, is_normal ? normal : fine);
+}
+
+void set_labels(TIFF* file, const spooled_picture& picture, std::size_t index) {
+    TIFFSetField(file, TIFFTAG_SUBFILETYPE, FILETYPE_PAGE);
+    TIFFSetField(file, TIFFTAG_PAGENUMBER, static_cast<int>(index),
+                 static_cast<int>(picture.pages.size()));
+    TIFFSetField(file, TIFFTAG_DOCUMENTNAME, picture.title.c_str());
+    TIFFSetField(file, TIFFTAG_IMAGEDESCRIPTION, picture.description.c_str());
+    TIFFSetField(file, TIFFTAG_DATETIME, tiff_time().c_str());
+    TIFFSetField(file, TIFFTAG_SOFTWARE, "alphad");
+}
+
+// The encoder reads the rows and doesn't change them.
+bool write_rows(TIFF* file, const page_picture& page) {
+    auto* rows = const_cast<unsigned char*>(page.rows.data());
+    return TIFFWriteEncodedStrip(file, 0, rows, static_cast<tmsize_t>(page.rows.size())) >= 0;
+}
+
+} // namespace
+
+bool write_fax_tiff(const std::filesystem::path& file_name, const spooled_picture& picture) {
+    const std::unique_ptr<TIFF, close_tiff> file{TIFFOpen(file_name.c_str(), "w")};
+    if (!file)
+        return false;
+    for (std::size_t i = 0; i < picture.pages.size(); ++i) {
+        set_form(file.get(), picture.pages[i], picture.normal);
+        set_labels(file.get(), picture, i);
+        if (!write_rows(file.get(), picture.pages[i]) || !TIFFWriteDirectory(file.get()))
+            return false;
+    }
+    return TIFFFlush(file.get()) == 1;
+}
+
+} // namespace zerdix::alphad
