@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include <zerdix/journal.h>
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
 #include "platform/encoding.h"
@@ -15,7 +16,6 @@ namespace {
 
 // More documents than this that were made meanwhile aren't looked through.
 constexpr std::int32_t most_looked_at = 5000;
-constexpr const char* administrator = "FAXADM"; // under whose name all desks can be reached
 
 class new_connection {
   public:
