@@ -66,6 +66,22 @@ TEST_F(UserRecords, ASetterFetchesOnceAndWritesTheWholeRecord) {
     EXPECT_EQ(preferences.auxtext2, before.auxtext2);
 }
 
+TEST(DeviceBits, AreTheProtocols) {
+    using z = ZERDIX;
+    const std::int32_t features[] = {
+        z::clssetHWFNormal(), z::clssetHWFFine(),     z::clssetHWFRes1(),  z::clssetHWFRes2(),
+        z::clssetHWFScan(),   z::clssetHWFHalftone(), z::clssetHWFPrint(), z::clssetHWFReceive(),
+        z::clssetHWFSend(),   z::clssetHWFTelex()};
+    const std::int32_t actions[] = {
+        z::clssetATPrintSend(), z::clssetATPrintError(), z::clssetATPrintReceive(),
+        z::clssetATMailSend(),  z::clssetATMailError(),  z::clssetATMailReceive(),
+        z::clssetATLampSend(),  z::clssetATLampError(),  z::clssetATLampReceive(),
+        z::clssetATVoiceSend(), z::clssetATVoiceError(), z::clssetATVoiceReceive()};
+    EXPECT_THAT(features, ElementsAre(1, 2, 4, 8, 0x10, 0x20, 0x40, 0x80, 0x100, 0x200));
+    EXPECT_THAT(actions,
+                ElementsAre(1, 2, 4, 8, 0x10, 0x20, 0x40, 0x80, 0x100, 0x200, 0x400, 0x800));
+}
+
 TEST_F(UserRecords, APriorityOutOfRangeIsRefusedHere) {
     for (const auto priority : std::initializer_list<std::int16_t>{-1, 101, 32767})
         EXPECT_EQ(session.setPriority(priority), 4);
@@ -198,6 +214,7 @@ TEST_F(UserRecords, TheBoardSendsWhatIsNew) {
     std::vector<std::int32_t> stamps;
     server.on(proc::a_get_board_1{}, [&](const a_get_board_i& wanted, a_get_board_o& answer) {
         stamps.push_back(wanted.stamp);
+        EXPECT_EQ(wanted.language, "german_germany");
         for (std::int32_t i = newest; i > wanted.stamp; --i) {
             auto* entry = wire::new_node<a_board_entry>();
             entry->value = i;

@@ -151,7 +151,9 @@ TEST_F(JobTrace, APoolDocumentThatCannotMoveStaysAndTheUserIsGivenBack) {
         const std::size_t desk = server.desk("zerdix").size();
         open_job_with_pages("");
         server.refuse(procedure);
+        std::strcpy(alphaid, "elsewhere");
         EXPECT_EQ(SendFaxDoc(), 8);
+        EXPECT_STREQ(ZERDIX::clsGetAlphaServer(), "127.0.0.1");
         expect_told("Error: SendFaxDoc(): (" + std::string{what} +
                     ") Problems with RPC connection");
         EXPECT_THAT(server.desk("zerdix"), SizeIs(desk + 1));

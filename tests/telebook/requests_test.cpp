@@ -32,6 +32,10 @@ class Requests : public ::testing::Test {
 };
 
 TEST_F(Requests, RightsAreTheUnionOfWhatApplies) {
+    EXPECT_EQ(
+        (std::array{TELEBOOK::clssetPRead(), TELEBOOK::clssetPExecute(), TELEBOOK::clssetPAdd(),
+                    TELEBOOK::clssetPModify(), TELEBOOK::clssetPDelete(), TELEBOOK::clssetPPerm()}),
+        (std::array<char, 6>{1, 2, 4, 8, 16, 32}));
     server.on(proc::a_get_members_1{}, [](const str10& group, a_get_members_o& answer) {
         if (group == "ggggggggggg")
             push_front(answer, a_member_rec{{"alpha"}, {"zerdix"}, {}});
@@ -147,6 +151,9 @@ TEST_F(Requests, AQueryCarriesItsParametersAndGivesTheStatusOfAFailure) {
     EXPECT_EQ(asked.params[0], "first");
     EXPECT_TRUE(asked.params[1].empty() && asked.params[8].empty());
     EXPECT_EQ(asked.params[9], longest.substr(0, 81)) << "all of the field, without a NUL";
+    books.queryExternTBook("b", "0", "1", "2", "3", "4", "5", "6", "7", "8", "9");
+    for (std::size_t i = 0; i < asked.params.size(); ++i)
+        EXPECT_EQ(asked.params[i], std::to_string(i));
 
     server.fail(90, 1, RPC_CANTSEND);
     EXPECT_EQ(query(), -3);
@@ -155,7 +162,7 @@ TEST_F(Requests, AQueryCarriesItsParametersAndGivesTheStatusOfAFailure) {
     EXPECT_EQ(query(), -5);
     EXPECT_EQ(ZERDIX::clsGetClient(), nullptr);
     EXPECT_EQ(query(), 12);
-    EXPECT_EQ(server.calls().size(), 3u);
+    EXPECT_EQ(server.calls().size(), 4u);
 }
 
 TEST_F(Requests, AFetchReleasesTheOneBeforeInAnyCase) {

@@ -49,13 +49,4 @@ TEST(Procedures, TheLibraryHasAStubOfEach) {
             << name;
 }
 
-TEST(Procedures, NamesLeadToRecords) {
-    EXPECT_STREQ(proc::a_send_doc_1::name, "a_send_doc_1");
-    EXPECT_EQ(proc::a_send_doc_1::number, 25u);
-    static_assert(std::is_same_v<proc::a_send_doc_1::argument, a_send_doc_i>);
-    static_assert(std::is_same_v<proc::a_send_doc_1::result, std::int32_t>);
-    static_assert(std::is_same_v<proc::o_get_tbookl_1::argument, o_get_tbookl_i>);
-    static_assert(std::is_same_v<proc::a_get_tz_1::argument, none>);
-}
-
 } // namespace
