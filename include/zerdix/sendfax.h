@@ -11,8 +11,9 @@
  * (1) There is one job per process at a time, and all calls come from one thread. No call carries
  *     a job handle.
  * (2) Results are 32 bits wide: 0 success, 4 a refusal that isn't a failure, 8 failure. 4 of
- *     SetFaxMergeData is a success too. The reason of a failure stands in the error log (see
- *     zerdix/trace.h).
+ *     SetFaxMergeData is a success too. What came of a job, receiver by receiver, which step
+ *     failed and why, and what of the merge data wasn't taken, stands in its outcome
+ *     (zerdix/outcome.h); failures stand in the error log, too (zerdix/trace.h).
  * (3) The library keeps no pointer that is handed in beyond the call, the window reference apart.
  * (4) Text is Windows-1252.
  * (5) A call that reaches the server blocks for up to 25 seconds.
