@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include "cli/program.h"
-#include "cli/tiny_pdf.h"
 #include "output/failure.h"
 #include "support/test_server.h"
 
@@ -125,8 +124,7 @@ TEST_F(Print, NamesTheCommandThatSendsTheRest) {
                                        "0 of 2 send jobs had been made"));
     EXPECT_EQ(server_.jobs().size(), 1U);
 
-    const std::string password = server_.folder() / "password";
-    write_file(password, "zerdix\n");
+    const std::string password = server_.folder().write("password", "zerdix\n");
     const auto send = [&](std::vector<std::string> options) {
         options.insert(options.begin(), {"send", "desk:" + id, "--password-file", password});
         return run_zerdix(options);
