@@ -1,5 +1,6 @@
 // Whole print jobs of the real program, and jobs that go wrong: nothing may stay on the desk.
 
+#include <fstream>
 #include <gmock/gmock.h>
 
 #include "cli/program.h"
@@ -124,7 +125,8 @@ TEST_F(Print, NamesTheCommandThatSendsTheRest) {
                                        "0 of 2 send jobs had been made"));
     EXPECT_EQ(server_.jobs().size(), 1U);
 
-    const std::string password = server_.folder().write("password", "zerdix\n");
+    const std::string password = server_.folder() / "password";
+    std::ofstream(password) << "zerdix\n";
     const auto send = [&](std::vector<std::string> options) {
         options.insert(options.begin(), {"send", "desk:" + id, "--password-file", password});
         return run_zerdix(options);
