@@ -4,6 +4,9 @@
 
 #include "platform/host_lookup.h"
 
+// Made here for sources that include session.h without call.h.
+template class zerdix::held_result<a_user_rec>;
+
 namespace zerdix::rpc {
 
 session_state& session() {

@@ -20,6 +20,17 @@ struct call_error {
     std::int32_t socket_rc; // errno
 };
 
+// The record of the session's user. A session that is assigned brings its own and forgets the other
+// one, which isn't released.
+class kept_user_record : public held_result<a_user_rec> {
+  public:
+    kept_user_record() = default;
+    kept_user_record& operator=(kept_user_record&& other) noexcept {
+        attach(other.detach());
+        return *this;
+    }
+};
+
 struct session_state {
     std::int32_t lLoginId = 0; // 0: not logged on
     client* pclient = nullptr;
@@ -29,7 +40,7 @@ struct session_state {
     str35 str35AlphaServer{};
     std::int32_t lJournalBlockSize = 0; // 0: not asked for yet
     std::int32_t lTelebookBlockSize = 0;
-    held_result<a_user_rec> pauserrec; // the user's defaults as last fetched, null: not yet
+    kept_user_record pauserrec; // the user's defaults as last fetched, null: not yet
     call_error last_failed_call{RPC_SUCCESS, 0};
     std::uint32_t failed_calls = 0;
 };
