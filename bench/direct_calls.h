@@ -7,6 +7,8 @@
 #include <cstdarg>
 #include <vector>
 
+#include <zerdix/call_time.h>
+
 #include "bench/measure.h"
 #include "rpc/wire/stub.h"
 
@@ -59,7 +61,7 @@ class direct_client {
     // The result takes as many bytes as it has.
     void call(std::uint32_t number, bytes_on_wire& argument, bytes_on_wire& result) {
         const clnt_stat status = clnt_call(handle_, number, &opaque_bytes, &argument, &opaque_bytes,
-                                           &result, (timeval{wire::call_seconds, 0}));
+                                           &result, (timeval{call_seconds, 0}));
         require(status == RPC_SUCCESS, "clnt_call");
     }
 

@@ -65,7 +65,7 @@ void require_same(const imaging::LeadBitmap& ours, PIX* theirs, const char* what
 
 // The picture of a page in stored form, white-first.
 void read_page(imaging::LeadBitmap& bitmap, bench::page_bytes page) {
-    pages::mirror_bits(std::span{page}.subspan(imaging::block_header_size));
+    pages::mirror_bits(std::span{page}.subspan(pages::block_header_size));
     for (const std::size_t at : {0, 4})
         std::reverse(&page[at], &page[at] + 4);
     require(imaging::is_whole_block(page.data(), page.size()) &&

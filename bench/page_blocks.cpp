@@ -15,13 +15,13 @@
 
 namespace {
 
-namespace sendfax = zerdix::sendfax;
+namespace pages = zerdix::pages;
 
 // As StoreFaxPage hands a page to the codec.
 std::vector<unsigned char> stored_form(const std::vector<unsigned char>& block) {
     std::vector<unsigned char> turned(block.size());
     pages::turn_rows(block, turned);
-    zerdix::pages::mirror_and_invert(std::span{turned}.subspan(pages::block_header_size));
+    pages::mirror_and_invert(std::span{turned}.subspan(pages::block_header_size));
     return turned;
 }
 

@@ -128,8 +128,8 @@ bool compare_heap(const page_bytes& driver, const page_bytes& compressed) {
     const std::size_t peak = after.peak - before.bytes;
     std::printf("  heap: peak %zu bytes above the caller's block: work buffer %zu, compressed page "
                 "%zu\n        in a block of %zu, codec's tables %zu\n",
-                peak, driver.size(), compressed.size(), output, imaging::table_bytes);
-    const auto beside = static_cast<double>(peak) - static_cast<double>(imaging::table_bytes);
+                peak, driver.size(), compressed.size(), output, pages::table_bytes);
+    const auto beside = static_cast<double>(peak) - static_cast<double>(pages::table_bytes);
     const bool small =
         bench::bar("peak heap without the codec's tables", beside / 1024,
                    static_cast<double>(driver.size() + output + whole_pages) / 1024, "KiB");
