@@ -9,6 +9,7 @@
 #include <zerdix/journal.h>
 #include <zerdix/page.h>
 #include <zerdix/telebook.h>
+#include <zerdix/timetext.h>
 #include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
