@@ -4,11 +4,13 @@
 #include <memory>
 #include <tiffio.h>
 
+#include <zerdix/page.h>
+
 namespace zerdix::alphad {
 
 namespace {
 
-constexpr double across = 204, fine = 196, normal = 98; // dots per inch
+constexpr double across = ZX_DPI_ACROSS, fine = ZX_DPI_FINE, normal = ZX_DPI_NORMAL;
 
 struct close_tiff {
     void operator()(TIFF* file) const { TIFFClose(file); }

@@ -1,9 +1,4 @@
-// A page as it comes from the server, made readable.
-//
-// What the expander gives is the expanded form of the page block: width and height, each byte with
-// its bits mirrored, most significant byte first, then the rows from the top, eight pixels a byte,
-// leftmost pixel in bit 7, a set bit black. The server's stored form has the bits of all these
-// bytes the other way round.
+// A page as it comes from the server, made readable: zerdix/page.h, with failures of this program.
 #ifndef ZERDIX_APP_PICTURES_STORED_PAGE_H
 #define ZERDIX_APP_PICTURES_STORED_PAGE_H
 
@@ -16,7 +11,7 @@ namespace zerdix::app {
 struct page_picture {
     std::uint32_t width;
     std::uint32_t rows;
-    std::vector<unsigned char> bits; // as in the expanded form, without the header
+    std::vector<unsigned char> bits; // as the rows of zx_page
 
     std::size_t row_bytes() const { return (std::size_t{width} + 7) / 8; }
 };
@@ -24,8 +19,8 @@ struct page_picture {
 // Throws failure, without naming the page, when the bytes aren't a whole page.
 page_picture expand_page(const unsigned char* compressed, std::size_t size);
 
-// The bytes that the server keeps of a picture: the page block in its stored form, compressed. The
-// width is a multiple of 8. Throws failure when there is no memory.
+// The bytes that the server keeps of a picture. Throws failure when there is no memory, and for a
+// picture without a size.
 std::vector<unsigned char> store_page(const page_picture& picture);
 
 } // namespace zerdix::app

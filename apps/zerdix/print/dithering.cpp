@@ -3,9 +3,13 @@
 #include <array>
 #include <cstdint>
 
+#include <zerdix/page.h>
+
 namespace zerdix::app {
 
 namespace {
+
+constexpr std::size_t header_bytes = 8;
 
 // The order in which the 64 pixels of a cell turn white: each bit of the two coordinates, the
 // lowest first, halves the distance between the dots.
@@ -33,11 +37,6 @@ constexpr threshold_table make_thresholds() {
 
 constexpr threshold_table thresholds = make_thresholds();
 
-void put_number(std::vector<unsigned char>& block, std::uint32_t value) {
-    for (int shift = 24; shift >= 0; shift -= 8)
-        block.push_back(static_cast<unsigned char>(value >> shift));
-}
-
 unsigned char eight_pixels(const unsigned char* pixels, const std::array<unsigned char, 8>& over) {
     unsigned byte = 0;
     for (std::size_t i = 0; i < 8; ++i)
@@ -50,10 +49,10 @@ unsigned char eight_pixels(const unsigned char* pixels, const std::array<unsigne
 std::vector<unsigned char> driver_block(const grey_page& page) {
     const std::size_t row_bytes = static_cast<std::size_t>(page.width) / 8;
     const std::size_t rows = static_cast<std::size_t>(page.rows);
-    std::vector<unsigned char> block;
-    block.reserve(8 + rows * row_bytes);
-    put_number(block, static_cast<std::uint32_t>(page.width));
-    put_number(block, static_cast<std::uint32_t>(page.rows));
+    std::vector<unsigned char> block(header_bytes);
+    block.reserve(header_bytes + rows * row_bytes);
+    WritePageHeader(block.data(), static_cast<std::uint32_t>(page.width),
+                    static_cast<std::uint32_t>(page.rows));
     for (std::size_t y = rows; y-- > 0;) {
         const unsigned char* row = page.pixels + y * page.stride;
         for (std::size_t i = 0; i < row_bytes; ++i)

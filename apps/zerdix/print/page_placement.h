@@ -9,11 +9,13 @@
 
 #include <cstdint>
 
+#include <zerdix/page.h>
+
 namespace zerdix::app {
 
-constexpr int fax_width = 1728;
-constexpr double fax_dpi_across = 204;
-constexpr double fax_dpi_down = 196;
+constexpr int fax_width = ZX_PAGE_WIDTH;
+constexpr double fax_dpi_across = ZX_DPI_ACROSS;
+constexpr double fax_dpi_down = ZX_DPI_FINE;
 constexpr int fax_longest_page = 32767; // rows
 
 struct page_placement {
