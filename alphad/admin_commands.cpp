@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/admin_commands.h"
 
 #include <fstream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What an administrator does to a store from the command line, also while the server runs on it.
 // Texts are UTF-8. What can't be done is an admin_error with a sentence.
 #ifndef ZERDIX_ALPHAD_ADMIN_COMMANDS_H

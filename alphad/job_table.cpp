@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/job_table.h"
 
 #include <algorithm>

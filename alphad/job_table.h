@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The send jobs of a store, for people and for programs.
 #ifndef ZERDIX_ALPHAD_JOB_TABLE_H
 #define ZERDIX_ALPHAD_JOB_TABLE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // alphad, the stand-in Alpha server.
 #include <CLI/CLI.hpp>
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Export and import of a phone book against the remote calls that they make, made alone: the same
 // procedures with the same arguments and answers, through the same stubs, to a server that answers
 // at once. Each in two sizes: the processor time that a transfer takes may grow only as the book

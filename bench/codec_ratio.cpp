@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The page codec against compress, uncompress and gzip -dc on the same bytes in the same run.
 //
 //     codec_ratio [page-block-file...]

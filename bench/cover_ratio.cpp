@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A cover page beside its own compression, and memory over a thousand of them.
 //
 // A cover page of ten commands with signature and barcode is composed, with all its remote calls to

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The send dialog in its window, on a phone book of 100,000 entries.
 //
 //   opening: from the call to the first picture on the screen, beside a window of the same controls

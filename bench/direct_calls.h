@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Calls made directly through the RPC library, with argument and result as runs of bytes that
 // nobody looks into: the peer of what the library does.
 #ifndef ZERDIX_BENCH_DIRECT_CALLS_H

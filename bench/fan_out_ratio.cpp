@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fan-out of a print job against the same number of calls made directly through the RPC
 // library: the same bytes to the same procedure of the same server, which answers at once.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/heap_count.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Counts the heap of the whole program: the file beside it stands in for malloc and its family, for
 // every library of the process. Sizes are what malloc really set aside, which for large blocks are
 // whole pages. One thread only.

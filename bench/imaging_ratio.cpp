@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A quarter turn, laying two pages over each other and stretching one for it, against Leptonica,
 // which also has to come to the same pictures.
 //

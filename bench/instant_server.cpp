@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/instant_server.h"
 
 #include <chrono>

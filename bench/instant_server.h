@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A server that does nothing: the peer of measurements of the client's side.
 //
 // A child process on loopback, registered with the port mapper under the program number that the

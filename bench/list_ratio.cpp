@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading lists against the same bytes and the same number of calls through the RPC library, with
 // argument and result as runs of bytes that nobody looks into, from the same server.
 //

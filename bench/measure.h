@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the ratio programs share: the best time of several runs, and a bar with its verdict.
 #ifndef ZERDIX_BENCH_MEASURE_H
 #define ZERDIX_BENCH_MEASURE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Page blocks in stored form out of a PDF, for the codec's benchmark.
 //
 //     page_blocks FILE.pdf FOLDER [COUNT]      COUNT pages, spread evenly; all without it

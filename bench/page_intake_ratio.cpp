@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What StoreFaxPage costs beside the codec and the remote calls, and the heap that it takes, for
 // fax pages of 1,728 by 2,286 pixels and a server that answers at once.
 //

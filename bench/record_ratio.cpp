@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Decoding a record against the same record taken field by field through the RPC library's own
 // filters, as a stub generator writes them: texts by xdr_vector of xdr_char, numbers by xdr_int and
 // xdr_short. Both read the same bytes out of memory, in turns, and the best of each counts.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/sample_pages.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fax pages in stored form to measure on.
 #ifndef ZERDIX_BENCH_SAMPLE_PAGES_H
 #define ZERDIX_BENCH_SAMPLE_PAGES_H

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Everything that is called and not written here. All of it is Debian packages (scripts/setup). What
 # the library needs has to be there; a part whose needs aren't there is turned off, and configuring
 # says so.

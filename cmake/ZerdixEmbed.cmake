@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # zerdix_embed(TARGET SYMBOL FILE)
 # Adds to a target the bytes of a file, as they are when it is built: a `std::string_view` of that
 # name in namespace zerdix. Run as a script, it writes the source.

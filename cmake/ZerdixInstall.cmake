@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What a driver's or a client's author needs: the library, its headers, a pkg-config file and a
 # CMake package. Programs and man pages are installed by their own folders.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # The settings file of a machine: messages and dialogs in the system's language, and an error log of
 # each user's own. One lies in the build folder, for the programs that run there; an installation
 # puts one in place where there is none yet.

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # One target per room. A room is a static library that the shared library takes whole and that
 # tests may link on their own.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A desktop client: logs a user on, shows the inbox, writes the first page of the
 // first one as a picture, and shows the phone books. Text is Windows-1252 throughout.
 //

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* A fax printer driver: prints one page, black below and white above, to the receivers named on
  * the command line. A real driver has its pages from the printing system. */
 #include <stdio.h>

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* A driver that lives long: takes print jobs from its standard input, one after the other, answers
  * each line with a line, and goes on when a job fails. The lines of a job:
  *

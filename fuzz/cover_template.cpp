@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as the text of a cover template, and the same bytes as form and signature: what the
 // commands draw stays on the page. Everything that a command could show is there to be shown. Drawn
 // twice it gives the same picture, and the bits behind the last pixel of each row stay 0.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a compressed page: the expander gives what the naive one gives. What it gives,
 // compressed and expanded again, comes back mirrored.
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as the merge data of a job that has no server. The receivers are those that a second
 // reading of the text finds, in its order; all else that the text sets stays in its range; a
 // recipient group ends it, since its members can't be had.

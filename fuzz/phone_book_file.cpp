@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a phone book file: read line by line as the import does. Every line gives an entry
 // whose texts end within their fields; written as a line and read again it is the same entry.
 #include <cstdlib>

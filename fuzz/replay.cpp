@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Stands in for libFuzzer's main: runs a fuzzer once over each file of the folders named.
 #include <cstdint>
 #include <cstdio>

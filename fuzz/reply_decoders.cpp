@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as the result of any procedure: the first byte chooses the procedure, the second how
 // the bytes are cut up on their way, the rest is the result's body.
 //

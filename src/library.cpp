@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The shared library is the rooms, whole, and the one application object, which comes up when the
 // library is loaded. Of all that is made then the tracer alone comes before it.
 #include "dialogs/application.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/answers/document_records.h"
 
 #include <zerdix/values.h>

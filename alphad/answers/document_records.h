@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Documents as the records of the protocol that stand for them.
 #ifndef ZERDIX_ALPHAD_ANSWERS_DOCUMENT_RECORDS_H
 #define ZERDIX_ALPHAD_ANSWERS_DOCUMENT_RECORDS_H

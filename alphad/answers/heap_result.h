@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Results on the heap, as the release filters of the protocol expect them.
 #ifndef ZERDIX_ALPHAD_ANSWERS_HEAP_RESULT_H
 #define ZERDIX_ALPHAD_ANSWERS_HEAP_RESULT_H

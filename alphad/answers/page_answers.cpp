@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/answers/answers.h"
 #include "alphad/answers/heap_result.h"
 #include "alphad/sending/fax_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a user may not read isn't there for them: it doesn't stand in lists, and looking it up gives
 // an empty record.
 #include "alphad/answers/answers.h"

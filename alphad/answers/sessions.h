@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Who is logged in. Login ids are numbers from 1 on; they live as long as the process.
 #ifndef ZERDIX_ALPHAD_ANSWERS_SESSIONS_H
 #define ZERDIX_ALPHAD_ANSWERS_SESSIONS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/demo/demo_data.h"
 
 #include "alphad/store/external_phone_book.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Something to try the server with: two users with passwords and preferences, a group of users,
 // phone books and recipient groups, printers and scanners, messages on the board, settings; and
 // documents, which a server that is only to be tested does without, as it does without the last:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/demo/demo_data.h"
 #include "alphad/sending/drawn_page.h"
 #include "alphad/store/log_text.h"

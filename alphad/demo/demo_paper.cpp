@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/demo/demo_paper.h"
 
 #include <algorithm>

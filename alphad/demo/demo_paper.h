@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Paper to draw on, for the demo data's cover page, letterhead and signature.
 #ifndef ZERDIX_ALPHAD_DEMO_DEMO_PAPER_H
 #define ZERDIX_ALPHAD_DEMO_DEMO_PAPER_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/net/call.h"
 
 namespace zerdix::alphad {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One call of a client: its head, its argument, and the reply to it (RFC 5531, chapter 9).
 #ifndef ZERDIX_ALPHAD_NET_CALL_H
 #define ZERDIX_ALPHAD_NET_CALL_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One client's connection: bytes in until a whole record is there, bytes out as fast as the client
 // takes them. Nothing here waits, so that no client holds up another one.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From a call's number to its answer and back to the caller.
 #ifndef ZERDIX_ALPHAD_NET_DISPATCH_H
 #define ZERDIX_ALPHAD_NET_DISPATCH_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The server's entry in this machine's port mapper.
 #ifndef ZERDIX_ALPHAD_NET_PORT_MAPPER_H
 #define ZERDIX_ALPHAD_NET_PORT_MAPPER_H

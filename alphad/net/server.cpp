@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/net/server.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The RPC server: a listening socket, the port mapper's entry for it, and the loop that takes
 // calls.
 //

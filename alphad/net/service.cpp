@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/net/service.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The server with all that belongs to it, put together.
 #ifndef ZERDIX_ALPHAD_NET_SERVICE_H
 #define ZERDIX_ALPHAD_NET_SERVICE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/sending/drawn_page.h"
 
 #include <array>

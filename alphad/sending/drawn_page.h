@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A page for demo and test documents, drawn here: a frame, a heading over a rule, lines of text.
 #ifndef ZERDIX_ALPHAD_SENDING_DRAWN_PAGE_H
 #define ZERDIX_ALPHAD_SENDING_DRAWN_PAGE_H

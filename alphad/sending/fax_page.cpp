@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/sending/fax_page.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A stored page as a fax: its picture, and whether it has one.
 #ifndef ZERDIX_ALPHAD_SENDING_FAX_PAGE_H
 #define ZERDIX_ALPHAD_SENDING_FAX_PAGE_H

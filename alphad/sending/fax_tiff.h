@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pages of a fax as a multi-page TIFF file in Group 4 coding.
 #ifndef ZERDIX_ALPHAD_SENDING_FAX_TIFF_H
 #define ZERDIX_ALPHAD_SENDING_FAX_TIFF_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sends and prints documents: makes outgoing documents with their send jobs, and files in the spool
 // folder of what would go over the line or to a printer.
 #ifndef ZERDIX_ALPHAD_SENDING_SENDING_H

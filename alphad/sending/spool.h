@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The spool folder and the files in it. What stands in a file is its writer's matter.
 #ifndef ZERDIX_ALPHAD_SENDING_SPOOL_H
 #define ZERDIX_ALPHAD_SENDING_SPOOL_H

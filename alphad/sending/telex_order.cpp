@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/sending/telex_order.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The control record in front of a telex text: one line of items, each between two "#".
 #ifndef ZERDIX_ALPHAD_SENDING_TELEX_ORDER_H
 #define ZERDIX_ALPHAD_SENDING_TELEX_ORDER_H

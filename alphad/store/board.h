@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bulletin board: short messages, numbered from 1 on in the order in which they came.
 #ifndef ZERDIX_ALPHAD_STORE_BOARD_H
 #define ZERDIX_ALPHAD_STORE_BOARD_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Who may do what with a phone book or a recipient group.
 #ifndef ZERDIX_ALPHAD_STORE_BOOK_RIGHTS_H
 #define ZERDIX_ALPHAD_STORE_BOOK_RIGHTS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The server's configuration values, and its name among them.
 #ifndef ZERDIX_ALPHAD_STORE_CONFIGURATION_H
 #define ZERDIX_ALPHAD_STORE_CONFIGURATION_H

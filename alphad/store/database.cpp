@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/store/database.h"
 
 #include <new>

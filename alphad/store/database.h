@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SQLite with values in and out: a connection, a statement, a transaction. All text is bound and
 // read as bytes, so that it compares as unsigned bytes, whatever its encoding.
 #ifndef ZERDIX_ALPHAD_STORE_DATABASE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Printers and scanners, as far as this server has any: it prints into the spool folder and scans
 // a test page.
 #ifndef ZERDIX_ALPHAD_STORE_DEVICES_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Documents of the three pools, without their pages.
 #ifndef ZERDIX_ALPHAD_STORE_DOCUMENTS_H
 #define ZERDIX_ALPHAD_STORE_DOCUMENTS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A phone book outside this server: a dozen invented entries, to try external phone books with.
 //
 // A query is answered at once and kept until it is fetched.

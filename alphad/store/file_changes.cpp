@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/store/file_changes.h"
 
 namespace zerdix::alphad {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files of the spool folder that are to appear or to go, put down with the work that they belong
 // to: the folder follows once that work is in the store for good, at the next start if need be.
 #ifndef ZERDIX_ALPHAD_STORE_FILE_CHANGES_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/store/jobs.h"
 
 #include <ctime>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Send jobs. Each belongs to an outgoing document, the server's own copy of what was on the desk.
 #ifndef ZERDIX_ALPHAD_STORE_JOBS_H
 #define ZERDIX_ALPHAD_STORE_JOBS_H

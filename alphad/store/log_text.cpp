@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/store/log_text.h"
 
 #include <ctime>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lines of document logs: how they are written, and how they read for people.
 //
 // A line is the time in 24 characters, two blanks, an event ("$ps.page_no_completed:") and values,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/store/logs.h"
 
 #include <limits>

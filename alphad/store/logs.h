@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The logs of documents: lines in the order in which they came, by position from 0 on.
 #ifndef ZERDIX_ALPHAD_STORE_LOGS_H
 #define ZERDIX_ALPHAD_STORE_LOGS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pages of documents. A page is a number from 1 on; it holds one picture for each picture type
 // it exists in, or none. Pictures are opaque bytes here.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Passwords, which are kept as salted hashes only.
 #ifndef ZERDIX_ALPHAD_STORE_PASSWORD_H
 #define ZERDIX_ALPHAD_STORE_PASSWORD_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/store/phone_books.h"
 
 namespace zerdix::alphad {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Phone books with their entries, and recipient groups with their members.
 //
 // Lists run in the order of their keys, compared as unsigned bytes over the whole field; a start

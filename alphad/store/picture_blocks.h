@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bytes of pictures, in rows of a limited length: a block that comes is added without touching
 // those before it, and a part is read without the rest.
 #ifndef ZERDIX_ALPHAD_STORE_PICTURE_BLOCKS_H

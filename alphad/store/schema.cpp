@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/store/schema.h"
 
 #include "alphad/store/configuration.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tables of the store and their version.
 #ifndef ZERDIX_ALPHAD_STORE_SCHEMA_H
 #define ZERDIX_ALPHAD_STORE_SCHEMA_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/store/signatures.h"
 
 namespace zerdix::alphad {

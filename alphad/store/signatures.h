@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The users' signatures, a picture each; opaque bytes here.
 //
 // A new one comes in blocks. The first block's offset is 0; a block shorter than the block length

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // All that the server keeps, in one SQLite database.
 #ifndef ZERDIX_ALPHAD_STORE_STORE_H
 #define ZERDIX_ALPHAD_STORE_STORE_H

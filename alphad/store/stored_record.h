@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Records of the protocol in the store: their wire form as bytes, and their keys.
 #ifndef ZERDIX_ALPHAD_STORE_STORED_RECORD_H
 #define ZERDIX_ALPHAD_STORE_STORED_RECORD_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "alphad/store/user_groups.h"
 
 #include "alphad/store/stored_record.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Groups of users, which phone books and recipient groups give rights to.
 #ifndef ZERDIX_ALPHAD_STORE_USER_GROUPS_H
 #define ZERDIX_ALPHAD_STORE_USER_GROUPS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The users that the server knows: who they are, their replacements, passwords and preferences.
 //
 // Users of other servers may stand in the list too; passwords and preferences have only those of

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The library's one entry.
 #include "forms/presenter_plugin.h"
 #include "presenter/application.h"

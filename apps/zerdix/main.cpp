@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix, the command-line client.
 
 #include <cerrno>

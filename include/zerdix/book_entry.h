@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A receiver that is a phone book entry: "BOOK:ENTRY", as receiver strings and the field `phone` of
 // a_s_rec have it.
 #ifndef ZERDIX_BOOK_ENTRY_H

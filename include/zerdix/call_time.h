@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How long a call to the server may take.
 #ifndef ZERDIX_CALL_TIME_H
 #define ZERDIX_CALL_TIME_H

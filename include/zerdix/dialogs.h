@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dialogs that a client's program opens by itself. (A print job opens the send dialog when it needs
 // one: zerdix/sendfax.h.)
 #ifndef ZERDIX_DIALOGS_H

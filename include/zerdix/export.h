@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The one export macro of the library. Usable from C and C++. */
 #ifndef ZERDIX_EXPORT_H
 #define ZERDIX_EXPORT_H

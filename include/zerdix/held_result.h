@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How ZERDIX, JOURNAL and TELEBOOK own what their operations return. A caller has no use for these
 // types: they stand here since the classes have members of them. Each is as large as the pointer or
 // the record that it owns.

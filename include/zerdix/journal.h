@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // JOURNAL: the documents of the session's user on the Alpha server, with their pages and logs.
 //
 // A user has three pools of documents (topftype). A document has an id that the server gives, and

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Messages of the library to the user, for a host that shows them itself. Usable from C and C++. */
 #ifndef ZERDIX_MESSAGES_H
 #define ZERDIX_MESSAGES_H

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* What came of the last print job, and of the last SendStoredDocuments: receiver by receiver, which
  * step failed and why, and what is still on the server. Usable from C and C++.
  *

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* A stored page as rows of pixels, and back. Usable from C and C++.
  *
  * The server keeps a fax page compressed, as JOURNAL::getDocPage gives it (picture types 0 and 1)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Going through a list block by block, as the operations with a block size give it.
 //
 // A block is asked for by the last record that came. A server begins it with that record or behind

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PTRLIST: the list that the library hands out, an array of untyped pointers with a size.
 //
 // The list owns its array and never what the elements point to. Which record an element points to,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The records that callers of the library see: what the server keeps of documents, users, phone
 // books and groups. Members stand in the order in which they cross the wire, and each record is a
 // plain aggregate: `a_s_rec record{};` gives one that is zero throughout.

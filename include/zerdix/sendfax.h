@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* The print job interface: what a fax or telex printer driver calls. Usable from C and C++.
  *
  *     TransmissionDlg(window, "Title", 1);          open a job

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // TELEBOOK: the phone books and recipient groups of the Alpha server, as the session's user may see
 // them.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fixed text fields and the other small types that the wire records are made of.
 //
 // Text is Windows-1252, one byte a character, in memory and on the wire.

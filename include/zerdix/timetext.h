@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: MIT */
 /* Date, time and delimited text, in the forms of six languages. Usable from C and C++.
  *
  * Conventions

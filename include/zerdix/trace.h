@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // T_TRACE: the tracer, and TTrace, the one object of it in a process.
 //
 // It writes two files on the workstation. The trace file takes every line while tracing is on; it

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the values in records and results mean, for callers that show them: an inbox, a list of send
 // jobs, a phone book.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // ZERDIX: the session with the Alpha server.
 //
 // The connection belongs to the process, not to the object: client handle, login id, user, server

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <zerdix/ptrlist.h>
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reading a send time as a user types it.
 #ifndef ZERDIX_COMMON_SEND_TIME_H
 #define ZERDIX_COMMON_SEND_TIME_H

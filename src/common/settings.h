@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The keys of section "Zerdix" of the settings file, with their defaults and widths. Each call
 // reads the file anew, and a missing file is the same as one of defaults.
 #ifndef ZERDIX_COMMON_SETTINGS_H

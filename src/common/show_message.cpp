@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common/show_message.h"
 
 #include "common/string_table.h"

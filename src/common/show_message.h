@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Messages to the user by number, through the message box of the platform.
 #ifndef ZERDIX_COMMON_SHOW_MESSAGE_H
 #define ZERDIX_COMMON_SHOW_MESSAGE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts that the user sees, by number: those of the resource library in use, and the built-in
 // German ones where there is no library or where it lacks a text. Windows-1252.
 #ifndef ZERDIX_COMMON_STRING_TABLE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cover/composer.h"
 
 #include <zerdix/values.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The cover page composer: a form from the server's cover template with the recipient's and the
 // sender's data drawn on it, as a new first page of a document.
 //

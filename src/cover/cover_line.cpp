@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cover/cover_line.h"
 
 #include <cstring>

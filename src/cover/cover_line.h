@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Parsing a command line of a cover template.
 #ifndef ZERDIX_COVER_COVER_LINE_H
 #define ZERDIX_COVER_COVER_LINE_H

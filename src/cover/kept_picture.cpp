@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cover/kept_picture.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The picture of a compressed page. It is expanded once and kept until other bytes come, since all
 // cover pages of a fan-out have the same form.
 #ifndef ZERDIX_COVER_KEPT_PICTURE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cover/page_painter.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Carries out the commands of a cover template on a page. A command is a keyword anywhere in a line
 // and up to three fields behind the line's first "=":
 //

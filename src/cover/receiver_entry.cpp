@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <zerdix/book_entry.h>
 
 #include "cover/composer.h"

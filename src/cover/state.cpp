@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cover/state.h"
 
 namespace zerdix::cover {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the composer keeps from one cover page to the next, process-wide.
 //
 // The template's id and the phone book object are kept as long as the process runs, all else as

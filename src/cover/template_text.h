@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command text of a cover template, line by line.
 //
 // Everything up to the first line that begins with "#DRUCK#" is skipped.

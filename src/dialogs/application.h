@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The application object, one in a process. It comes up when the library is loaded, before any
 // caller's code, and sets up what the dialogs need: language, resource library, template ids,
 // fonts.

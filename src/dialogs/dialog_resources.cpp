@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/dialog_resources.h"
 
 #include "common/string_table.h"

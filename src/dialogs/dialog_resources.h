@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the dialogs take their templates and words from.
 #ifndef ZERDIX_DIALOGS_DIALOG_RESOURCES_H
 #define ZERDIX_DIALOGS_DIALOG_RESOURCES_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/entry_dialog.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialog for an entry of a phone book, and edit fields that don't take every character.
 #ifndef ZERDIX_DIALOGS_ENTRY_DIALOG_H
 #define ZERDIX_DIALOGS_ENTRY_DIALOG_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/entry_pager.h"
 
 #include "rpc/gathered_list.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The entries of a phone book for one net, block after block, as a list asks for them.
 #ifndef ZERDIX_DIALOGS_ENTRY_PAGER_H
 #define ZERDIX_DIALOGS_ENTRY_PAGER_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/find_dialog.h"
 
 #include "common/string_table.h"

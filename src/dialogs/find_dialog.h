@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialog that takes a search text. The search itself is its parent's.
 #ifndef ZERDIX_DIALOGS_FIND_DIALOG_H
 #define ZERDIX_DIALOGS_FIND_DIALOG_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/kept_setting.h"
 
 #include "platform/encoding.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/list_search.h"
 
 #include "dialogs/search_pattern.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The search in the rows of a list, which goes on behind its last hit and round.
 #ifndef ZERDIX_DIALOGS_LIST_SEARCH_H
 #define ZERDIX_DIALOGS_LIST_SEARCH_H

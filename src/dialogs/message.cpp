@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/message.h"
 
 #include "common/show_message.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Telling the user something in a box with an "OK" button.
 #ifndef ZERDIX_DIALOGS_MESSAGE_H
 #define ZERDIX_DIALOGS_MESSAGE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/modal_dialog.h"
 
 namespace zerdix::dialogs {

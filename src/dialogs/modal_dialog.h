@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The base of the library's modal dialogs, which stand in front of somebody else's windows.
 #ifndef ZERDIX_DIALOGS_MODAL_DIALOG_H
 #define ZERDIX_DIALOGS_MODAL_DIALOG_H

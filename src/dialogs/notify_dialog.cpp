@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/notify_dialog.h"
 
 #include "common/string_table.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A text in a modal dialog. DoModal gives 1, the number of its button.
 #ifndef ZERDIX_DIALOGS_NOTIFY_DIALOG_H
 #define ZERDIX_DIALOGS_NOTIFY_DIALOG_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/pick_expansion.h"
 
 #include "dialogs/message.h"

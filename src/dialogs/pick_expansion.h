@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The receivers that come of what the user has picked: a group becomes its members.
 #ifndef ZERDIX_DIALOGS_PICK_EXPANSION_H
 #define ZERDIX_DIALOGS_PICK_EXPANSION_H

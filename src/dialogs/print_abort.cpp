@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/print_abort.h"
 
 #include "dialogs/templates.h"

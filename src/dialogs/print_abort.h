@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Printing on the workstation: the dialog by which a user ends it, and the message pump.
 #ifndef ZERDIX_DIALOGS_PRINT_ABORT_H
 #define ZERDIX_DIALOGS_PRINT_ABORT_H

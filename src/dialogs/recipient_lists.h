@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The part of the send dialog from which recipients are picked: the entries of a phone book on one
 // side, recipient groups on the other, and the search in both.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/remote_wait.h"
 
 #include "forms/presenter.h"

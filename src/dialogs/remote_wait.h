@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // While one lives, whoever shows the dialogs is told of each remote call, and of how long it lasts.
 #ifndef ZERDIX_DIALOGS_REMOTE_WAIT_H
 #define ZERDIX_DIALOGS_REMOTE_WAIT_H

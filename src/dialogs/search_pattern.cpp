@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/search_pattern.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Search texts: "*" stands for any characters, "?" for one, and the rest is a regular expression of
 // the GNU kind in which "+" is a plus sign. Texts are bytes, whatever the process's locale is.
 #ifndef ZERDIX_DIALOGS_SEARCH_PATTERN_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The controls of the send dialog, and the numbers of its messages.
 #ifndef ZERDIX_DIALOGS_SEND_CONTROLS_H
 #define ZERDIX_DIALOGS_SEND_CONTROLS_H

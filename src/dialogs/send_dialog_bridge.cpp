@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/send_dialog_bridge.h"
 
 #include <new>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The way from a print job, or from a client's program, to the send dialog.
 #ifndef ZERDIX_DIALOGS_SEND_DIALOG_BRIDGE_H
 #define ZERDIX_DIALOGS_SEND_DIALOG_BRIDGE_H

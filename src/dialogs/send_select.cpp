@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/send_select.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The send dialog: when, how and to whom a document goes.
 //
 // For a print job it leaves its choices in the job's state (zerdix/sendfax.h) and sends nothing

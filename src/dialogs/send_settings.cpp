@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/send_settings.h"
 
 #include <algorithm>

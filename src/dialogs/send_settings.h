@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The part of the send dialog that says how and when a document goes: net type, resolution, tariff,
 // time, retries. What comes of it is a send record.
 #ifndef ZERDIX_DIALOGS_SEND_SETTINGS_H

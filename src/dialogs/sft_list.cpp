@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/sft_list.h"
 
 #include <array>

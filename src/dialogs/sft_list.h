@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list control with columns, as the dialogs use it. It is spoken to by its messages alone.
 #ifndef ZERDIX_DIALOGS_SFT_LIST_H
 #define ZERDIX_DIALOGS_SFT_LIST_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/stored_sending.h"
 
 #include <zerdix/book_entry.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sends documents of the desk to receivers, with a cover page of its own for each receiver where
 // one is wanted.
 //

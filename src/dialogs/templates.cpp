@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/templates.h"
 
 #include <algorithm>

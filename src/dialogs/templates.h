@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialogs' templates. Their words stand in the resource files.
 #ifndef ZERDIX_DIALOGS_TEMPLATES_H
 #define ZERDIX_DIALOGS_TEMPLATES_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/user_select.h"
 
 #include <cstring>

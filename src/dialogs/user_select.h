@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialog that picks the user on whose desk a document is placed.
 #ifndef ZERDIX_DIALOGS_USER_SELECT_H
 #define ZERDIX_DIALOGS_USER_SELECT_H

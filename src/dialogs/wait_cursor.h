@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pointer says that one has to wait, while one lives.
 #ifndef ZERDIX_DIALOGS_WAIT_CURSOR_H
 #define ZERDIX_DIALOGS_WAIT_CURSOR_H

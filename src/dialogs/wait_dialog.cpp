@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "dialogs/wait_dialog.h"
 
 #include "dialogs/templates.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialog that stays on the screen while something goes on.
 #ifndef ZERDIX_DIALOGS_WAIT_DIALOG_H
 #define ZERDIX_DIALOGS_WAIT_DIALOG_H

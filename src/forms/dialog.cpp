@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "forms/dialog.h"
 
 #include <algorithm>

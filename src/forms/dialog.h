@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The base of every dialog: its controls by id, its handlers by id and event, its modal loop.
 //
 // A dialog that isn't on a window has no controls; getters then give empty values and setters do

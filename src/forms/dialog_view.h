@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A dialog as its presenter sees it: the state of its controls, and what the user may do to them.
 //
 // Everything a presenter in a library of its own needs is inline or virtual here.

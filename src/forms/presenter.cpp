@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "forms/presenter.h"
 
 #include "forms/presenter_plugin.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Who shows dialogs: a port. A porter derives from `presenter` and draws `dialog_view`s.
 //
 // Everything happens on the one thread that called the library. Texts are Windows-1252.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "forms/presenter_plugin.h"
 
 #include "platform/windows_plugin.h"

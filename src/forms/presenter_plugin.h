@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The entry by which a library of its own hands over a presenter with real windows
 // (platform/windows_plugin.h says where that library is).
 #ifndef ZERDIX_FORMS_PRESENTER_PLUGIN_H

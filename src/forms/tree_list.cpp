@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "forms/tree_list.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list control with columns: its rows, and the messages by which a program talks to it.
 //
 // Texts are Windows-1252. A row has one cell a column; a cell that was never written is empty.

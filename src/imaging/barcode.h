@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The barcode of a cover page: Industrial 2 of 5, which carries its digits in the bars alone.
 //
 // A symbol is start, digits, check digit and stop, all made of narrow and wide elements. An element

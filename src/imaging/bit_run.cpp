@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "imaging/bit_run.h"
 
 #include <bit>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Combining a run of pixels of one row with a run of another, at any two places in them.
 #ifndef ZERDIX_IMAGING_BIT_RUN_H
 #define ZERDIX_IMAGING_BIT_RUN_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // 64 by 64 pixels as 64 words, and their exchange of rows and columns: what a quarter turn and
 // stretching across are made of.
 //

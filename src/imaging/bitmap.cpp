@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "imaging/bitmap.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bitmap layer: pictures of one bit per pixel, held so that they can be drawn on, turned and
 // combined.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Drawing on a bitmap: rectangles of other bitmaps, and text.
 //
 // Coordinates are pixels, (0, 0) is the top left corner, y grows downwards. Any coordinates are

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A bitmap that is released with its scope, and one whose pixels are about to be written.
 #ifndef ZERDIX_IMAGING_OWNED_BITMAP_H
 #define ZERDIX_IMAGING_OWNED_BITMAP_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "imaging/page_forms.h"
 
 #include <cstdlib>

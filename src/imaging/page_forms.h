@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Converting page blocks to bitmaps, and bitmaps to page blocks.
 //
 // Page blocks are those of pages/page_block.h, memory of malloc; while one is worked on, its header

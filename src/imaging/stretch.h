@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Stretching pictures, and laying one over another.
 //
 // Stretching keeps what is black: where rows or columns fall away, a pixel of the result is black

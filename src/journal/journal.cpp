@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Making a JOURNAL, and fetching single records. What it holds releases itself.
 
 #include <zerdix/journal.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lists of the three pools, whole or by blocks.
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The log of a document.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Operations on whole documents: each fills the argument of one procedure, in wire order.
 
 #include <zerdix/journal.h>

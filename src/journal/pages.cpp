@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Storing and fetching pages, in blocks of one remote call each.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The owner of documents that exist only to be printed.
 #ifndef ZERDIX_JOURNAL_PRINT_USER_H
 #define ZERDIX_JOURNAL_PRINT_USER_H

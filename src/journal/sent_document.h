@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The id that the server gave an outgoing document.
 #ifndef ZERDIX_JOURNAL_SENT_DOCUMENT_H
 #define ZERDIX_JOURNAL_SENT_DOCUMENT_H

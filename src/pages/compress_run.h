@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the two engines of the compressor share: the state of a run, from which either can go on.
 #ifndef ZERDIX_PAGES_COMPRESS_RUN_H
 #define ZERDIX_PAGES_COMPRESS_RUN_H

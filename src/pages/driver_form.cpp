@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pages/driver_form.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rows of a printer driver's page block (pages/page_block.h).
 #ifndef ZERDIX_PAGES_DRIVER_FORM_H
 #define ZERDIX_PAGES_DRIVER_FORM_H

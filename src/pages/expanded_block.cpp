@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pages/expanded_block.h"
 
 #include <algorithm>

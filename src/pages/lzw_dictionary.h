@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The compressor's fast dictionary: a tree of byte strings, in which each string has a code and
 // all its beginnings are strings too.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The numbers of the compressed stream that both directions of the page codec share.
 #ifndef ZERDIX_PAGES_LZW_FORMAT_H
 #define ZERDIX_PAGES_LZW_FORMAT_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The step between the forms of a page that every byte of it goes through.
 #ifndef ZERDIX_PAGES_MIRROR_H
 #define ZERDIX_PAGES_MIRROR_H

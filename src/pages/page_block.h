@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The forms of a page, and the header that all of them have.
 //
 // A page block is width and height, 32 bits each, then the rows, (width + 7) / 8 bytes each. Blocks

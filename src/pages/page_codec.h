@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The page codec: a block of bytes in memory to a compressed stream and back.
 //
 // The stream is that of the Unix compress tool: 1F 9D, a byte with the largest code width and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The exported face of the pages (zerdix/page.h).
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A page as rows of pixels, and the way to the stored form and back.
 #ifndef ZERDIX_PAGES_PAGE_PICTURE_H
 #define ZERDIX_PAGES_PAGE_PICTURE_H

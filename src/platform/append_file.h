@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files that only grow, with no buffer in between, as the tracer writes its own: a port that tests
 // can make fail.
 #ifndef ZERDIX_PLATFORM_APPEND_FILE_H

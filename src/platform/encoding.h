@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text inside is Windows-1252, text at the edges towards a person is UTF-8.
 #ifndef ZERDIX_PLATFORM_ENCODING_H
 #define ZERDIX_PLATFORM_ENCODING_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Letters for pictures of one bit per pixel.
 #ifndef ZERDIX_PLATFORM_FONT_H
 #define ZERDIX_PLATFORM_FONT_H

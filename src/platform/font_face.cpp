@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/font_face.h"
 
 #include <algorithm>

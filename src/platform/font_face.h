@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A face that FreeType has opened, and characters of it rendered for one bit per pixel.
 #ifndef ZERDIX_PLATFORM_FONT_FACE_H
 #define ZERDIX_PLATFORM_FONT_FACE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/font_file.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which file a face comes from, as fontconfig has it.
 #ifndef ZERDIX_PLATFORM_FONT_FILE_H
 #define ZERDIX_PLATFORM_FONT_FILE_H

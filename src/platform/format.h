@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The formatter of trace lines: a printf whose integers are as wide as the protocol's.
 #ifndef ZERDIX_PLATFORM_FORMAT_H
 #define ZERDIX_PLATFORM_FORMAT_H

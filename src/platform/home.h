@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The user's home folder, and paths that begin there.
 #ifndef ZERDIX_PLATFORM_HOME_H
 #define ZERDIX_PLATFORM_HOME_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/host_lookup.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names and addresses of servers, IPv4 only.
 #ifndef ZERDIX_PLATFORM_HOST_LOOKUP_H
 #define ZERDIX_PLATFORM_HOST_LOOKUP_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Telling the user something while the library has no window of its own.
 #ifndef ZERDIX_PLATFORM_MESSAGE_BOX_H
 #define ZERDIX_PLATFORM_MESSAGE_BOX_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/own_folder.h"
 
 #include <dlfcn.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where this code lies, so that files are found that were installed or built with it.
 #ifndef ZERDIX_PLATFORM_OWN_FOLDER_H
 #define ZERDIX_PLATFORM_OWN_FOLDER_H

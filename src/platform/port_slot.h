@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The place of a port, into which a test or a program puts one of its own.
 #ifndef ZERDIX_PLATFORM_PORT_SLOT_H
 #define ZERDIX_PLATFORM_PORT_SLOT_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The settings files on the workstation: text of sections and "key=value" lines.
 //
 // A key is looked for in these files. The first one that has it counts, with an empty value too:

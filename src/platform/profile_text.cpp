@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/profile_text.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finding and changing a key in the text of a settings file.
 #ifndef ZERDIX_PLATFORM_PROFILE_TEXT_H
 #define ZERDIX_PLATFORM_PROFILE_TEXT_H

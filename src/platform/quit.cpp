@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/quit.h"
 
 #include "platform/port_slot.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Asking the application that called to end.
 #ifndef ZERDIX_PLATFORM_QUIT_H
 #define ZERDIX_PLATFORM_QUIT_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/resource_library.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Resource libraries: files of texts and captions in one language (resource_text.h), of at most
 // 1 MiB.
 //

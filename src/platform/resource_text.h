@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts of a resource file, as a translator writes them, in UTF-8:
 //
 //     ; a comment, a line of its own

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bringing the socket layer up and down, for platforms that need it.
 #ifndef ZERDIX_PLATFORM_SOCKETS_H
 #define ZERDIX_PLATFORM_SOCKETS_H

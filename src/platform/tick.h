@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef ZERDIX_PLATFORM_TICK_H
 #define ZERDIX_PLATFORM_TICK_H
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/windows_plugin.h"
 
 #include <dlfcn.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The library with the dialogs' windows, which is loaded when it is needed first.
 //
 // Looked for under the name libzerdix-dialogs-qt.so: at the path that ZERDIX_DIALOGS names ("none"

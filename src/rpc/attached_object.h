@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A ZERDIX object for code that works on a connection which somebody else opened. A plain ZERDIX
 // forgets the session's connection and kept user record when it is made, and releases the record
 // when it is destroyed; with this one both stay.

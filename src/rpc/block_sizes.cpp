@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The block sizes of lists, from the server's configuration.
 
 #include <zerdix/zerdix.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fetching and sending pages and signatures in blocks, one remote call each. A block that is
 // shorter than the others is the last one; it may be empty. What is fetched may have grown or
 // shrunk since the first answer told its size.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bulletin board.
 
 #include <zerdix/zerdix.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rpc/call.h"
 
 #include <zerdix/zerdix.h>

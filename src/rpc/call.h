@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one way of making a remote call: client check, release of the old result, the call, and what
 // follows a call that failed.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A number out of a configuration value of the server.
 #ifndef ZERDIX_RPC_CONFIG_NUMBER_H
 #define ZERDIX_RPC_CONFIG_NUMBER_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Opening and closing the connection, and the user, the server and the language of the session.
 
 #include <arpa/inet.h>

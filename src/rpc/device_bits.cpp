@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The bits of a device's features and of a user's actions, by name.
 
 #include <zerdix/zerdix.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The server's directories: users, user groups, printers and scanners.
 //
 // Users and printers come in three ways: a block, all blocks gathered as copies, and everything in

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Members of argument records, made of what callers hand in.
 #ifndef ZERDIX_RPC_FIELDS_H
 #define ZERDIX_RPC_FIELDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lists that are gathered from blocks: their elements are copies that the list owns.
 #ifndef ZERDIX_RPC_GATHERED_LIST_H
 #define ZERDIX_RPC_GATHERED_LIST_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lists out of answers: a PTRLIST whose elements point into the nodes of a chain.
 #ifndef ZERDIX_RPC_LIST_H
 #define ZERDIX_RPC_LIST_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Logging on and off, and whether the login still stands.
 
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Taking the server's time zone for this process, and reading send times in the session's language.
 
 #include <cstdlib>

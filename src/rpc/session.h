@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The state of the connection, process-wide: what ZERDIX, JOURNAL and TELEBOOK share.
 //
 // It comes up with its first use and is never destroyed, since a program's own objects may go last.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The signature of the session's user.
 
 #include <zerdix/zerdix.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The trace lines of the session.
 #ifndef ZERDIX_RPC_TRACE_LINES_H
 #define ZERDIX_RPC_TRACE_LINES_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The user's two records on the server, and the password.
 //
 // A setter changes the kept record and writes it back whole, so that fields that this client

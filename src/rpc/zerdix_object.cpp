@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Making a ZERDIX, and its end. What it holds releases itself.
 
 #include <zerdix/zerdix.h>

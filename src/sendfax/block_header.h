@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The header of the work buffer while a page preparer has it.
 #ifndef ZERDIX_SENDFAX_BLOCK_HEADER_H
 #define ZERDIX_SENDFAX_BLOCK_HEADER_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sendfax/cover_fan_out.h"
 
 #include "imaging/owned_bitmap.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The fan-out of a job with cover pages: each receiver gets a document of their own, with a cover
 // page in front.
 #ifndef ZERDIX_SENDFAX_COVER_FAN_OUT_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sendfax/job.h"
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The state of the print job: the only thing that the entry points share.
 //
 // There is one job per process. It begins with TransmissionDlg, or with a page that comes without

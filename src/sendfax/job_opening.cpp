@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Opening a print job.
 
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Turning landscape pages upright.
 
 #include "sendfax/landscape_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Turning a landscape page upright before it is compressed.
 #ifndef ZERDIX_SENDFAX_LANDSCAPE_PAGE_H
 #define ZERDIX_SENDFAX_LANDSCAPE_PAGE_H

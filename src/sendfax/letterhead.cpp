@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Laying pages over the user's letterhead. The letterhead of a paper source is the first page of a
 // pool document that the user's record names.
 

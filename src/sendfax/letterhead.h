@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Laying a page over the user's letterhead before it is compressed.
 #ifndef ZERDIX_SENDFAX_LETTERHEAD_H
 #define ZERDIX_SENDFAX_LETTERHEAD_H

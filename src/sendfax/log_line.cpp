@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sendfax/log_line.h"
 
 #include <cstdarg>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lines that the print job writes into the log of a document: the time, two blanks, and an
 // event in a small token language, such as
 //

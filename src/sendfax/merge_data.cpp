@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Taking the receivers and settings of a job from its merge data.
 
 #include <algorithm>

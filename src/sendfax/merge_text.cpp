@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sendfax/merge_text.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text of merge data: #KEY value# pairs anywhere in free text.
 #ifndef ZERDIX_SENDFAX_MERGE_TEXT_H
 #define ZERDIX_SENDFAX_MERGE_TEXT_H

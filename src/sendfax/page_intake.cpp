@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Storing the pages of a print job, and deleting or abandoning the job.
 
 #include <cstdlib>

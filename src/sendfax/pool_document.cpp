@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sendfax/pool_document.h"
 
 #include <cstring>

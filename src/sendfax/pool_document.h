@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Delivery of the job's document to a user's desk instead of a receiver.
 #ifndef ZERDIX_SENDFAX_POOL_DOCUMENT_H
 #define ZERDIX_SENDFAX_POOL_DOCUMENT_H

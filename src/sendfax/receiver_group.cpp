@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sendfax/receiver_group.h"
 
 #include <string>

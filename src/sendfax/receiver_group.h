@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Adding the members of a recipient group as receivers.
 #ifndef ZERDIX_SENDFAX_RECEIVER_GROUP_H
 #define ZERDIX_SENDFAX_RECEIVER_GROUP_H

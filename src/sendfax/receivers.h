@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The receiver strings of the job: blocks of 31 bytes in the exported array ppReceiver, which
 // grows by 1000 slots. A receiver is a number as typed, or BOOK:ENTRY.
 #ifndef ZERDIX_SENDFAX_RECEIVERS_H

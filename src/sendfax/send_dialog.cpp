@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sendfax/send_dialog.h"
 
 #include <type_traits>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the print job runs the send dialog, which is a room above it.
 #ifndef ZERDIX_SENDFAX_SEND_DIALOG_H
 #define ZERDIX_SENDFAX_SEND_DIALOG_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sending the document of a print job: the receivers, the fan-out, and the end of the job.
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sending a telex: its whole text is printed at once, on the server's printer that stands for the
 // telex line.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The trace lines of the print job.
 #ifndef ZERDIX_SENDFAX_TRACE_LINES_H
 #define ZERDIX_SENDFAX_TRACE_LINES_H

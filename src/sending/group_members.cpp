@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sending/group_members.h"
 
 #include <zerdix/book_entry.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The members of a recipient group, each with its phone book entry.
 #ifndef ZERDIX_SENDING_GROUP_MEMBERS_H
 #define ZERDIX_SENDING_GROUP_MEMBERS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Making a document on the way to a receiver.
 #ifndef ZERDIX_SENDING_MADE_DOCUMENT_H
 #define ZERDIX_SENDING_MADE_DOCUMENT_H

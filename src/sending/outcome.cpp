@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sending/outcome.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The record of what came of a job: kept where things happen, handed out by zerdix/outcome.h.
 #ifndef ZERDIX_SENDING_OUTCOME_H
 #define ZERDIX_SENDING_OUTCOME_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The outcome of a job in words, out of the string table.
 
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sending/sender.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The steps by which a document of the desk reaches its receivers. A caller takes them in the order
 // of its own road, with its own trace lines, log lines and messages between them; what came of each
 // step is noted in the caller's outcome here, and nowhere else.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sending/telex_record.h"
 
 #include <zerdix/timetext.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A telex as the server takes it: a page of a print document that begins with a control record and
 // is printed on a printer of the server that stands for the telex line.
 #ifndef ZERDIX_SENDING_TELEX_RECORD_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sending/telex_sender.h"
 
 #include <zerdix/values.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The steps by which a telex reaches its receiver: a print document, whose one page is the control
 // record and the text, is printed on the printer that stands for the telex line.
 #ifndef ZERDIX_SENDING_TELEX_SENDER_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The request for a block of a phone book's entries.
 #ifndef ZERDIX_TELEBOOK_ENTRY_REQUEST_H
 #define ZERDIX_TELEBOOK_ENTRY_REQUEST_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Queries of an external directory, which the server makes.
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Recipient groups and their members.
 
 #include <string>

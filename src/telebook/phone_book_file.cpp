@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Exporting a phone book to a text file, and importing one.
 
 #include <filesystem>

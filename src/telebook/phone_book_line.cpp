@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "telebook/phone_book_line.h"
 
 #include <zerdix/timetext.h>

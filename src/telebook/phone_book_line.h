@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lines of the text file for export and import of a phone book: an entry each, with ";" behind
 // each field,
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rights of the session's user on phone books and recipient groups.
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Making a TELEBOOK, and the operations on phone books and their entries.
 
 #include <zerdix/telebook.h>

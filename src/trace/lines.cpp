@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writing a message as physical lines into the trace file and the error log.
 
 #include <zerdix/trace.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How every trace request begins and ends, and the request for a message.
 
 #include <zerdix/trace.h>

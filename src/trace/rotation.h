@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Opening the trace file, which each process makes anew: the file that is there becomes the older
 // generation first.
 #ifndef ZERDIX_TRACE_ROTATION_H

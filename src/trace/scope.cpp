@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The test whether a source and a level are to be traced: lists of masks for names and levels.
 
 #include <zerdix/trace.h>

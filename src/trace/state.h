@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the tracer keeps once per process, beside the object.
 #ifndef ZERDIX_TRACE_STATE_H
 #define ZERDIX_TRACE_STATE_H

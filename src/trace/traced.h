@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the rooms write trace lines:
 //
 //     constexpr trace::tracer trace_lines{"sendfax"};

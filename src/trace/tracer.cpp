@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tracer as an object: construction, opening at the first request, destruction.
 
 #include <zerdix/trace.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Breaking a message's text into the text fields of physical lines.
 #ifndef ZERDIX_TRACE_WRAP_H
 #define ZERDIX_TRACE_WRAP_H

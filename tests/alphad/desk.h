@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A client at a server, and short forms of the calls that put documents and pages on a desk.
 #ifndef ZERDIX_TESTS_ALPHAD_DESK_H
 #define ZERDIX_TESTS_ALPHAD_DESK_H

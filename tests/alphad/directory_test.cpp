@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lists of users, groups and devices, signature, bulletin board, external phone book.
 #include <gtest/gtest.h>
 

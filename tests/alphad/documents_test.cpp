@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Documents, their pages and logs, as a client sees them.
 #include <gtest/gtest.h>
 

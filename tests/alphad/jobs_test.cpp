@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Send jobs: what is refused, what is kept, and the picture that the receiver would get.
 #include <gtest/gtest.h>
 

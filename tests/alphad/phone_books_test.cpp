@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Phone books and groups: keys, blocks and masks.
 #include <gtest/gtest.h>
 

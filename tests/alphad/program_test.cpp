@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program itself: its start, its end, and what a hard end leaves.
 #include <gtest/gtest.h>
 

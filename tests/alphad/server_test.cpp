@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The server as a process and as a peer: registration, several clients, faults, damaged calls.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Logins, passwords, users' records, and the lists that name a login.
 #include <gtest/gtest.h>
 

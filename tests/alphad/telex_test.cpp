@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A telex printed on the telex printer becomes an outgoing document of the user it names.
 #include <gtest/gtest.h>
 

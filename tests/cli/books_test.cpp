@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Phone books and groups from the command line.
 
 #include <set>

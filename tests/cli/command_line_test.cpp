@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command line as a whole: every part of it stands in a man page, and shells complete it.
 
 #include <cstdlib>

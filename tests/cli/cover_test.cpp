@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cover pages and letterheads: seen before they are sent, and given to the server.
 
 #include "alphad/demo/demo_data.h"

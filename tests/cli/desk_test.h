@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A user with a password file at a server with the demo data, and the real program.
 #ifndef ZERDIX_TESTS_CLI_DESK_TEST_H
 #define ZERDIX_TESTS_CLI_DESK_TEST_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Documents by the real program, as a user works with them.
 
 #include <algorithm>

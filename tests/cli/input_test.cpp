@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Command lines and files that can't be used: a sentence and a code, and no call to a server.
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Options to merge data, and what is refused.
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pages that come back as pictures.
 
 #include <cstring>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Users, devices and preferences from the command line.
 
 #include "cli/desk_test.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whole print jobs of the real program, and jobs that go wrong: nothing may stay on the desk.
 
 #include <fstream>

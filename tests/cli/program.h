@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The real program, run by a test.
 #ifndef ZERDIX_TESTS_CLI_PROGRAM_H
 #define ZERDIX_TESTS_CLI_PROGRAM_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From a page of a PDF to a page block.
 
 #include <cstdint>

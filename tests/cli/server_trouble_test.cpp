@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // No way to the server: each kind has a sentence and a code of its own.
 
 #include <arpa/inet.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Telexes by the real program, and their texts.
 
 #include "cli/desk_test.h"

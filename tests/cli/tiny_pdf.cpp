@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cli/tiny_pdf.h"
 
 #include <cstdio>

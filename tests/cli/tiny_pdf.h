@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // PDFs made up by tests: pages of a size with drawing operators on them.
 #ifndef ZERDIX_TESTS_CLI_TINY_PDF_H
 #define ZERDIX_TESTS_CLI_TINY_PDF_H

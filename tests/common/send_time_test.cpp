@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "common/send_time.h"
 
 #include <ctime>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Cover pages on a server: which calls are made, what the document holds, what the user is told.
 
 #include "common/string_table.h"

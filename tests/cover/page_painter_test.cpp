@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the commands of a cover template draw, against the same drawn by hand.
 
 #include <functional>

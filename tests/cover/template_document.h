@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A cover template as a site keeps it: a public desk document that the configuration names.
 #ifndef ZERDIX_TESTS_COVER_TEMPLATE_DOCUMENT_H
 #define ZERDIX_TESTS_COVER_TEMPLATE_DOCUMENT_H

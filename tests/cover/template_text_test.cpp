@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lines and fields of a cover template's text.
 
 #include <cstring>

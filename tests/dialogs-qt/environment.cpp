@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Windows without a screen, unless the test program is started with a way to one.
 #include <cstdlib>
 

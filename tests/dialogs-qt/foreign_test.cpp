@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dialogs over windows of others.
 
 #include <xcb/xcb.h>

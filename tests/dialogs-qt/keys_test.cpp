@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What keys and clicks come to.
 
 #include <QClipboard>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list control in a window.
 
 #include <QHeaderView>

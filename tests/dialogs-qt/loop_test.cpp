@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Who gets the user's input when: dialogs over dialogs, remote calls, messages, the program's end.
 
 #include <clocale>

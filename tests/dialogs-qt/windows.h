@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Dialogs in real windows, and a user who works with them from a script.
 #ifndef ZERDIX_TESTS_DIALOGS_QT_WINDOWS_H
 #define ZERDIX_TESTS_DIALOGS_QT_WINDOWS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The dialogs for a phone book entry and for a user, against the stand-in server.
 
 #include <cctype>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the dialogs open and end over somebody else's windows, and how the user is told something.
 
 #include <stdexcept>

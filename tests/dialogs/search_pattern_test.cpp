@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Search texts: what they find, and that none of them holds a search up.
 
 #include <clocale>

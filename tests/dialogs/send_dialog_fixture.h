@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The send dialog with a scripted user, against the stand-in server.
 #ifndef ZERDIX_TESTS_SEND_DIALOG_FIXTURE_H
 #define ZERDIX_TESTS_SEND_DIALOG_FIXTURE_H

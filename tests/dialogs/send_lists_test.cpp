@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lists of the send dialog: blocks that come as one scrolls, sides, and the search.
 
 #include "dialogs/application.h"

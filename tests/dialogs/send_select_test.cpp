@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The send dialog for print jobs: what it shows, what it refuses, and what the server holds
 // afterwards.
 

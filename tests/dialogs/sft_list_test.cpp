@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The list with columns: its cells, and the widths that are kept.
 
 #include <gmock/gmock.h>

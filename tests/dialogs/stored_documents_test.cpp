@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The send dialog on documents that are on the desk already.
 
 #include <zerdix/dialogs.h>

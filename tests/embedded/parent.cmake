@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 cmake_minimum_required(VERSION 3.24)
 project(parent LANGUAGES C CXX)
 add_subdirectory(${ZERDIX_SOURCE} zerdix)

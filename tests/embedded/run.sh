@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Configures the tree as the subdirectory of another project, where it is the library alone, and by
 # itself without anything that only the programs need. Builds a file that a program made, and one
 # that includes the headers.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What trouble may cost: time, memory, and the number of calls of a list that never ends.
 
 #include <fstream>

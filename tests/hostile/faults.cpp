@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "hostile/faults.h"
 
 #include "hostile/shapes.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What can become of a reply: the ways in which the scripted server answers a call.
 #ifndef ZERDIX_TESTS_FAULTS_H
 #define ZERDIX_TESTS_FAULTS_H

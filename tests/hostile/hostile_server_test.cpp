@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every operation of the exported classes against every kind of trouble, at each of its calls.
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every operation of the three exported classes that reaches the server: how it is called, and what
 // it has to give when the server answers soundly, when it refuses, and when a call fails.
 #ifndef ZERDIX_TESTS_OPERATIONS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A fax job, a telex and a job given up, with trouble at each of their calls.
 
 #include <gtest/gtest.h>

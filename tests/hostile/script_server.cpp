@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "hostile/script_server.h"
 
 #include <poll.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A server that does what a test tells it, byte by byte: it listens on loopback, stands in the port
 // mapper, reads whole calls, and leaves what is sent in answer to a handler. It runs in a thread of
 // the test and serves one connection at a time; a new one takes the place of an old one.

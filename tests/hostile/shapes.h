@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Records of any type, filled to a pattern, and read from end to end.
 #ifndef ZERDIX_TESTS_SHAPES_H
 #define ZERDIX_TESTS_SHAPES_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One call over the library's own transport, against replies that are odd, late, cut or endless.
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The barcode against another maker's encoder (Debian's zint).
 
 #include <cstdio>

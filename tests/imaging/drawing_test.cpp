@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rectangles of one bitmap on another, against a twin that goes pixel by pixel.
 
 #include <limits>

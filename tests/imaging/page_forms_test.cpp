@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bitmaps, and pages on their way from one form to another.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pictures that tests can go through pixel by pixel, and the ways to bitmaps and back.
 #ifndef ZERDIX_TESTS_IMAGING_PICTURES_H
 #define ZERDIX_TESTS_IMAGING_PICTURES_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // With ZERDIX_TEST_PLAIN in the environment the program's tests run as on a processor without wide
 // registers.
 #include <cstdlib>

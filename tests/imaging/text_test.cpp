@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text on bitmaps, by what can be said of it without knowing the pixels: metrics, cells, positions.
 
 #include <cstdlib>

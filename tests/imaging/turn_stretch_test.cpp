@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Turning, stretching and combining against twins that go pixel by pixel.
 
 #include <functional>

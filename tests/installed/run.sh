@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
 # Follows the tutorial as its readers would, with nothing set up for them: takes its programs, its
 # settings and its commands off the page, in an empty home folder, and looks at what comes of them.
 # Then what an installation promises beyond that.

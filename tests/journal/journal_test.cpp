@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Documents on the server: pages in blocks, operations, logs.
 
 #include <fstream>

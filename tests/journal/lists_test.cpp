@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lists of the three pools, which need a login, and the flag of documents not looked at yet.
 
 #include <zerdix/journal.h>

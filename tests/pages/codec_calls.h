@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The page codec's two calls with values in and out, and inputs to try them on.
 #ifndef ZERDIX_TESTS_IMAGING_CODEC_CALLS_H
 #define ZERDIX_TESTS_IMAGING_CODEC_CALLS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "codec_calls.h"
 #include "naive_codec.h"
 #include "pages/code_writer.h"

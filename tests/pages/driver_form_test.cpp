@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Driver form to stored form, pixel by pixel.
 
 #include <gtest/gtest.h>

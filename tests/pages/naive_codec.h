@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The page codec, as slow and as plain as it can be written: what the fast one is compared with.
 #ifndef ZERDIX_TESTS_IMAGING_NAIVE_CODEC_H
 #define ZERDIX_TESTS_IMAGING_NAIVE_CODEC_H

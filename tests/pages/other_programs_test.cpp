@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The codec against programs that other people wrote.
 #include "codec_calls.h"
 #include "naive_codec.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Stored pages as pixels and back, through the exported functions.
 
 #include <cstring>

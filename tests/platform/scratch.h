@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A folder, environment variables and replaced ports that last as long as a test.
 #ifndef ZERDIX_TESTS_PLATFORM_SCRATCH_H
 #define ZERDIX_TESTS_PLATFORM_SCRATCH_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the application object makes of the settings file.
 
 #include <array>

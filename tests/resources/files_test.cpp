@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The languages that are shipped, each against German.
 
 #include <cctype>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Resource libraries that are found, and some that nobody should trust.
 
 #include <fstream>

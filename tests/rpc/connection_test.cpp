@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The connection: opening it, what ends it, and what the session knows.
 
 #include <chrono>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lists of users, groups, printers and scanners.
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Logging on and off: against a server that says what a test wants, and against the stand-in.
 
 #include "hostile/script_server.h"

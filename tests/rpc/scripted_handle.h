@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A client handle without a server: the calls are answered by functions of the test. It is the
 // session's handle as long as it lives.
 #ifndef ZERDIX_TESTS_SCRIPTED_HANDLE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A test server, and what ZERDIX writes into the trace meanwhile.
 #ifndef ZERDIX_TESTS_TRACE_FIXTURE_H
 #define ZERDIX_TESTS_TRACE_FIXTURE_H

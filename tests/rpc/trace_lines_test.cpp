@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What ZERDIX writes into the trace, line by line.
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The user's records and password, the signature and the board.
 
 #include <gmock/gmock.h>

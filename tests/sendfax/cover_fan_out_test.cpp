@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Jobs with cover pages: which calls are made, which lines are traced, and what the server holds
 // after each kind of end.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "sendfax/failing_malloc.h"
 
 namespace {

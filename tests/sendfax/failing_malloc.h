@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Blocks for which there is no memory.
 #ifndef ZERDIX_TESTS_SENDFAX_FAILING_MALLOC_H
 #define ZERDIX_TESTS_SENDFAX_FAILING_MALLOC_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Jobs on which the server refuses, fails or goes away at one step.
 
 #include <cstring>

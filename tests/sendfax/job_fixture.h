@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A print job against the stand-in server, as a driver makes one.
 #ifndef ZERDIX_TESTS_JOB_FIXTURE_H
 #define ZERDIX_TESTS_JOB_FIXTURE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whole jobs by their calls on the server, and what the server holds after each kind of end.
 
 #include <algorithm>

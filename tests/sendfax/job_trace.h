@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A print job whose own lines in the trace file can be looked at.
 #ifndef ZERDIX_TESTS_JOB_TRACE_H
 #define ZERDIX_TESTS_JOB_TRACE_H

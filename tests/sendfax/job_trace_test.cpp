@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What whole jobs leave in the trace file: each line with its level, in order.
 
 #include "sendfax/job_trace.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Merge data: what is taken, what is passed over, and what it does to the job.
 
 #include <cstring>

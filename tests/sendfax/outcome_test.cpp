@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is told of a job afterwards: it must agree with what the server holds.
 
 #include <map>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Letterhead and rotation: what the server gets, which calls are made, which lines are traced, and
 // the work buffer as it was.
 

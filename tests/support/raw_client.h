@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A client without the library: one connection, and any procedure of the table on it.
 #ifndef ZERDIX_TESTS_RAW_CLIENT_H
 #define ZERDIX_TESTS_RAW_CLIENT_H

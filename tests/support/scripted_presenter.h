@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A presenter without windows: a test says beforehand what the user does in each dialog.
 //
 //     scripted_presenter user;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A client's session on a test server.
 #ifndef ZERDIX_TESTS_SESSION_TEST_H
 #define ZERDIX_TESTS_SESSION_TEST_H

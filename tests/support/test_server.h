@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Servers for tests: the stand-in server in a child process of the test, with calls that can be
 // made to go wrong, and the real program.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rights on books and groups, and queries of an external directory: what is asked, and what an
 // answer or a failure comes to.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Phone books and recipient groups on the server, and the lists that are gathered from blocks.
 
 #include <zerdix/telebook.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Phone books to a text file and back.
 
 #include <cstdio>

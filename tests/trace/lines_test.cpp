@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "trace/traced.h"
 #include "trace/tracing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What one room writes into the trace file of a test.
 #ifndef ZERDIX_TESTS_TRACE_ROOM_TRACE_H
 #define ZERDIX_TESTS_TRACE_ROOM_TRACE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A tracer of its own for each test, with its files in a scratch folder.
 #ifndef ZERDIX_TESTS_TRACE_TRACING_H
 #define ZERDIX_TESTS_TRACE_TRACING_H

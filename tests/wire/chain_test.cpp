@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Chains on the wire: their two orders, and peers that lie about them.
 
 #include <gtest/gtest.h>

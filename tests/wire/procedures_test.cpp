@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The table of procedures as a whole.
 
 #include <cstdio>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Records against literal bytes, each beside nearly right ones that must fail.
 
 #include <gtest/gtest.h>

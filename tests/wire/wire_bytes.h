@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Literal wire bytes for tests, and an XDR stream over them.
 #ifndef ZERDIX_TESTS_WIRE_BYTES_H
 #define ZERDIX_TESTS_WIRE_BYTES_H

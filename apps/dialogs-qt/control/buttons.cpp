@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/buttons.h"
 
 #include <QButtonGroup>

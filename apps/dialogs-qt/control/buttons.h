@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Push buttons, radio buttons and check boxes.
 #ifndef ZERDIX_CONTROL_BUTTONS_H
 #define ZERDIX_CONTROL_BUTTONS_H

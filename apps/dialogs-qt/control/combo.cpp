@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/combo.h"
 
 #include <QComboBox>

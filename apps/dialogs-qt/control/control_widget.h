@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One control of a dialog in its window: a widget that shows the control's state and tells the
 // dialog what the user does.
 #ifndef ZERDIX_CONTROL_CONTROL_WIDGET_H

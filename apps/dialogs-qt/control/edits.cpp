@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/edits.h"
 
 #include <QLabel>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Edits of one line and of several.
 #ifndef ZERDIX_CONTROL_EDITS_H
 #define ZERDIX_CONTROL_EDITS_H

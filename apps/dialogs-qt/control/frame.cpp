@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/frame.h"
 
 #include <QGroupBox>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/label.h"
 
 #include <QLabel>

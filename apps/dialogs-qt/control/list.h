@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef ZERDIX_CONTROL_LIST_H
 #define ZERDIX_CONTROL_LIST_H
 

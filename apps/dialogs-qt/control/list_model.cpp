@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/list_model.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The rows of a list control, for the toolkit's views. It has no copy of them.
 //
 // Rows come singly and cell by cell, a block of them in one handler: views are told of the whole

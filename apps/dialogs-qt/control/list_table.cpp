@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/list_table.h"
 
 #include <algorithm>

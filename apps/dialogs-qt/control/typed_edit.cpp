@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/typed_edit.h"
 
 #include <algorithm>

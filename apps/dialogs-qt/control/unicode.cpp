@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "control/unicode.h"
 
 #include "platform/encoding.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts of the library are Windows-1252, texts of the toolkit are Unicode.
 #ifndef ZERDIX_CONTROL_UNICODE_H
 #define ZERDIX_CONTROL_UNICODE_H

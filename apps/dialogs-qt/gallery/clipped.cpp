@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "gallery/clipped.h"
 
 #include <QAbstractButton>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #ifndef ZERDIX_GALLERY_CLIPPED_H
 #define ZERDIX_GALLERY_CLIPPED_H
 

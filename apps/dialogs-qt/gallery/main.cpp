@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Saves a picture of a dialog. Ends with 1 and names them when words don't fit or controls lie over
 // each other.
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "gallery/sample_dialog.h"
 
 #include <string>

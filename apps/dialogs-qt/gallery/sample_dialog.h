@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A dialog of the library with made-up contents, which does nothing.
 #ifndef ZERDIX_GALLERY_SAMPLE_DIALOG_H
 #define ZERDIX_GALLERY_SAMPLE_DIALOG_H

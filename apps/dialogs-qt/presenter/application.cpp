@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "presenter/application.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The toolkit's application object: the host's own where it has one, else one of ours.
 #ifndef ZERDIX_PRESENTER_APPLICATION_H
 #define ZERDIX_PRESENTER_APPLICATION_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Boxes of the toolkit's own: messages and the choice of a font.
 #include "presenter/qt_presenter.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "presenter/display.h"
 
 #include <dlfcn.h>

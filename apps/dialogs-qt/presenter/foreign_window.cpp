@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "presenter/foreign_window.h"
 
 #include <xcb/xcb.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Windows that aren't dialogs of ours: the host's own, or those of another toolkit in the same
 // process or of another program.
 #ifndef ZERDIX_PRESENTER_FOREIGN_WINDOW_H

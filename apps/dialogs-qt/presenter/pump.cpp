@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The loop for those who have one of their own, and the end of the program.
 #include "presenter/qt_presenter.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "presenter/qt_presenter.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Shows the library's dialogs in windows of the toolkit.
 #ifndef ZERDIX_PRESENTER_QT_PRESENTER_H
 #define ZERDIX_PRESENTER_QT_PRESENTER_H

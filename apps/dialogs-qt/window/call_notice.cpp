@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/call_notice.h"
 
 #include <QAccessible>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // While the thread waits for the server: the window in front says so, and all of them go on being
 // painted. Nothing else happens in them.
 #ifndef ZERDIX_WINDOW_CALL_NOTICE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A dialog in a window.
 #ifndef ZERDIX_WINDOW_DIALOG_WINDOW_H
 #define ZERDIX_WINDOW_DIALOG_WINDOW_H

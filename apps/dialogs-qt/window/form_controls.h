@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The controls of a dialog, made and laid out by its template.
 #ifndef ZERDIX_WINDOW_FORM_CONTROLS_H
 #define ZERDIX_WINDOW_FORM_CONTROLS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/form_layout.h"
 
 #include <QGridLayout>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Lays out the controls of a template: a grid for the dialog and one for each frame.
 #ifndef ZERDIX_WINDOW_FORM_LAYOUT_H
 #define ZERDIX_WINDOW_FORM_LAYOUT_H

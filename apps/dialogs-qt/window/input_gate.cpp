@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "window/input_gate.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What may reach the dialogs when: nothing while a remote call runs, no input into a window that is
 // disabled, and posted commands once the handler that posted them is done.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Size, place and focus of a dialog's window.
 #include "window/dialog_window.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An option or argument that takes one of a few words.
 #ifndef ZERDIX_APP_ARGUMENTS_ONE_OF_H
 #define ZERDIX_APP_ARGUMENTS_ONE_OF_H

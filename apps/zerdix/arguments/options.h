@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Options whose absence means something else than an empty value.
 #ifndef ZERDIX_APP_ARGUMENTS_OPTIONS_H
 #define ZERDIX_APP_ARGUMENTS_OPTIONS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "arguments/send_time.h"
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The time at which a fax is to go out, as it is typed on the command line.
 #ifndef ZERDIX_APP_ARGUMENTS_SEND_TIME_H
 #define ZERDIX_APP_ARGUMENTS_SEND_TIME_H

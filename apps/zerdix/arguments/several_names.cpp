@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "arguments/several_names.h"
 
 #include <cstdio>

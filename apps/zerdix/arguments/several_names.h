@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Several things that the user named, one after the other: what can't be done is told, and the rest
 // is done all the same.
 #ifndef ZERDIX_APP_ARGUMENTS_SEVERAL_NAMES_H

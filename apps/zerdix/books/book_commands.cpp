@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix book: phone books, and what is in them.
 
 #include <memory>

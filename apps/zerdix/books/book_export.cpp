@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix book export: the entries of a phone book as a text file.
 
 #include <algorithm>

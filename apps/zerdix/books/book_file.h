@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A phone book file, looked at line by line before any of it goes to the server.
 //
 // A line is an entry: id;number;station;I or E (in-house or not);F or T (fax or telex);comment;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix book import: the lines of a text file as entries of a phone book.
 //
 // The file is looked at first, so that a bad line is told before anything is stored. Then the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands that carry a phone book to a file and back.
 #ifndef ZERDIX_APP_BOOKS_BOOK_TRANSFER_H
 #define ZERDIX_APP_BOOKS_BOOK_TRANSFER_H

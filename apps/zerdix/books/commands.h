@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands on phone books, their entries and recipient groups.
 #ifndef ZERDIX_APP_BOOKS_COMMANDS_H
 #define ZERDIX_APP_BOOKS_COMMANDS_H

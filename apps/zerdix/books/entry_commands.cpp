@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix entry: the entries of phone books, one by one.
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "books/entry_walk.h"
 
 #include "output/value_text.h"

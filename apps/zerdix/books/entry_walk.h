@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // All entries of a phone book, block by block.
 #ifndef ZERDIX_APP_BOOKS_ENTRY_WALK_H
 #define ZERDIX_APP_BOOKS_ENTRY_WALK_H

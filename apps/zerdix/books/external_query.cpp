@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "books/external_query.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command that looks recipients up in an external phone book.
 #ifndef ZERDIX_APP_BOOKS_EXTERNAL_QUERY_H
 #define ZERDIX_APP_BOOKS_EXTERNAL_QUERY_H

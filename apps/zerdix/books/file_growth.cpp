@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "books/file_growth.h"
 
 #include <chrono>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Shows on a terminal how a file grows while one long operation writes it.
 #ifndef ZERDIX_APP_BOOKS_FILE_GROWTH_H
 #define ZERDIX_APP_BOOKS_FILE_GROWTH_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix group: recipient groups and their members.
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Phone books and recipient groups as two kinds of one thing: a record with an id, an owner and
 // rights, that is looked up, put and deleted.
 #ifndef ZERDIX_APP_BOOKS_KINDS_H

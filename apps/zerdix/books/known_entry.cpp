@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "books/known_entry.h"
 
 #include "books/kinds.h"

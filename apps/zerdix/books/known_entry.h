@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An entry of a phone book: looked up, and as a reader sees it.
 #ifndef ZERDIX_APP_BOOKS_KNOWN_ENTRY_H
 #define ZERDIX_APP_BOOKS_KNOWN_ENTRY_H

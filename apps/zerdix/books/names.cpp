@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "books/names.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ids of phone books, entries and groups, from UTF-8 as typed to Windows-1252.
 #ifndef ZERDIX_APP_BOOKS_NAMES_H
 #define ZERDIX_APP_BOOKS_NAMES_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What phone books and groups have in common: a comment, an owner, a user group, and rights.
 #ifndef ZERDIX_APP_BOOKS_OWNED_H
 #define ZERDIX_APP_BOOKS_OWNED_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands that phone books and groups share: create, change, delete, rights.
 #ifndef ZERDIX_APP_BOOKS_OWNED_COMMANDS_H
 #define ZERDIX_APP_BOOKS_OWNED_COMMANDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "books/rights_text.h"
 
 #include <zerdix/telebook.h>

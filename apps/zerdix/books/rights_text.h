@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Rights on phone books and groups as letters: r read, u use, a add, c change, d delete, p hold the
 // rights.
 #ifndef ZERDIX_APP_BOOKS_RIGHTS_TEXT_H

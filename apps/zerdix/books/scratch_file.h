@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A file for a moment, which nobody else may read.
 #ifndef ZERDIX_APP_BOOKS_SCRATCH_FILE_H
 #define ZERDIX_APP_BOOKS_SCRATCH_FILE_H

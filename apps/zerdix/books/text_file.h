@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A text file of unknown origin as lines of Windows-1252.
 #ifndef ZERDIX_APP_BOOKS_TEXT_FILE_H
 #define ZERDIX_APP_BOOKS_TEXT_FILE_H

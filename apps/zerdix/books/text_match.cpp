@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "books/text_match.h"
 
 #include <algorithm>

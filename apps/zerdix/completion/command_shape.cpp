@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "completion/command_shape.h"
 
 #include <CLI/CLI.hpp>

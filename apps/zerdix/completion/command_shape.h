@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command line as data: what commands, options and arguments there are. Completion scripts are
 // written from it, and the man pages are held against it.
 #ifndef ZERDIX_APP_COMPLETION_COMMAND_SHAPE_H

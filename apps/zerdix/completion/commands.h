@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command that prints a completion script.
 #ifndef ZERDIX_APP_COMPLETION_COMMANDS_H
 #define ZERDIX_APP_COMPLETION_COMMANDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix completion: a script that lets a shell complete the command line.
 
 #include <cstdio>

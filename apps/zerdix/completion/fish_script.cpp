@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "completion/scripts.h"
 #include "completion/shell_text.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Completion scripts of three shells, each as one text. They understand aliases of commands, and
 // offer a command under its own name alone.
 #ifndef ZERDIX_APP_COMPLETION_SCRIPTS_H

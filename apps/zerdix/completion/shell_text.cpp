@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "completion/shell_text.h"
 
 namespace zerdix::app {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pieces that the scripts of several shells share.
 #ifndef ZERDIX_APP_COMPLETION_SHELL_TEXT_H
 #define ZERDIX_APP_COMPLETION_SHELL_TEXT_H

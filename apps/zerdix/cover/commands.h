@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands on cover pages and letterheads.
 #ifndef ZERDIX_APP_COVER_COMMANDS_H
 #define ZERDIX_APP_COVER_COMMANDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix cover: looking at the cover page that receivers get, and giving the server a new one.
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cover/form_file.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Files that a site draws its cover page and its letterhead in.
 #ifndef ZERDIX_APP_COVER_FORM_FILE_H
 #define ZERDIX_APP_COVER_FORM_FILE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix letterhead: the paper that the pages of a fax are laid over.
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cover/preview.h"
 
 #include <dlfcn.h>

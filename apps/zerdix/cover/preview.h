@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A cover page as a receiver would get it.
 #ifndef ZERDIX_APP_COVER_PREVIEW_H
 #define ZERDIX_APP_COVER_PREVIEW_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cover/template_document.h"
 
 namespace zerdix::app {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The pictures of a form's only page on the server.
 #ifndef ZERDIX_APP_COVER_TEMPLATE_DOCUMENT_H
 #define ZERDIX_APP_COVER_TEMPLATE_DOCUMENT_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Arguments that name documents.
 #ifndef ZERDIX_APP_DOCUMENTS_ARGUMENTS_H
 #define ZERDIX_APP_DOCUMENTS_ARGUMENTS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands on documents.
 #ifndef ZERDIX_APP_DOCUMENTS_COMMANDS_H
 #define ZERDIX_APP_DOCUMENTS_COMMANDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix doc copy, zerdix doc forward, zerdix doc combine.
 
 #include <algorithm>

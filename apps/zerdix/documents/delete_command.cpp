@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix doc delete.
 
 #include <memory>

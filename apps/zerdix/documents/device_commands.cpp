@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix doc print, zerdix doc scan: documents to and from the server's devices.
 
 #include <memory>

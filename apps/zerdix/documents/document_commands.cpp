@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix doc: everything about documents.
 
 #include <CLI/CLI.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A document as a user names it: 17, or in:17, out:17, desk:17 when the number alone won't do.
 #ifndef ZERDIX_APP_DOCUMENTS_DOCUMENT_NAME_H
 #define ZERDIX_APP_DOCUMENTS_DOCUMENT_NAME_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "documents/document_records.h"
 
 #include "output/value_text.h"

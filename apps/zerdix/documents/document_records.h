@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The records of documents as JSON objects: what lists and reports show of them.
 #ifndef ZERDIX_APP_DOCUMENTS_DOCUMENT_RECORDS_H
 #define ZERDIX_APP_DOCUMENTS_DOCUMENT_RECORDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix doc info, zerdix doc log.
 
 #include <cstdio>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix doc cancel, zerdix doc restart, zerdix doc change: what can be done to a send job.
 
 #include <ctime>

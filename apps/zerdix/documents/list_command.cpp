@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix doc list, zerdix status.
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix doc comment, zerdix doc public, zerdix doc read.
 
 #include <memory>

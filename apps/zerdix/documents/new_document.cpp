@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "documents/new_document.h"
 
 namespace zerdix::app {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A new document on the user's desk.
 #ifndef ZERDIX_APP_DOCUMENTS_NEW_DOCUMENT_H
 #define ZERDIX_APP_DOCUMENTS_NEW_DOCUMENT_H

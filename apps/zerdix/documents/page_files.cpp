@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "documents/page_files.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Pages of a document, written to files.
 #ifndef ZERDIX_APP_DOCUMENTS_PAGE_FILES_H
 #define ZERDIX_APP_DOCUMENTS_PAGE_FILES_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix doc page: pages of a document as files.
 
 #include <memory>

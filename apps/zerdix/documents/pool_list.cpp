@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "documents/pool_list.h"
 
 #include <algorithm>

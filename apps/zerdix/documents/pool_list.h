@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The documents of a pool, read from the server.
 #ifndef ZERDIX_APP_DOCUMENTS_POOL_LIST_H
 #define ZERDIX_APP_DOCUMENTS_POOL_LIST_H

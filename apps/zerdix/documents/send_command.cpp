@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix send: documents of the desk go out, to named receivers or as a dialog asks.
 
 #include <cstring>

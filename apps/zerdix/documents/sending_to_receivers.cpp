@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "documents/sending_to_receivers.h"
 
 #include <ctime>

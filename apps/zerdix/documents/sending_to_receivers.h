@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A document of the desk goes to receivers that the command line names, without a dialog.
 #ifndef ZERDIX_APP_DOCUMENTS_SENDING_TO_RECEIVERS_H
 #define ZERDIX_APP_DOCUMENTS_SENDING_TO_RECEIVERS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // SIGINT and SIGTERM as a question that is asked where stopping is safe.
 #ifndef ZERDIX_APP_OUTPUT_INTERRUPT_H
 #define ZERDIX_APP_OUTPUT_INTERRUPT_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/output_file.h"
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a command tells its user on standard output: a table or a list of properties, or the same
 // as JSON.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "output/value_text.h"
 
 #include <algorithm>

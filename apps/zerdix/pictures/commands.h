@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command that fetches a page as a picture.
 #ifndef ZERDIX_APP_PICTURES_COMMANDS_H
 #define ZERDIX_APP_PICTURES_COMMANDS_H

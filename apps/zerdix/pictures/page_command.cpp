@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix page: a stored page as a picture.
 
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pictures/page_fetch.h"
 
 #include "output/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A page of a document, fetched from the server.
 #ifndef ZERDIX_APP_PICTURES_PAGE_FETCH_H
 #define ZERDIX_APP_PICTURES_PAGE_FETCH_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A fax page as a PNG of one bit a pixel.
 #ifndef ZERDIX_APP_PICTURES_PNG_FILE_H
 #define ZERDIX_APP_PICTURES_PNG_FILE_H

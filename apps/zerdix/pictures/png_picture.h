@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A PNG as a picture of one bit a pixel.
 #ifndef ZERDIX_APP_PICTURES_PNG_PICTURE_H
 #define ZERDIX_APP_PICTURES_PNG_PICTURE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "pictures/stored_page.h"
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fax pages as one TIFF, compressed as fax machines do (Group 4).
 #ifndef ZERDIX_APP_PICTURES_TIFF_FILE_H
 #define ZERDIX_APP_PICTURES_TIFF_FILE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands that send something new. Each adds itself to the command line, with a callback that
 // does the work and throws failure when it can't.
 #ifndef ZERDIX_APP_PRINT_COMMANDS_H

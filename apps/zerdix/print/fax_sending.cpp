@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "print/fax_sending.h"
 
 #include <algorithm>

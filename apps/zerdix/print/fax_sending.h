@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The end of a fax job: SendFaxDoc, and what is told of it. All of it stands in the library's
 // outcome (zerdix/outcome.h); of a receiver that it leaves unknown the server is asked.
 #ifndef ZERDIX_APP_PRINT_FAX_SENDING_H

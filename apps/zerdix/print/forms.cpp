@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "print/forms.h"
 
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the pages of a job are put on, asked for before the first page goes: the library tells of
 // neither form why it couldn't be used, and does without a letterhead that isn't there.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "print/job_options.h"
 
 #include <ctime>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the commands that send share: receivers, title, time and retries.
 #ifndef ZERDIX_APP_PRINT_JOB_OPTIONS_H
 #define ZERDIX_APP_PRINT_JOB_OPTIONS_H

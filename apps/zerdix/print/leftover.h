@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a job that ended before its time has left on the server. Everything here is asked and done
 // over a connection of its own, since the job's own may be what failed.
 #ifndef ZERDIX_APP_PRINT_LEFTOVER_H

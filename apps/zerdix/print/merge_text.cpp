@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "print/merge_text.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Merge data: the settings of a print job as a text of #KEY value# pairs.
 //
 // A value can't hold a "#" and is cut at 30 characters by the print job, so what wouldn't arrive as

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "print/outcome_words.h"
 
 #include "platform/encoding.h"

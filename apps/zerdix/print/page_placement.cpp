@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "print/page_placement.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where a page of a PDF comes to lie on a fax page.
 //
 // A fax page is 1,728 pixels wide at 204 pixels to the inch across and 196 down. A page that is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "print/pdf_file.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A PDF as a source of fax pages, one at a time.
 #ifndef ZERDIX_APP_PRINT_PDF_FILE_H
 #define ZERDIX_APP_PRINT_PDF_FILE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix print: a PDF goes out as a fax.
 
 #include <cstdio>

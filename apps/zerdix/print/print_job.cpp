@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "print/print_job.h"
 
 #include <algorithm>

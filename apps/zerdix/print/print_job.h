@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The print job of this process, from opening to its end, over the library's print job functions.
 //
 // It is a fax job, of pages, or a telex job, of one text.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a print job tells of a step that failed.
 #ifndef ZERDIX_APP_PRINT_STEP_FAILURE_H
 #define ZERDIX_APP_PRINT_STEP_FAILURE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix telex: a text goes out as a telex.
 
 #include <cstdio>

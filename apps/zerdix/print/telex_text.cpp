@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "print/telex_text.h"
 
 #include <cerrno>

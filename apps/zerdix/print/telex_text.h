@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text of a telex, as it is read from a file or from standard input.
 #ifndef ZERDIX_APP_PRINT_TELEX_TEXT_H
 #define ZERDIX_APP_PRINT_TELEX_TEXT_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "program/command_list.h"
 
 #include <CLI/CLI.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // All commands of zerdix.
 #ifndef ZERDIX_APP_PROGRAM_COMMAND_LIST_H
 #define ZERDIX_APP_PROGRAM_COMMAND_LIST_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sphere tracing of a handful of distance functions, lit by one window.
 
 #include "drawn_photograph.h"

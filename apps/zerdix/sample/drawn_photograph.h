@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A computed still life: a picture with the soft gradients and fine texture of a photograph, and
 // nobody's rights in it.
 #ifndef ZERDIX_SAMPLE_STILL_LIFE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Makes sample.pdf: a letter, a table and a picture.
 // Usage: make_sample OUTPUT.pdf
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "session/connection_probe.h"
 
 #include <arpa/inet.h>

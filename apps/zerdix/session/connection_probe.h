@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Why there is no connection, or why a call failed: the library says only that it did.
 //
 // The probes go the way that a connection goes, one step at a time: name, port mapper,

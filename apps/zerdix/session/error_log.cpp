@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "session/error_log.h"
 
 #include "common/settings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the library writes what went wrong.
 #ifndef ZERDIX_APP_SESSION_ERROR_LOG_H
 #define ZERDIX_APP_SESSION_ERROR_LOG_H

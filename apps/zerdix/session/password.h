@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where a password comes from: never from the command line, where others could read it.
 #ifndef ZERDIX_APP_SESSION_PASSWORD_H
 #define ZERDIX_APP_SESSION_PASSWORD_H

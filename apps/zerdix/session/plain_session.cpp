@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "session/plain_session.h"
 
 #include "common/settings.h"

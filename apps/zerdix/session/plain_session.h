@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A connection to the server of the settings as their user, for the length of a command.
 #ifndef ZERDIX_APP_SESSION_PLAIN_SESSION_H
 #define ZERDIX_APP_SESSION_PLAIN_SESSION_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "session/settings_choice.h"
 
 #include <cerrno>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The option --settings: a settings file for this one run.
 #ifndef ZERDIX_APP_SESSION_SETTINGS_CHOICE_H
 #define ZERDIX_APP_SESSION_SETTINGS_CHOICE_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "session/user_command.h"
 
 #include "session/settings_choice.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Commands for a user who is logged on: their common options, and the way they run.
 #ifndef ZERDIX_APP_SESSION_USER_COMMAND_H
 #define ZERDIX_APP_SESSION_USER_COMMAND_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "session/user_session.h"
 
 #include <zerdix/timetext.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "settings/bit_words.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sums of bits as words, in both directions: the features of a device, and what the server does for
 // a user at an event.
 #ifndef ZERDIX_APP_SETTINGS_BIT_WORDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix board: the bulletin board.
 
 #include "output/value_text.h"

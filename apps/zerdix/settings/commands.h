@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands on users, on what a user has set on the server, and on devices and the board.
 #ifndef ZERDIX_APP_SETTINGS_COMMANDS_H
 #define ZERDIX_APP_SETTINGS_COMMANDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix printer, zerdix scanner: the devices of the server.
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix password: a new password for the user.
 
 #include <memory>

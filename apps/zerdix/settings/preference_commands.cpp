@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix preferences: the user's defaults.
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix replacement: who stands in for the user.
 
 #include <memory>

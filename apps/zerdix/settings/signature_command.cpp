@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix signature: the picture that stands for the user's hand on cover pages.
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zerdix user: users, and the groups that they are in.
 
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rpc/wire/call_observer.h"
 
 #include "platform/port_slot.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An observer of remote calls: a window, for example, that shows that the thread waits for the
 // server.
 #ifndef ZERDIX_WIRE_CALL_OBSERVER_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The protocol's records of the document pools, in wire order: arguments as the client sends them,
 // results as the server answers. The document records themselves are public (zerdix/records.h).
 #ifndef ZERDIX_WIRE_DOCUMENT_RECORDS_H

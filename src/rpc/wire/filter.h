@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The XDR filter of any record of the protocol: encode, decode and release, in one walk over the
 // record's members.
 //

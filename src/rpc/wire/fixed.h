@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Records of fixed size: how many bytes they take on the wire, and their way to and from a buffer.
 //
 // A record's declaration is its wire form: members in order, each in units of 4 bytes, most

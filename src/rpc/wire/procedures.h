@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The procedure table as types: `proc::a_del_doc_1` is procedure 6, with its number, its name, its
 // argument's and its result's type.
 #ifndef ZERDIX_WIRE_PROCEDURES_H

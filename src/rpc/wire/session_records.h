@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The protocol's records of the session: configuration, time zone, login, users, directories,
 // signature and bulletin board, in wire order.
 #ifndef ZERDIX_WIRE_SESSION_RECORDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Records of procedures that the library has no operation for. They complete the protocol; a
 // number in a name is the procedure's, and what the fields mean isn't known.
 #ifndef ZERDIX_WIRE_SPARE_RECORDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rpc/wire/stub.h"
 
 #include <zerdix/call_time.h>

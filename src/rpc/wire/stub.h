@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The client stub: one blocking remote call of one procedure.
 //
 // Each procedure has one static result record, process-wide. A stub releases what the record still

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The stubs of all procedures, those without a caller in the library too: they complete the
 // protocol.
 #include "rpc/wire/stub.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The protocol's records of phone books, recipient groups and the external query, in wire order.
 // Every argument begins with the Alpha server's name and the user.
 #ifndef ZERDIX_WIRE_TELEBOOK_RECORDS_H

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "rpc/wire/timed_socket.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A connected socket with a deadline for the call under way: every wait ends then, so that a peer
 // that is silent, or sends byte by byte, can't make the call longer.
 #ifndef ZERDIX_WIRE_TIMED_SOCKET_H

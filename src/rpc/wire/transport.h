@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The client's end of a connection: a handle that the RPC library makes, and whose calls are
 // carried out here.
 //
