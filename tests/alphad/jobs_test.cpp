@@ -277,7 +277,7 @@ TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
     ASSERT_EQ(read_tiff(picture).size(), 2u);
     EXPECT_EQ(read_tiff(picture)[0].down, 98);
 
-    record.nighttariff = {1};
+    record.nighttariff = true;
     const std::int32_t night = send();
     EXPECT_EQ(job(night).status, send_waiting);
     EXPECT_THAT(log_of(night), HasSubstr("waits for the night tariff: 0000"));

@@ -113,7 +113,7 @@ TEST_F(Session, KeepsRecordsOfUsersWhole) {
 
     user.repl_userid = id("zerdix");
     user.repl_alphaid.assign("alpha");
-    user.repl_active = {1};
+    user.repl_active = true;
     EXPECT_TRUE(client.call(proc::o_put_user_1{}, user));
     o_user_rec far{field<str35>("beta"), id("far"), {}, field<str35>("gamma"),
                    id("meier"),          {1},       {}, 0};

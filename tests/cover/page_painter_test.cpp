@@ -134,8 +134,8 @@ TEST_F(PagePainter, FontsGoByPoints) {
     for (const auto& [fields, face, character_height] : cases)
         EXPECT_TRUE(drawn(std::string{"setfontinfo="} + fields +
                           "\nsetfaxstring=Text;10;20;\nsetfaxstring=Tail;600;20;\n") ==
-                    expected([&](drawing_context& page) {
-                        set_font(page, face, character_height);
+                    expected([face = face, height = character_height](drawing_context& page) {
+                        set_font(page, face, height);
                         text_at(10, 20, "Text")(page);
                         text_at(600, 20, "Tail")(page);
                     }))
@@ -167,9 +167,9 @@ TEST_F(PagePainter, TheReceiverComesFromThePhoneBookOrAsTyped) {
         shown.entry = entry;
         shown.look_ups = 0;
         EXPECT_TRUE(drawn("settbookentrycomment=10;20;\nsettbookentryphone=10;120;\n") ==
-                    expected([&](drawing_context& page) {
-                        text_at(10, 20, comment)(page);
-                        text_at(10, 120, number)(page);
+                    expected([above = comment, below = number](drawing_context& page) {
+                        text_at(10, 20, above)(page);
+                        text_at(10, 120, below)(page);
                     }));
         EXPECT_EQ(shown.look_ups, look_ups);
     }
