@@ -18,6 +18,10 @@ endif()
 # For tests, fuzzers and benchmarks, to be named behind zerdix_flags. To clang a changed sign is a
 # conversion, to GCC it isn't in C++; the tests are as GCC takes them.
 add_library(zerdix_test_flags INTERFACE)
+# Tests of memory that runs out, or of how much is taken, can't be made with an allocator of its own.
+if(ZERDIX_SANITIZE)
+  target_compile_definitions(zerdix_test_flags INTERFACE ZERDIX_SANITIZED)
+endif()
 target_compile_options(zerdix_test_flags INTERFACE
   $<$<CXX_COMPILER_ID:Clang>:-Wno-sign-conversion>)
 

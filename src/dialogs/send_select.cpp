@@ -207,6 +207,7 @@ bool CDialogSendSelect::handOver(const std::vector<final_receiver>& receivers) {
     *pSRec = settings_.record();
     pSRec->comment.assign(text(comment, send::comment_taken));
     std::vector<std::string> texts;
+    texts.reserve(receivers.size());
     for (const final_receiver& each : receivers)
         texts.push_back(each.text);
     return sendfax::replace_receivers(texts);

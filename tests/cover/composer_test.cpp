@@ -89,6 +89,7 @@ TEST_F(Composer, APageIsDrawnInFrontOfTheDocument) {
     cover::forget_session();
     ASSERT_EQ(insert(), 1);
     EXPECT_EQ(server.calls(), without_signature);
+    session.CleanupHostConnection(); // a new object forgets the handle
     ZERDIX other;
     ASSERT_NE(other.GetClientAddr("127.0.0.1"), nullptr);
     server.clear_calls();

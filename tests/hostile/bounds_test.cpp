@@ -94,7 +94,7 @@ TEST(HostileBounds, AServerThatWasSilentCanBeAskedAgain) {
     }
 }
 
-#ifndef __SANITIZE_ADDRESS__
+#ifndef ZERDIX_SANITIZED
 
 // Peak memory of the process since the last reset, in KiB.
 long peak() {

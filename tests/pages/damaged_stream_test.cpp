@@ -128,7 +128,7 @@ TEST(damaged_stream, growth_ends_at_the_limit) {
     std::free(output);
 }
 
-#if !defined(__SANITIZE_ADDRESS__)
+#ifndef ZERDIX_SANITIZED
 // Runs in a child whose address space can't grow any more; 0 when everything was as it should be.
 int without_memory(const bytes& plain, const bytes& stream) {
     const rlimit none{.rlim_cur = 1, .rlim_max = 1};
