@@ -99,7 +99,7 @@ struct zx_outcome {
     const char* desk_user; /* user on whose desk the document was to be laid, "": none */
     int32_t on_desk;       /* the document that lies there now, 0: none */
 
-    const struct zx_remark* remarks; /* on the merge data, in its order */
+    const struct zx_remark* remarks; /* on the merge data, in its order; the first 1,000 */
     int32_t remark_count;
 };
 

@@ -9,6 +9,9 @@ namespace zerdix::sending {
 
 namespace {
 
+// A driver that hands the text of all its pages over may bring any number.
+constexpr std::size_t most_remarks = 1000;
+
 // A call whose request may have reached the server although no result came back.
 bool reply_was_lost(clnt_stat status) {
     switch (status) {
@@ -109,7 +112,8 @@ void outcome::put_on_desk(std::int32_t document) {
 }
 
 void outcome::remark(zx_remark_kind kind, std::string_view key, std::string_view value) {
-    remarks_.push_back({kind, std::string{key}, std::string{value}});
+    if (remarks_.size() < most_remarks)
+        remarks_.push_back({kind, std::string{key}, std::string{value}});
 }
 
 void outcome::ended(std::int32_t result) {
