@@ -121,11 +121,6 @@ void outcome::ended(std::int32_t result) {
     ended_ = true;
 }
 
-bool outcome::has_delivered() const {
-    return std::any_of(receivers_.begin(), receivers_.end(),
-                       [](const receiver_state& each) { return each.delivery == ZX_HANDED_OVER; });
-}
-
 const zx_outcome& outcome::view() {
     receiver_views_.clear();
     for (const receiver_state& each : receivers_)

@@ -49,9 +49,6 @@ class outcome {
     // The result of a function that failed and left the job open.
     void failed_so_far(std::int32_t result) { result_ = result; }
 
-    // Whether any receiver was handed over.
-    bool has_delivered() const;
-
     const zx_outcome& view();
 
   private:
