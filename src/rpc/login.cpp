@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
 #include "rpc/call.h"
@@ -29,15 +30,6 @@ enum login_result : std::int32_t {
     not_compatible = 10,
     other_reason = 10,
     omega_not_reached = 11,
-};
-
-// What the server says of a login.
-enum login_status : std::int32_t {
-    status_logged_on = 0,
-    status_no_omega = 3,
-    status_already = 4,
-    status_unknown = 6,
-    status_password = 8,
 };
 
 // The policy of a login's own calls. The login closes the connection after one that failed.
@@ -70,17 +62,17 @@ std::int32_t compare_versions() {
 
 std::int32_t refusal(std::int32_t status) {
     switch (status) {
-    case status_no_omega:
+    case login_omega_not_reached:
         trace_lines.error("ZERDIX::login(): Omega server cannot be reached");
         return omega_not_reached;
-    case status_already:
+    case login_present_already:
         trace_lines.error("ZERDIX::login(): The user %s has already logged on",
                           session().str10UserId.bytes);
         return already_logged_on;
-    case status_unknown:
+    case login_unknown_user:
         trace_lines.error("ZERDIX::login(): The user %s is unknown", session().str10UserId.bytes);
         return user_unknown;
-    case status_password:
+    case login_wrong_password:
         trace_lines.error("ZERDIX::login(): Wrong password!");
         return wrong_password;
     default:
@@ -101,7 +93,7 @@ std::int32_t log_on(const a_get_login_i& request) {
     auto* answer = rpc::call<proc::a_get_login_1>(caller, session().pclient, request);
     if (answer == nullptr)
         return rpc::call_failed;
-    if (answer->status != status_logged_on)
+    if (answer->status != login_accepted)
         return refusal(answer->status);
     session().lLoginId = answer->loginid;
     wire::release(*answer);

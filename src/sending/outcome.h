@@ -16,8 +16,8 @@ namespace zerdix::sending {
 
 class outcome {
   public:
-    // Forgets everything, unless nothing has ended since the last begin: what came before a job was
-    // opened belongs to the job.
+    // Forgets the job before, once it has ended. A job that has begun stays as it is: its merge data
+    // may come before it is opened.
     void begin();
 
     // The receivers of the job, in their order, none of them tried yet; gives the index of the

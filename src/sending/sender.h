@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The steps by which a document of the desk reaches its receivers. A caller takes them in the order
-// of its own road, with its own trace lines, log lines and messages between them; what came of each
+// The steps by which a document of the desk reaches its receivers. A caller takes them in an
+// order of its own, with its own trace lines, log lines and messages between them; what came of each
 // step is noted in the caller's outcome here, and nowhere else.
 #ifndef ZERDIX_SENDING_SENDER_H
 #define ZERDIX_SENDING_SENDER_H

@@ -59,13 +59,14 @@ stored_documents read_documents(user_session& user, const std::vector<std::strin
 void tell_end(user_session& user, const zx_outcome& outcome) {
     const std::string made =
         counted(static_cast<int>(receivers_that_are(outcome, ZX_HANDED_OVER).size()), "send job");
-    const auto unknown = receivers_that_are(outcome, ZX_UNKNOWN);
+    std::string unknown;
+    for (const zx_receiver* each : receivers_that_are(outcome, ZX_UNKNOWN))
+        unknown += (unknown.empty() ? "" : ", ") + shown_receiver(*each);
     if (!unknown.empty())
-        throw failure(cause_of(outcome).code,
-                      "sending to " + shown_receiver(*unknown[0]) +
-                          " failed: " + cause_of(outcome).cause + "; " + made +
-                          " had been made, and whether this one was isn't known: \"zerdix doc list "
-                          "outgoing\" shows it");
+        throw failure(exit_unavailable,
+                      made + " made; no answer came to the sending to " + unknown +
+                          ", and whether that was taken isn't known: \"zerdix doc list outgoing\" "
+                          "shows it");
     if (receivers_that_are(outcome, ZX_HANDED_OVER).empty())
         throw failure(exit_refused, "nothing was sent; the messages of the dialog say why");
     if (outcome.step != ZX_STEP_NONE)

@@ -7,6 +7,7 @@
 #include <zerdix/values.h>
 
 #include "arguments/send_time.h"
+#include "books/known_entry.h"
 #include "output/progress.h"
 #include "output/value_text.h"
 #include "platform/encoding.h"
@@ -43,14 +44,9 @@ void require_fax_entry(user_session& user, const std::string& receiver) {
     const auto named = parse_book_entry(receiver);
     if (!named)
         return;
-    const std::string shown_name = platform::cp1252_to_utf8(receiver);
-    const o_tebul& entry = user.fetch("looking up " + shown_name, [&] {
-        return user.books().getTBookEntry(named->book.c_str(), named->entry.c_str(), 1);
-    });
-    if (entry.tbookid.empty())
-        throw failure(exit_no_receiver, "the phone books have no entry " + shown_name);
-    if (entry.nettype != NETTYPE_FAX)
-        throw failure(exit_no_receiver, shown_name + " has no fax: it is an entry for telex");
+    if (known_entry(user, {named->book, named->entry}).nettype != NETTYPE_FAX)
+        throw failure(exit_no_receiver,
+                      platform::cp1252_to_utf8(receiver) + " has no fax: it is an entry for telex");
 }
 
 void add_group(user_session& user, const std::string& typed, std::vector<std::string>& receivers) {
@@ -62,10 +58,8 @@ void add_group(user_session& user, const std::string& typed, std::vector<std::st
     for (const o_tgroupl* member : records<o_tgroupl>(members)) {
         const book_entry named{std::string{member->tbookid.view()},
                                std::string{member->teleid.view()}};
-        const o_tebul& entry = user.fetch("looking up " + named.text(), [&] {
-            return user.books().getTBookEntry(named.book.c_str(), named.entry.c_str(), 1);
-        });
-        if (!entry.tbookid.empty() && entry.nettype == NETTYPE_FAX)
+        const auto entry = find_entry(user, {named.book, named.entry});
+        if (entry && entry->nettype == NETTYPE_FAX)
             receivers.push_back(named.text());
     }
     if (receivers.size() == before)

@@ -52,6 +52,8 @@ failure_cause cause_of(const zx_outcome& outcome) {
     }
     if (outcome.step == ZX_STEP_COVER)
         return {exit_refused, "there is no cover page for it"};
+    if (outcome.step == ZX_STEP_INSPECT)
+        return {exit_refused, "the document has no data for this way of sending"};
     return {exit_internal, "the library couldn't carry it out"};
 }
 
