@@ -16,8 +16,8 @@ namespace zerdix::sending {
 
 class outcome {
   public:
-    // Forgets the job before, once it has ended. A job that has begun stays as it is: its merge data
-    // may come before it is opened.
+    // Forgets the job before, once it has ended. A job that has begun stays as it is: merge data
+    // may come before the job is opened.
     void begin();
 
     // The receivers of the job, in their order, none of them tried yet; gives the index of the
