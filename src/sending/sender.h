@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The steps by which a document of the desk reaches its receivers. A caller takes them in an
-// order of its own, with its own trace lines, log lines and messages between them; what came of each
-// step is noted in the caller's outcome here, and nowhere else.
+// order of its own, with its own trace lines, log lines and messages between them; what came of
+// each step is noted in the caller's outcome here, and nowhere else.
 #ifndef ZERDIX_SENDING_SENDER_H
 #define ZERDIX_SENDING_SENDER_H
 
