@@ -82,12 +82,9 @@ page_bytes letterhead_page() {
 }
 
 // The page turned three times to the left, as a driver sends it.
-page_bytes landscape_page(page_bytes page) {
-    for (const std::size_t at : {0, 4})
-        std::reverse(&page[at], &page[at] + 4);
+page_bytes landscape_page(const page_bytes& page) {
     imaging::owned_bitmap bitmap;
-    pages::mirror_and_invert(std::span{page}.subspan(header));
-    require(ConvertBmToLead(page.data(), &bitmap, 0) == 1, "a bitmap");
+    require(imaging::bitmap_of_driver_block(bench::driver_form(page), bitmap), "a bitmap");
     for (int turn = 0; turn < 3; ++turn)
         require(L_RotateBitmap(&bitmap, -90, 1) == 1, "a turn");
     page_bytes turned(header);
@@ -104,12 +101,10 @@ page_bytes landscape_page(page_bytes page) {
 }
 
 // What the letterhead makes of the landscape page, as a driver would send it.
-page_bytes finished_page(page_bytes landscape) {
-    page_bytes from_top(landscape.size());
-    pages::turn_rows(landscape, from_top);
+page_bytes finished_page(const page_bytes& landscape) {
     page_dat page{0, nullptr};
-    require(sendfax::MergeBackPaper(from_top.data(), bench::length_of(from_top), letterhead_source,
-                                    &page) == 0,
+    require(sendfax::MergeBackPaper(landscape.data(), bench::length_of(landscape),
+                                    letterhead_source, &page) == 0,
             "MergeBackPaper");
     page_bytes stored = *codec::expand({page.data, page.data + page.size});
     std::free(page.data);

@@ -21,8 +21,7 @@ namespace pages = zerdix::pages;
 // As StoreFaxPage hands a page to the codec.
 std::vector<unsigned char> stored_form(const std::vector<unsigned char>& block) {
     std::vector<unsigned char> turned(block.size());
-    pages::turn_rows(block, turned);
-    pages::mirror_and_invert(std::span{turned}.subspan(pages::block_header_size));
+    pages::write_stored_form(block, turned);
     return turned;
 }
 

@@ -78,8 +78,7 @@ page_bytes dense_page() {
 // The rows turned round, and each byte mirrored and inverted: the same way there and back.
 page_bytes driver_form(const page_bytes& stored) {
     page_bytes page(stored.size());
-    pages::turn_rows(stored, page);
-    pages::mirror_and_invert(std::span{page}.subspan(pages::block_header_size));
+    pages::write_stored_form(stored, page);
     return page;
 }
 

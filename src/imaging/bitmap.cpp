@@ -106,6 +106,14 @@ int L_PutRow(LeadBitmap* bitmap, const unsigned char* buffer, std::int32_t row, 
     return 1;
 }
 
+void set_row_from_top(LeadBitmap& bitmap, std::int32_t y, const unsigned char* bytes) {
+    unsigned char* const row = row_from_top(bitmap, y);
+    const std::size_t count = row_bytes(bitmap.width);
+    std::memcpy(row, bytes, count);
+    row[count - 1] &= last_byte_mask(bitmap.width);
+    std::memset(row + count, 0, bitmap.stride - count);
+}
+
 int L_InvertBitmap(LeadBitmap* bitmap) {
     if (!usable(bitmap))
         return 0;

@@ -101,6 +101,10 @@ int L_EndRows(LeadBitmap* bitmap);
 int L_GetRow(const LeadBitmap* bitmap, unsigned char* buffer, std::int32_t row, std::size_t count);
 int L_PutRow(LeadBitmap* bitmap, const unsigned char* buffer, std::int32_t row, std::size_t count);
 
+// Writes row `y` from the top whole, padding too, from the bytes of a row. The bitmap holds the
+// row.
+void set_row_from_top(LeadBitmap& bitmap, std::int32_t y, const unsigned char* bytes);
+
 // Makes the picture its negative: the colour order changes, the rows stay.
 int L_InvertBitmap(LeadBitmap* bitmap);
 

@@ -9,7 +9,8 @@
 #include <zerdix/held_result.h>
 
 #include "common/show_message.h"
-#include "pages/mirror.h"
+#include "imaging/owned_bitmap.h"
+#include "pages/driver_form.h"
 #include "pages/page_codec.h"
 #include "platform/quit.h"
 
@@ -34,53 +35,68 @@ page_size size_of(const LeadBitmap& bitmap) {
     return {static_cast<std::uint32_t>(bitmap.width), static_cast<std::uint32_t>(bitmap.height)};
 }
 
+// The rows of a bitmap from the top. Without padding they are one long row.
+pages::row_walk rows_of(const LeadBitmap& bitmap) {
+    const std::size_t bytes = row_bytes(bitmap.width);
+    const auto count = static_cast<std::size_t>(bitmap.height);
+    if (bytes == bitmap.stride)
+        return {bitmap.pixels, 0, bytes * count, 1};
+    return {bitmap.pixels, static_cast<std::ptrdiff_t>(bitmap.stride), bytes, count};
+}
+
 // Null when memory ran out.
-heap_block stored_block(LeadBitmap& bitmap, bool invert) {
+heap_block stored_block(const LeadBitmap& bitmap, bool invert) {
     const page_size size = size_of(bitmap);
     heap_block block{static_cast<unsigned char*>(std::malloc(size.block_bytes()))};
     if (block == nullptr)
         return block;
     const std::span rows{block.get() + pages::block_header_size,
                          size.block_bytes() - pages::block_header_size};
-    const std::size_t bytes = size.row_bytes();
-    unsigned char* to = rows.data();
-    L_BeginRows(&bitmap);
-    for (std::int32_t row = bitmap.height - 1; row >= 0; --row, to += bytes)
-        L_GetRow(&bitmap, to, row, bytes);
-    L_EndRows(&bitmap);
-    invert ? pages::mirror_and_invert(rows) : pages::mirror_bits(rows);
+    pages::mirror_rows(rows_of(bitmap), rows.data(), invert);
     pages::whiten_padding(rows, size);
     pages::write_header(block.get(), size, header_form::stored);
     return block;
 }
 
-} // namespace
-
-bool is_whole_block(const unsigned char* block, std::size_t bytes) {
-    if (bytes < pages::block_header_size)
+// A white-first bitmap whose pixels are still to be written.
+bool create_unset(LeadBitmap& bitmap, std::int32_t width, std::int32_t height) {
+    bitmap = {};
+    if (L_InitBitmap(&bitmap, width, height, 1) != 1) {
+        common::show_message(1256);
         return false;
-    const page_size size = pages::read_header(block, header_form::machine);
-    LeadBitmap unallocated;
-    return L_InitBitmap(&unallocated, static_cast<std::int32_t>(size.width),
-                        static_cast<std::int32_t>(size.height), 1) == 1 &&
-           size.block_bytes() <= bytes;
+    }
+    if (!allocate_unset(bitmap, width, height)) {
+        common::show_message(1246);
+        return false;
+    }
+    bitmap.palette = CreateWhiteFirstPalette();
+    if (bitmap.palette != nullptr)
+        bitmap.flags |= bitmap_has_palette;
+    return true;
 }
 
+// A black-first bitmap of these rows, the one at the top first.
+bool create_from_rows(LeadBitmap& bitmap, page_size size, pages::row_walk rows) {
+    if (!create_unset(bitmap, static_cast<std::int32_t>(size.width),
+                      static_cast<std::int32_t>(size.height)))
+        return false;
+    for (std::int32_t y = 0; y < bitmap.height; ++y, rows.first += rows.step)
+        set_row_from_top(bitmap, y, rows.first);
+    L_InvertBitmap(&bitmap);
+    return true;
+}
+
+bool is_within_limits(page_size size) {
+    LeadBitmap unallocated;
+    return L_InitBitmap(&unallocated, static_cast<std::int32_t>(size.width),
+                        static_cast<std::int32_t>(size.height), 1) == 1;
+}
+
+} // namespace
+
 int CreateEmptyBitmap(LeadBitmap* bitmap, std::int32_t width, std::int32_t height) {
-    if (bitmap == nullptr)
+    if (bitmap == nullptr || !create_unset(*bitmap, width, height))
         return 0;
-    *bitmap = {};
-    if (L_InitBitmap(bitmap, width, height, 1) != 1) {
-        common::show_message(1256);
-        return 0;
-    }
-    if (L_AllocateBitmap(bitmap, 1) != 1) {
-        common::show_message(1246);
-        return 0;
-    }
-    bitmap->palette = CreateWhiteFirstPalette();
-    if (bitmap->palette != nullptr)
-        bitmap->flags |= bitmap_has_palette;
     if (L_FillBitmap(bitmap, white) != 1)
         common::show_message(506);
     return 1;
@@ -91,17 +107,18 @@ int ConvertBmToLead(unsigned char* block, LeadBitmap* bitmap, int releaseBlock) 
     if (block == nullptr || bitmap == nullptr)
         return 0;
     const page_size size = pages::read_header(block, header_form::machine);
-    if (CreateEmptyBitmap(bitmap, static_cast<std::int32_t>(size.width),
-                          static_cast<std::int32_t>(size.height)) != 1)
-        return 0;
-    const std::size_t bytes = size.row_bytes();
-    const unsigned char* from = block + pages::block_header_size;
-    L_BeginRows(bitmap);
-    for (std::int32_t row = bitmap->height - 1; row >= 0; --row, from += bytes)
-        L_PutRow(bitmap, from, row, bytes);
-    L_EndRows(bitmap);
-    L_InvertBitmap(bitmap);
-    return 1;
+    const pages::row_walk rows{block + pages::block_header_size,
+                               static_cast<std::ptrdiff_t>(size.row_bytes()), size.row_bytes(),
+                               size.height};
+    return create_from_rows(*bitmap, size, rows) ? 1 : 0;
+}
+
+bool bitmap_of_driver_block(std::span<const unsigned char> block, LeadBitmap& bitmap) {
+    if (block.size() < pages::block_header_size)
+        return false;
+    const page_size size = pages::read_header(block.data(), header_form::stored);
+    return is_within_limits(size) && size.block_bytes() <= block.size() &&
+           create_from_rows(bitmap, size, pages::rows_from_top(block.data()));
 }
 
 int ConvertCompressedFaxToLead(const unsigned char* data, std::int32_t size, LeadBitmap* bitmap) {
@@ -117,10 +134,10 @@ int ConvertCompressedFaxToLead(const unsigned char* data, std::int32_t size, Lea
     const auto bytes = static_cast<std::size_t>(length);
     if (bytes < pages::block_header_size)
         return 0;
-    pages::write_header(expanded, pages::read_header(expanded, header_form::expanded),
-                        header_form::machine);
-    if (!is_whole_block(expanded, bytes))
+    const page_size stored = pages::read_header(expanded, header_form::expanded);
+    if (!is_within_limits(stored) || stored.block_bytes() > bytes)
         return 0;
+    pages::write_header(expanded, stored, header_form::machine);
     return ConvertBmToLead(block.release(), bitmap, 1);
 }
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Converting page blocks to bitmaps, and bitmaps to page blocks.
 //
-// Page blocks are those of pages/page_block.h, memory of malloc; while one is worked on, its header
-// is in the machine's byte order.
+// Page blocks are those of pages/page_block.h, memory of malloc.
 //
 // Results are 1 for success and 0 for failure.
 #ifndef ZERDIX_IMAGING_PAGE_FORMS_H
@@ -10,6 +9,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include <zerdix/records.h>
 
@@ -18,19 +18,18 @@
 
 namespace zerdix::imaging {
 
-// Whether a block of `bytes` bytes with its header in machine order holds a page within the limits
-// of a bitmap and all of its rows.
-bool is_whole_block(const unsigned char* block, std::size_t bytes);
-
 // Makes an all-white bitmap, white-first, with a palette. What the record held before is forgotten,
 // not released, here and below. Tells the user about failures in a message box.
 int CreateEmptyBitmap(LeadBitmap* bitmap, std::int32_t width, std::int32_t height);
 
 // Makes a bitmap of a block whose header is in machine order; it ends black-first, which shows
 // driver rows right and expanded rows as a negative. With `releaseBlock` other than 0 the block is
-// freed, on failure too. The block isn't told its own length: a caller that didn't make it asks
-// is_whole_block first.
+// freed, on failure too. The block isn't told its own length: its maker answers for its rows.
 int ConvertBmToLead(unsigned char* block, LeadBitmap* bitmap, int releaseBlock);
+
+// Makes a bitmap of a block in driver form, black-first, upright. False when the block lacks rows,
+// its size is beyond the limits of a bitmap, or memory ran out.
+bool bitmap_of_driver_block(std::span<const unsigned char> block, LeadBitmap& bitmap);
 
 // Makes a bitmap of a compressed page: expanded rows, black-first, so that L_InvertBitmap gives
 // the picture. A stream that isn't one of the codec's posts a quit request with code 1.

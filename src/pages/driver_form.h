@@ -5,6 +5,7 @@
 
 #include <span>
 
+#include "pages/mirror.h"
 #include "pages/page_block.h"
 
 namespace zerdix::pages {
@@ -15,9 +16,13 @@ constexpr bool is_storable(page_size size) {
     return size.width > 0 && size.height > 0 && size.width % 8 == 0;
 }
 
-// Copies a block with its rows turned round, so that the top of the page comes first. Bytes behind
-// the rows become 0xFF. `turned` is as long as `block`, which is storable and covers its rows.
-void turn_rows(std::span<const unsigned char> block, std::span<unsigned char> turned);
+// Writes the stored form of a block: its rows from the top of the page, mirrored and inverted.
+// Bytes behind the rows become 0. `stored` is as long as `block`, which is storable and covers its
+// rows. The same steps lead back from the stored form.
+void write_stored_form(std::span<const unsigned char> block, std::span<unsigned char> stored);
+
+// The rows of a block in driver form from the top of the page.
+row_walk rows_from_top(const unsigned char* block);
 
 } // namespace zerdix::pages
 

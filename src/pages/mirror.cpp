@@ -35,61 +35,74 @@ __attribute__((target("avx2"))) __m256i table_of(const unsigned char (&values)[1
     return _mm256_broadcastsi128_si256(_mm_load_si128(reinterpret_cast<const __m128i*>(values)));
 }
 
-__attribute__((target("avx2"))) void run_wide(unsigned char* bytes, std::size_t length,
-                                              unsigned char flip) {
-    const __m256i flipped = _mm256_set1_epi8(static_cast<char>(flip));
-    const __m256i lower = _mm256_xor_si256(table_of(lower_half), flipped);
-    const __m256i upper = table_of(upper_half);
+__attribute__((target("avx2"), always_inline)) inline void
+mirror_block(const unsigned char* from, unsigned char* to, __m256i lower, __m256i upper) {
     const __m256i half = _mm256_set1_epi8(0x0F);
-    for (std::size_t at = 0; at < length; at += sizeof(__m256i)) {
-        auto* place = reinterpret_cast<__m256i*>(bytes + at);
-        const __m256i value = _mm256_loadu_si256(place);
-        const __m256i low = _mm256_and_si256(value, half);
-        const __m256i high = _mm256_and_si256(_mm256_srli_epi16(value, 4), half);
-        _mm256_storeu_si256(place, _mm256_xor_si256(_mm256_shuffle_epi8(lower, low),
-                                                    _mm256_shuffle_epi8(upper, high)));
+    const __m256i value = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from));
+    const __m256i low = _mm256_and_si256(value, half);
+    const __m256i high = _mm256_and_si256(_mm256_srli_epi16(value, 4), half);
+    _mm256_storeu_si256(
+        reinterpret_cast<__m256i*>(to),
+        _mm256_xor_si256(_mm256_shuffle_epi8(lower, low), _mm256_shuffle_epi8(upper, high)));
+}
+
+// 32 bytes at a time; those at the end of a row overlap with those before. A row has at least 32.
+__attribute__((target("avx2"))) void mirror_wide(const row_walk& rows, unsigned char* to,
+                                                 unsigned char flip) {
+    constexpr std::size_t width = sizeof(__m256i);
+    const __m256i lower =
+        _mm256_xor_si256(table_of(lower_half), _mm256_set1_epi8(static_cast<char>(flip)));
+    const __m256i upper = table_of(upper_half);
+    const unsigned char* from = rows.first;
+    for (std::size_t row = 0; row < rows.count; ++row, from += rows.step, to += rows.bytes) {
+        for (std::size_t at = 0; at + width <= rows.bytes; at += width)
+            mirror_block(from + at, to + at, lower, upper);
+        mirror_block(from + rows.bytes - width, to + rows.bytes - width, lower, upper);
     }
 }
 
-// 32 bytes at a time where the processor can. Gives how many bytes from the start on are done.
-std::size_t mirror_wide(std::span<unsigned char> bytes, unsigned char flip) {
-    if (!has_wide_registers())
-        return 0;
-    const std::size_t length = bytes.size() / sizeof(__m256i) * sizeof(__m256i);
-    run_wide(bytes.data(), length, flip);
-    return length;
+bool takes_wide(const row_walk& rows) {
+    return rows.bytes >= sizeof(__m256i) && has_wide_registers();
 }
 
 #else
 
-std::size_t mirror_wide(std::span<unsigned char>, unsigned char) {
-    return 0;
+void mirror_wide(const row_walk&, unsigned char*, unsigned char) {}
+
+bool takes_wide(const row_walk&) {
+    return false;
 }
 
 #endif
 
-// `flip` is 0xFF where the bits are to be inverted as well, else 0.
-void mirror(std::span<unsigned char> bytes, unsigned char flip) {
+// `from` and `to` may be the same.
+void mirror_row(const unsigned char* from, unsigned char* to, std::size_t bytes,
+                unsigned char flip) {
     const std::uint64_t flips = flip * 0x0101010101010101u;
-    std::size_t at = mirror_wide(bytes, flip);
-    for (; at + 8 <= bytes.size(); at += 8) {
+    std::size_t at = 0;
+    for (; at + 8 <= bytes; at += 8) {
         std::uint64_t word;
-        std::memcpy(&word, bytes.data() + at, sizeof word);
+        std::memcpy(&word, from + at, sizeof word);
         word = mirrored(word) ^ flips;
-        std::memcpy(bytes.data() + at, &word, sizeof word);
+        std::memcpy(to + at, &word, sizeof word);
     }
-    for (; at < bytes.size(); ++at)
-        bytes[at] = static_cast<unsigned char>(mirrored(std::uint64_t{bytes[at]}) ^ flip);
+    for (; at < bytes; ++at)
+        to[at] = static_cast<unsigned char>(mirrored(std::uint64_t{from[at]}) ^ flip);
 }
 
 } // namespace
 
 void mirror_bits(std::span<unsigned char> bytes) {
-    mirror(bytes, 0);
+    mirror_row(bytes.data(), bytes.data(), bytes.size(), 0);
 }
 
-void mirror_and_invert(std::span<unsigned char> bytes) {
-    mirror(bytes, 0xFF);
+void mirror_rows(const row_walk& rows, unsigned char* to, bool invert) {
+    const unsigned char flip = invert ? 0xFF : 0;
+    if (takes_wide(rows))
+        return mirror_wide(rows, to, flip);
+    const unsigned char* from = rows.first;
+    for (std::size_t row = 0; row < rows.count; ++row, from += rows.step, to += rows.bytes)
+        mirror_row(from, to, rows.bytes, flip);
 }
 
 } // namespace zerdix::pages

@@ -48,11 +48,10 @@ expanded_page expand_page(std::span<const unsigned char> compressed) {
 }
 
 std::vector<unsigned char> compress_page(const page_picture& picture) {
-    std::vector<unsigned char> block(block_header_size);
-    block.insert(block.end(), picture.rows.begin(), picture.rows.end());
+    std::vector<unsigned char> block(block_header_size + picture.rows.size());
     write_header(block.data(), picture.size, header_form::stored);
-    const std::span rows{block.data() + block_header_size, picture.rows.size()};
-    mirror_bits(rows);
+    const std::span rows = std::span{block}.subspan(block_header_size);
+    mirror_rows({picture.rows.data(), 0, rows.size(), 1}, rows.data(), false);
     whiten_padding(rows, picture.size);
     unsigned char* compressed = nullptr;
     std::int32_t length = 0;

@@ -3,7 +3,6 @@
 
 #include "sendfax/landscape_page.h"
 #include "imaging/owned_bitmap.h"
-#include "sendfax/block_header.h"
 #include "sendfax/job.h"
 #include "sendfax/trace_lines.h"
 
@@ -29,12 +28,10 @@ std::int32_t failed(const char* line) {
     return failure;
 }
 
-std::int32_t rotate(unsigned char* block, std::size_t size, page_dat& page) {
-    const header_in_machine_order header{block};
-    trace_lines.info("RotateBitmap: Width: %ld Height %ld", header.size().width,
-                     header.size().height);
+std::int32_t rotate(std::span<const unsigned char> block, pages::page_size size, page_dat& page) {
+    trace_lines.info("RotateBitmap: Width: %ld Height %ld", size.width, size.height);
     owned_bitmap bitmap;
-    if (!imaging::is_whole_block(block, size) || ConvertBmToLead(block, &bitmap, 0) != 1)
+    if (!imaging::bitmap_of_driver_block(block, bitmap))
         return failed("RotateBitmap(): Error ConvertFromBmToLead()");
     turn_upright(bitmap);
     if (ConvertLeadToCompressedFax(&page, &bitmap, 1) != 1)
@@ -44,15 +41,14 @@ std::int32_t rotate(unsigned char* block, std::size_t size, page_dat& page) {
 
 } // namespace
 
-std::int32_t RotateBitmap(unsigned char* block, std::int32_t size, page_dat* page) {
+std::int32_t RotateBitmap(const unsigned char* block, std::int32_t size, page_dat* page) {
     const trace::operation traced{trace_lines, "RotateBitmap():", "<-- RotateBitmap:"};
-    const auto bytes = static_cast<std::size_t>(size);
     const pages::page_size picture = pages::read_header(block, pages::header_form::stored);
     if (picture.height > picture.width) {
         traced.exit("--> RotateBitmap(): Bitmap must not be rotated");
         return declined;
     }
-    return rotate(block, bytes, *page);
+    return rotate({block, static_cast<std::size_t>(size)}, picture, *page);
 }
 
 } // namespace zerdix::sendfax

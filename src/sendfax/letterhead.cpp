@@ -6,7 +6,6 @@
 
 #include "imaging/owned_bitmap.h"
 #include "imaging/stretch.h"
-#include "sendfax/block_header.h"
 #include "sendfax/job.h"
 #include "sendfax/letterhead.h"
 #include "sendfax/trace_lines.h"
@@ -126,12 +125,11 @@ void lay_over(LeadBitmap& background, LeadBitmap& original) {
         FreeLeadBitmap(&background);
 }
 
-outcome merge(unsigned char* block, std::size_t size, page_dat& page) {
-    const header_in_machine_order header{block};
-    trace_lines.info("MergeBackPaper(): original width: %ld height: %ld", header.size().width,
-                     header.size().height);
+outcome merge(std::span<const unsigned char> block, page_dat& page) {
+    const pages::page_size size = pages::read_header(block.data(), pages::header_form::stored);
+    trace_lines.info("MergeBackPaper(): original width: %ld height: %ld", size.width, size.height);
     owned_bitmap original;
-    if (!imaging::is_whole_block(block, size) || ConvertBmToLead(block, &original, 0) != 1)
+    if (!imaging::bitmap_of_driver_block(block, original))
         return failed("MergeBackPaper(): Error ConvertBmToLead()");
     if (!expand_background(job().bmpBackground)) {
         FreeLeadBitmap(&job().bmpBackground);
@@ -145,7 +143,7 @@ outcome merge(unsigned char* block, std::size_t size, page_dat& page) {
 
 } // namespace
 
-std::int32_t MergeBackPaper(unsigned char* block, std::int32_t size, std::int16_t paperSource,
+std::int32_t MergeBackPaper(const unsigned char* block, std::int32_t size, std::int16_t paperSource,
                             page_dat* page) {
     const trace::operation traced{
         trace_lines,
@@ -153,7 +151,7 @@ std::int32_t MergeBackPaper(unsigned char* block, std::int32_t size, std::int16_
         paperSource};
     outcome end = provide_background(paperSource);
     if (end == outcome::merged)
-        end = merge(block, static_cast<std::size_t>(size), *page);
+        end = merge({block, static_cast<std::size_t>(size)}, *page);
     if (end == outcome::undefined)
         traced.exit("--> MergeBackPaper(): no pool document is defined for background paper "
                     "number %ld",

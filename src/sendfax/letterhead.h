@@ -15,13 +15,12 @@ namespace zerdix::sendfax {
 // than high is turned first, page and letterhead each on its own. The letterhead is fetched once
 // for each change of the paper source in a job.
 //
-// `block` is a page block in driver form with its rows from the top of the page, and is left as it
-// was. It holds `size` bytes, of which the header at least is there; a block without all of its
-// rows is a failure.
+// `block` is a page block in driver form, of `size` bytes, of which the header at least is there; a
+// block without all of its rows is a failure.
 //
 // 0: `page` holds the compressed page, which the caller frees. 4: there is no letterhead that
 // can be used, and `page` is unchanged. 8: failure.
-std::int32_t MergeBackPaper(unsigned char* block, std::int32_t size, std::int16_t paperSource,
+std::int32_t MergeBackPaper(const unsigned char* block, std::int32_t size, std::int16_t paperSource,
                             page_dat* page);
 
 } // namespace zerdix::sendfax

@@ -9,7 +9,6 @@
 #include <zerdix/values.h>
 
 #include "pages/driver_form.h"
-#include "pages/mirror.h"
 #include "pages/page_codec.h"
 #include "rpc/call.h"
 #include "sendfax/job.h"
@@ -84,9 +83,10 @@ void keep_memory_for_pages(std::size_t block_size) {
     std::free(large);
 }
 
-// From driver form to stored form, and into the codec. The header is in stored form already.
-bool compress_page(std::span<unsigned char> buffer, page_dat& page) {
-    pages::mirror_and_invert(buffer.subspan(pages::block_header_size));
+// From driver form to stored form, and into the codec.
+bool compress_page(std::span<const unsigned char> block, std::span<unsigned char> buffer,
+                   page_dat& page) {
+    pages::write_stored_form(block, buffer);
     std::int32_t length = 0;
     const std::int32_t rc = pages::compress_mem_2_mem(
         buffer.data(), static_cast<std::int32_t>(buffer.size()), &page.data, &length);
@@ -104,17 +104,16 @@ bool prepare_page(std::span<const unsigned char> block, std::int16_t paper_sourc
         return false;
     }
     const std::span buffer{work.get(), block.size()};
-    pages::turn_rows(block, buffer);
-    const auto size = static_cast<std::int32_t>(buffer.size());
+    const auto size = static_cast<std::int32_t>(block.size());
     const std::int16_t source = job().sPaperSource > 0 ? job().sPaperSource : paper_source;
-    const std::int32_t merged = MergeBackPaper(buffer.data(), size, source, &page);
+    const std::int32_t merged = MergeBackPaper(block.data(), size, source, &page);
     if (merged == success)
         return true;
     if (merged == failure) {
         trace_lines.error("-> StoreFaxPage(): Error MergeBackPaper");
         return false;
     }
-    return RotateBitmap(buffer.data(), size, &page) == success || compress_page(buffer, page);
+    return RotateBitmap(block.data(), size, &page) == success || compress_page(block, buffer, page);
 }
 
 // The page counts from here on, even when the server doesn't take it.

@@ -37,8 +37,7 @@ TEST(PageRows, StoredFormShowsTheSamePictureUpright) {
         for (std::uint32_t height : {1u, 2u, 3u, 17u}) {
             const block page = random_page(width, height, 0);
             block turned(page.size());
-            turn_rows(page, turned);
-            mirror_and_invert(std::span{turned}.subspan(8));
+            write_stored_form(page, turned);
             ASSERT_TRUE(std::equal(page.begin(), page.begin() + 8, turned.begin()));
             for (std::size_t row = 0; row < height; ++row)
                 for (std::size_t x = 0; x < width; ++x)
@@ -51,16 +50,15 @@ TEST(PageRows, StoredFormShowsTheSamePictureUpright) {
 TEST(PageRows, SpareBytesBecomeWhite) {
     const block page = random_page(16, 3, 5);
     block turned(page.size(), 0x55);
-    turn_rows(page, turned);
-    EXPECT_EQ(block(turned.end() - 5, turned.end()), block(5, 0xFF));
-    mirror_and_invert(std::span{turned}.subspan(8));
-    EXPECT_EQ(turned.back(), 0x00);
+    write_stored_form(page, turned);
+    EXPECT_EQ(block(turned.end() - 5, turned.end()), block(5, 0x00));
 }
 
 TEST(PageRows, SingleBytesAreMirroredThenInverted) {
-    block bytes{0x01, 0xF0, 0x00, 0xFF, 0x80, 0x0F, 0xAA, 0x12, 0x01};
-    mirror_and_invert(bytes);
-    EXPECT_EQ(bytes, (block{0x7F, 0xF0, 0xFF, 0x00, 0xFE, 0x0F, 0xAA, 0xB7, 0x7F}));
+    const block bytes{0x01, 0xF0, 0x00, 0xFF, 0x80, 0x0F, 0xAA, 0x12, 0x01};
+    block turned(bytes.size());
+    mirror_rows({bytes.data(), 0, bytes.size(), 1}, turned.data(), true);
+    EXPECT_EQ(turned, (block{0x7F, 0xF0, 0xFF, 0x00, 0xFE, 0x0F, 0xAA, 0xB7, 0x7F}));
 }
 
 TEST(PageRows, ABlocksLengthDoesNotOverflow) {

@@ -4,6 +4,7 @@
 
 #include "cover/template_document.h"
 #include "imaging/pictures.h"
+#include "pages/driver_form.h"
 #include "pages/mirror.h"
 #include "sendfax/failing_malloc.h"
 #include "sendfax/job_trace.h"
@@ -45,18 +46,16 @@ bytes driver_form(const picture& from) {
     return block;
 }
 
-std::string stored_page(picture from) {
-    std::reverse(from.begin(), from.end());
-    bytes block = driver_form(from);
-    pages::mirror_and_invert(std::span{block}.subspan(8));
-    return as_text(*codec::compress(block));
+std::string stored_page(const picture& from) {
+    const bytes block = driver_form(from);
+    bytes stored(block.size());
+    pages::write_stored_form(block, stored);
+    return as_text(*codec::compress(stored));
 }
 
 picture read_page(const std::string& compressed) {
     bytes block = *codec::expand(codec::text_bytes(compressed));
-    pages::mirror_and_invert(std::span{block}.first(8));
-    for (std::size_t i = 0; i < 8; ++i)
-        block[i] ^= 0xFF;
+    pages::mirror_bits(std::span{block}.first(8));
     const auto word = [&](std::size_t i) {
         return static_cast<std::size_t>(block[i + 2] << 8 | block[i + 3]);
     };
