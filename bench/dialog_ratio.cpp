@@ -28,8 +28,8 @@
 
 #include <zerdix/zerdix.h>
 
-#include "bench/direct_calls.h"
 #include "bench/instant_server.h"
+#include "bench/sample_replies.h"
 #include "dialogs/application.h"
 #include "dialogs/dialog_resources.h"
 #include "dialogs/search_pattern.h"
@@ -65,29 +65,6 @@ bytes_on_wire books() {
     std::vector<o_tebu_node> nodes(1);
     nodes[0].book.tbookid.assign("common");
     return bench::list_of<o_get_tbooks_o>(nodes, sizeof(o_tebu) * 4);
-}
-
-bytes_on_wire entry_block(std::int32_t first, std::int32_t count) {
-    std::vector<o_tebul_node> nodes(static_cast<std::size_t>(count));
-    for (std::int32_t i = 0; i < count; ++i) {
-        o_tebul& entry = nodes[static_cast<std::size_t>(i)].entry;
-        entry.tbookid.assign("common");
-        entry.teleid.assign(std::to_string(100000 + first + i));
-        entry.comment.assign("Kanzlei Weiss und Partner");
-        entry.tsi.assign("+49 30 23125");
-        entry.phone.assign("+49 30 23125 " + std::to_string(first + i));
-        entry.nettype = NETTYPE_FAX;
-    }
-    return bench::list_of<o_get_tbookl_o>(nodes, sizeof(o_tebul) * 4);
-}
-
-// The whole book, and then an empty block.
-std::vector<bytes_on_wire> all_blocks() {
-    std::vector<bytes_on_wire> blocks;
-    for (std::int32_t first = 0; first < entries; first += block)
-        blocks.push_back(entry_block(first, block));
-    blocks.push_back(entry_block(0, 0));
-    return blocks;
 }
 
 // Whether a window was painted while it lives.
@@ -278,10 +255,11 @@ int main(int argc, char** argv) {
     setenv("ZERDIX_DIALOGS", WINDOWS, 0);
     const test::scratch_folder folder;
     const test::client_environment environment{folder.path()};
-    const bytes_on_wire first = entry_block(0, block);
-    const bench::instant_server server{{{proc::o_get_tbooks_1::number, {books()}},
-                                        {proc::o_get_tbookl_1::number, all_blocks()},
-                                        {proc::o_get_tbooksb_1::number, {first}}}};
+    const bytes_on_wire first = bench::entry_block(0, block);
+    const bench::instant_server server{
+        {{proc::o_get_tbooks_1::number, {books()}},
+         {proc::o_get_tbookl_1::number, bench::entry_blocks(entries, block)},
+         {proc::o_get_tbooksb_1::number, {first}}}};
     const QApplication application(argc, argv);
     const dialogs::CZerdixApp zerdix;
     dialogs::install_dialog_resources();
