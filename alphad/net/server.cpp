@@ -66,8 +66,7 @@ int stop_signals() {
 } // namespace
 
 std::uint32_t program_number() {
-    const char* offset = std::getenv("ZERDIXRPCOFFSET");
-    return ZERDIX_PROG + static_cast<std::uint32_t>(offset ? std::atol(offset) : 0);
+    return with_program_offset(ZERDIX_PROG);
 }
 
 server::file::~file() {
