@@ -113,7 +113,7 @@ a_s_rec changed(a_s_rec record, const change_line& line) {
     if (line.retries)
         record.maxretries = static_cast<std::int16_t>(*line.retries);
     if (line.priority)
-        record.priority = priority_of_percent(*line.priority);
+        record.priority = send_priority(*line.priority);
     if (line.resolution)
         record.resolution = resolution_of_word(*line.resolution);
     return record;
