@@ -66,17 +66,17 @@ void call_log::add(std::uint32_t number, const char* name) {
 
 // What was stored is safe before the caller hears of it.
 template <class P>
-void dispatcher::reply(const typename P::argument& argument, bool refused, call& taken) {
+void dispatcher::reply(const typename P::argument& argument, verdict said, call& taken) {
     held<typename P::result> result;
     if constexpr (!is_among<P>(unanswered{})) {
-        if (!refused) {
+        if (said != verdict::refuse) {
             answers_.use_connection(taken.connection_number());
             unit_of_work work(store_.database(), answers_);
             result.record = answers_.answer(P{}, argument);
             work.commit();
         }
     }
-    taken.reply(result.record);
+    said == verdict::lose ? taken.drop() : taken.reply(result.record);
 }
 
 template <class P>
@@ -90,7 +90,7 @@ void dispatcher::serve_procedure(call& taken) {
     held<typename P::argument> argument;
     if (!taken.argument(argument.record))
         return taken.fail(GARBAGE_ARGS);
-    reply<P>(argument.record, said == verdict::refuse, taken);
+    reply<P>(argument.record, said, taken);
 }
 
 template <class P>

@@ -43,7 +43,7 @@ class dispatcher {
     template <class P>
     void serve_procedure(call& taken);
     template <class P>
-    void reply(const typename P::argument& argument, bool refused, call& taken);
+    void reply(const typename P::argument& argument, verdict said, call& taken);
 
     alphad::store& store_;
     alphad::answers& answers_;

@@ -17,6 +17,7 @@
 #include "output/progress.h"
 #include "output/value_text.h"
 #include "print/job_options.h"
+#include "print/lost_reply.h"
 #include "print/outcome_words.h"
 #include "session/user_command.h"
 
@@ -56,28 +57,29 @@ stored_documents read_documents(user_session& user, const std::vector<std::strin
 }
 
 // Receivers of all documents; those that have none are counted by the dialog's own messages.
-void tell_end(user_session& user, const zx_outcome& outcome) {
-    const std::string made =
-        counted(static_cast<int>(receivers_that_are(outcome, ZX_HANDED_OVER).size()), "send job");
+void tell_end(user_session& user, const zx_outcome& outcome, std::optional<std::int32_t> before) {
+    const reached_receivers reached = reached_by(outcome, before, user.host());
+    const std::string made = counted(static_cast<int>(reached.handed_over.size()), "send job");
     std::string unknown;
-    for (const zx_receiver* each : receivers_that_are(outcome, ZX_UNKNOWN))
+    for (const zx_receiver* each : reached.unknown)
         unknown += (unknown.empty() ? "" : ", ") + shown_receiver(*each);
     if (!unknown.empty())
         throw failure(exit_unavailable,
                       made + " made; no answer came to the sending to " + unknown +
                           ", and whether that was taken isn't known: \"zerdix doc list outgoing\" "
                           "shows it");
-    if (receivers_that_are(outcome, ZX_HANDED_OVER).empty())
+    if (reached.handed_over.empty())
         throw failure(exit_refused, "nothing was sent; the messages of the dialog say why");
     if (outcome.step != ZX_STEP_NONE)
         throw failure(cause_of(outcome).code,
                       made + " of " + std::to_string(outcome.receiver_count) +
                           " made; the messages of the dialog say why the others weren't");
-    user.out().done(made + " made", {{"jobs", receivers_that_are(outcome, ZX_HANDED_OVER).size()}});
+    user.out().done(made + " made", {{"jobs", reached.handed_over.size()}});
 }
 
 void ask_and_send(user_session& user, const std::vector<std::string>& typed) {
     stored_documents documents = read_documents(user, typed);
+    const auto before = id_given_now(user.journal());
     const std::int32_t ended = SendStoredDocuments(nullptr, &user.journal(), documents.ids.data(),
                                                    documents.comments.data());
     if (ended == send_dialog_cancelled)
@@ -85,7 +87,7 @@ void ask_and_send(user_session& user, const std::vector<std::string>& typed) {
     if (ended != send_dialog_accepted)
         throw failure(exit_no_dialog, "the send dialog can't be shown here; it asks for the "
                                       "receivers");
-    tell_end(user, *LastStoredOutcome());
+    tell_end(user, *LastStoredOutcome(), before);
 }
 
 struct send_line {

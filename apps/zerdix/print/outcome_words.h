@@ -23,6 +23,9 @@ const zx_receiver* stopped_at(const zx_outcome& outcome);
 // Why the job stopped, with the exit code for it.
 failure_cause cause_of(const zx_outcome& outcome);
 
+// Whether the failed call got no answer in time.
+bool timed_out(const zx_outcome& outcome);
+
 // UTF-8.
 std::string shown_receiver(const zx_receiver& receiver);
 

@@ -31,6 +31,9 @@ class call_probe {
     // connection is probed, else the server anew.
     failure_cause explain(const std::string& host) const;
 
+    // Whether a call that ends now has taken all its time.
+    bool timed_out() const;
+
   private:
     std::chrono::steady_clock::time_point start_;
 };
