@@ -5,14 +5,15 @@
 
 #include <string>
 
+#include <zerdix/settings.h>
+
 #include "session/connection_probe.h"
-#include "session/error_log.h"
 
 namespace zerdix::app {
 
 inline failure failed_step(const std::string& step, const failure_cause& why) {
     return {why.code,
-            step + " failed: " + why.cause + " (the error log is " + error_log_path() + ")"};
+            step + " failed: " + why.cause + " (the error log is " + ReadSettings()->error_file + ")"};
 }
 
 inline failure nobody_named() {

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "session/user_session.h"
 
+#include <zerdix/settings.h>
 #include <zerdix/timetext.h>
 #include <zerdix/values.h>
 
-#include "common/settings.h"
 #include "output/value_text.h"
 #include "platform/encoding.h"
 #include "session/password.h"
@@ -61,8 +61,8 @@ user_session::~user_session() {
 }
 
 void user_session::log_on(const session_options& options) {
-    const std::string user = chosen(options.user, "the user", user_width, common::setting_user());
-    host_ = chosen(options.host, "the server's name", host_width, common::setting_host());
+    const std::string user = chosen(options.user, "the user", user_width, ReadSettings()->user);
+    host_ = chosen(options.host, "the server's name", host_width, ReadSettings()->host);
     password_ = field_text("the password", login_password(options.password_file, shown(user)),
                            password_width);
     const call_probe watch;
