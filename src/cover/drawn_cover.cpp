@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A cover page out of what the caller has.
+// Draws a cover page of data that the caller has.
 
 #include <zerdix/cover.h>
 #include <zerdix/values.h>
