@@ -124,8 +124,8 @@ std::int32_t sending::make_job(const document& from, a_s_rec record, const recei
     return id;
 }
 
-// Taken all the same: a client stops at the first receiver that is refused, and a group may hold
-// numbers of both nets.
+// The job is made all the same: a client stops at the first receiver that is refused, and a group
+// may hold numbers of both nets.
 void sending::end_without_line(send_job& job) {
     job.record.errorstatus = send_error_other_net;
     job.cancelled = true;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The spool folder and the files in it. What stands in a file is its writer's matter.
+// The spool folder and the files in it. The writer of a file decides what it holds.
 #ifndef ZERDIX_ALPHAD_SENDING_SPOOL_H
 #define ZERDIX_ALPHAD_SENDING_SPOOL_H
 
