@@ -111,16 +111,16 @@ class running_dialog {
 double open_once() {
     const auto begin = clock_type::now();
     const first_picture picture;
-    double taken = 0;
-    running_dialog{}.run([&](auto&) { taken = milliseconds_since(begin); });
+    double elapsed = 0;
+    running_dialog{}.run([&](auto&) { elapsed = milliseconds_since(begin); });
     require(picture.painted(), "a picture of the dialog");
-    return taken;
+    return elapsed;
 }
 
 // As many controls of each kind as the dialog has, in one column.
 double open_peer_once() {
     const auto begin = clock_type::now();
-    double taken = 0;
+    double elapsed = 0;
     QDialog dialog;
     QVBoxLayout column(&dialog);
     for (int i = 0; i < 6; ++i)
@@ -134,11 +134,11 @@ double open_peer_once() {
     column.addWidget(new QComboBox(&dialog));
     QTimer::singleShot(0, &dialog, [&] {
         QApplication::processEvents();
-        taken = milliseconds_since(begin);
+        elapsed = milliseconds_since(begin);
         dialog.reject();
     });
     dialog.exec();
-    return taken;
+    return elapsed;
 }
 
 bool measure_opening() {
@@ -162,9 +162,9 @@ double page_through(forms::dialog_view& dialog) {
         dialog.user_selects_row(send_list, last - 1);
         QApplication::processEvents();
     }
-    const double taken = milliseconds_since(begin);
+    const double elapsed = milliseconds_since(begin);
     require(dialog.find(send_list)->list->row_count() == entries, "all blocks");
-    return taken * block / (entries - before);
+    return elapsed * block / (entries - before);
 }
 
 double bare_call(std::uint32_t program, std::size_t result_bytes) {
@@ -199,19 +199,19 @@ double search_bare(const forms::tree_list& list, const char* expression) {
     for (const std::string& text : texts)
         misses +=
             re_match(&compiled, text.c_str(), static_cast<regoff_t>(text.size()), 0, nullptr) < 0;
-    const double taken = milliseconds_since(begin);
+    const double elapsed = milliseconds_since(begin);
     require(misses + 1 == texts.size(), "one hit");
     regfree(&compiled);
-    return taken;
+    return elapsed;
 }
 
 double search_once(forms::dialog_view& dialog) {
     const auto begin = clock_type::now();
     dialog.on_command(dialogs::recipient_search_command);
     QApplication::processEvents();
-    const double taken = milliseconds_since(begin);
+    const double elapsed = milliseconds_since(begin);
     require(dialog.find(send_list)->list->selected_row() == entries - 1, "the last row");
-    return taken;
+    return elapsed;
 }
 
 bool measure_paging(forms::dialog_view& dialog, double call) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What StoreFaxPage costs with letterhead and rotation beside what it costs without: a landscape
+// Compares StoreFaxPage with letterhead and rotation to StoreFaxPage without: a landscape
 // page laid over a letterhead, against the very picture that comes of it, handed in ready made.
 // Codec and remote calls have the same to do in both.
 //

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reading lists against the same bytes and the same number of calls through the RPC library, with
-// argument and result as runs of bytes that nobody looks into, from the same server.
+// argument and result as opaque bytes, from the same server.
 //
 //   a phone book of 100,000 entries by blocks of 200: time
 //   100,000 users in one call: memory

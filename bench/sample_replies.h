@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the servers of several benchmarks answer: a phone book by blocks, and pictures.
+// Replies of the servers of several benchmarks: a phone book by blocks, and pictures.
 #ifndef ZERDIX_BENCH_SAMPLE_REPLIES_H
 #define ZERDIX_BENCH_SAMPLE_REPLIES_H
 
