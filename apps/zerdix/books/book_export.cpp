@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 
+#include "arguments/one_of.h"
 #include "books/book_transfer.h"
 #include "books/file_growth.h"
 #include "books/kinds.h"
@@ -116,7 +117,7 @@ void add_book_export(CLI::App& group) {
         ->add_option("--encoding", line->encoding,
                      "windows-1252 (the default, as other programs of this system write it) or "
                      "utf-8")
-        ->check(CLI::IsMember({"windows-1252", "utf-8"}).description(""))
+        ->check(one_of({"windows-1252", "utf-8"}))
         ->option_text("NAME");
     command->footer("A line is an entry: id;number;station;I or E;F or T;comment;\n"
                     "(in the house or external, fax or telex). A file that is there is "

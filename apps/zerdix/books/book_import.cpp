@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "arguments/one_of.h"
 #include "books/book_file.h"
 #include "books/book_transfer.h"
 #include "books/kinds.h"
@@ -223,7 +224,7 @@ void add_book_import(CLI::App& group) {
     command
         ->add_option("--encoding", line->encoding,
                      "windows-1252, utf-8, or auto (the default), which finds it out")
-        ->check(CLI::IsMember({"auto", "windows-1252", "utf-8"}).description(""))
+        ->check(one_of({"auto", "windows-1252", "utf-8"}))
         ->option_text("NAME");
     command->add_flag("-k,--keep-going", line->keep_going,
                       "Leave out bad lines and refused entries, and store the others");

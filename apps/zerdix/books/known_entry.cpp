@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "books/known_entry.h"
 
+#include "arguments/one_of.h"
 #include "books/kinds.h"
 
 namespace zerdix::app {
@@ -28,7 +29,7 @@ const char* net_word(std::int16_t nettype) {
 
 void add_net_type(CLI::App& command, std::string& place) {
     command.add_option("--type", place, "Only entries for fax, or for telex")
-        ->check(CLI::IsMember({"fax", "telex"}).description(""))
+        ->check(one_of({"fax", "telex"}))
         ->option_text("fax|telex");
 }
 
