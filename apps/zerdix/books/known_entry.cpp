@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "books/known_entry.h"
 
-#include "arguments/one_of.h"
 #include "books/kinds.h"
 
 namespace zerdix::app {
@@ -27,10 +26,9 @@ const char* net_word(std::int16_t nettype) {
     return nettype == NETTYPE_TELEX ? "telex" : "fax";
 }
 
-void add_net_type(CLI::App& command, std::string& place) {
-    command.add_option("--type", place, "Only entries for fax, or for telex")
-        ->check(one_of({"fax", "telex"}))
-        ->option_text("fax|telex");
+void add_net_type(cli::command command, std::string& place) {
+    command.add_option("--type", place, "Only entries for fax, or for telex", "fax|telex")
+        .one_of({"fax", "telex"});
 }
 
 std::int16_t net_type_of(const std::string& word) {
