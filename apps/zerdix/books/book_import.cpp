@@ -5,6 +5,7 @@
 // entries go to the server in batches, which tell how far it has come.
 
 #include <algorithm>
+#include <cstdio>
 #include <memory>
 
 #include "books/book_file.h"
@@ -205,10 +206,10 @@ void run(user_session& user, const import_line& line, const book_file& file) {
 
 } // namespace
 
-void add_book_import(CLI::App& group) {
+void add_book_import(cli::command group) {
     auto line = std::make_shared<import_line>();
     auto file = std::make_shared<book_file>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         group, "import", "Store the lines of a text file as entries of a phone book",
         [line, file](user_session& user) { run(user, *line, *file); },
         [line, file] {
@@ -216,20 +217,17 @@ void add_book_import(CLI::App& group) {
             *file = read_book_file(line->file, told_encoding(line->encoding));
             tell_file(*line, *file);
         });
-    command->add_option("ID", line->typed, "Id of the phone book")->required()->option_text(" ");
-    command->add_option("FILE", line->file, "The file to read; - for standard input")
-        ->required()
-        ->option_text(" ");
+    command.add_argument("ID", line->typed, "Id of the phone book");
+    command.add_argument("FILE", line->file, "The file to read; - for standard input");
     command
-        ->add_option("--encoding", line->encoding,
-                     "windows-1252, utf-8, or auto (the default), which finds it out")
-        ->check(CLI::IsMember({"auto", "windows-1252", "utf-8"}).description(""))
-        ->option_text("NAME");
-    command->add_flag("-k,--keep-going", line->keep_going,
-                      "Leave out bad lines and refused entries, and store the others");
-    command->footer("A line is an entry: id;number;station;I or E;F or T;comment;\n"
-                    "(in the house or external, fax or telex). An entry that is there already\n"
-                    "is changed.\n\nExample: zerdix book import private telebuch.csv");
+        .add_option("--encoding", line->encoding,
+                    "windows-1252, utf-8, or auto (the default), which finds it out", "NAME")
+        .one_of({"auto", "windows-1252", "utf-8"});
+    command.add_flag("-k,--keep-going", line->keep_going,
+                     "Leave out bad lines and refused entries, and store the others");
+    command.footer("A line is an entry: id;number;station;I or E;F or T;comment;\n"
+                   "(in the house or external, fax or telex). An entry that is there already\n"
+                   "is changed.\n\nExample: zerdix book import private telebuch.csv");
 }
 
 } // namespace zerdix::app

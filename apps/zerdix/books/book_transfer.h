@@ -3,12 +3,12 @@
 #ifndef ZERDIX_APP_BOOKS_BOOK_TRANSFER_H
 #define ZERDIX_APP_BOOKS_BOOK_TRANSFER_H
 
-#include <CLI/CLI.hpp>
+#include "arguments/command.h"
 
 namespace zerdix::app {
 
-void add_book_export(CLI::App& group);
-void add_book_import(CLI::App& group);
+void add_book_export(cli::command group);
+void add_book_import(cli::command group);
 
 } // namespace zerdix::app
 

@@ -3,15 +3,13 @@
 #ifndef ZERDIX_APP_BOOKS_COMMANDS_H
 #define ZERDIX_APP_BOOKS_COMMANDS_H
 
-namespace CLI {
-class App;
-}
+#include "arguments/command.h"
 
 namespace zerdix::app {
 
-void add_book_commands(CLI::App& app);
-void add_entry_commands(CLI::App& app);
-void add_group_commands(CLI::App& app);
+void add_book_commands(cli::command app);
+void add_entry_commands(cli::command app);
+void add_group_commands(cli::command app);
 
 } // namespace zerdix::app
 

@@ -3,11 +3,11 @@
 #ifndef ZERDIX_APP_BOOKS_EXTERNAL_QUERY_H
 #define ZERDIX_APP_BOOKS_EXTERNAL_QUERY_H
 
-#include <CLI/CLI.hpp>
+#include "arguments/command.h"
 
 namespace zerdix::app {
 
-void add_external_query(CLI::App& group);
+void add_external_query(cli::command group);
 
 } // namespace zerdix::app
 

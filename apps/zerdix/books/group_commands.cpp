@@ -126,31 +126,29 @@ void remove_members(user_session& user, owned_line& line) {
     });
 }
 
-void add_member_command(CLI::App& group, const char* name, const std::string& description,
+void add_member_command(cli::command group, const char* name, const std::string& description,
                         const std::string& example, void (*work)(user_session&, owned_line&)) {
     auto line = std::make_shared<owned_line>();
-    CLI::App* command = add_owned_command<group_kind>(group, name, description, line, work);
-    command->add_option("BOOK:ENTRY", line->all, "Phone book entries")
-        ->required()
-        ->option_text("...");
-    command->footer("Example: " + example);
+    cli::command command = add_owned_command<group_kind>(group, name, description, line, work);
+    command.add_argument("BOOK:ENTRY", line->all, "Phone book entries");
+    command.footer("Example: " + example);
 }
 
 } // namespace
 
-void add_group_commands(CLI::App& app) {
-    CLI::App* group =
-        add_command_group(app, "group", "Recipient groups: list, show, create, add members ...");
-    group->alias("groups");
-    add_user_command(*group, "list", "List the groups", list)->alias("ls");
-    add_owned_command<group_kind>(*group, "show", "Show the members of a group",
+void add_group_commands(cli::command app) {
+    cli::command group =
+        app.add_group("group", "Recipient groups: list, show, create, add members ...");
+    group.alias("groups");
+    add_user_command(group, "list", "List the groups", list).alias("ls");
+    add_owned_command<group_kind>(group, "show", "Show the members of a group",
                                   std::make_shared<owned_line>(), show);
-    add_owned_command<group_kind>(*group, "info", "Show what stands about a group",
+    add_owned_command<group_kind>(group, "info", "Show what stands about a group",
                                   std::make_shared<owned_line>(), info);
-    add_owned_commands<group_kind>(*group);
-    add_member_command(*group, "add", "Add phone book entries to a group",
+    add_owned_commands<group_kind>(group);
+    add_member_command(group, "add", "Add phone book entries to a group",
                        "zerdix group add kunden common:adler private:kunde1", add_members);
-    add_member_command(*group, "remove", "Remove phone book entries from a group",
+    add_member_command(group, "remove", "Remove phone book entries from a group",
                        "zerdix group remove kunden common:adler", remove_members);
 }
 

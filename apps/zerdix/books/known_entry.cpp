@@ -26,10 +26,9 @@ const char* net_word(std::int16_t nettype) {
     return nettype == NETTYPE_TELEX ? "telex" : "fax";
 }
 
-void add_net_type(CLI::App& command, std::string& place) {
-    command.add_option("--type", place, "Only entries for fax, or for telex")
-        ->check(CLI::IsMember({"fax", "telex"}).description(""))
-        ->option_text("fax|telex");
+void add_net_type(cli::command command, std::string& place) {
+    command.add_option("--type", place, "Only entries for fax, or for telex", "fax|telex")
+        .one_of({"fax", "telex"});
 }
 
 std::int16_t net_type_of(const std::string& word) {

@@ -3,13 +3,11 @@
 #ifndef ZERDIX_APP_COMPLETION_COMMANDS_H
 #define ZERDIX_APP_COMPLETION_COMMANDS_H
 
-namespace CLI {
-class App;
-}
+#include "arguments/command.h"
 
 namespace zerdix::app {
 
-void add_completion_command(CLI::App& app);
+void add_completion_command(cli::command app);
 
 } // namespace zerdix::app
 

@@ -3,14 +3,12 @@
 #ifndef ZERDIX_APP_COVER_COMMANDS_H
 #define ZERDIX_APP_COVER_COMMANDS_H
 
-namespace CLI {
-class App;
-}
+#include "arguments/command.h"
 
 namespace zerdix::app {
 
-void add_cover_commands(CLI::App& app);
-void add_letterhead_commands(CLI::App& app);
+void add_cover_commands(cli::command app);
+void add_letterhead_commands(cli::command app);
 
 } // namespace zerdix::app
 

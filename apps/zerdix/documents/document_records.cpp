@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "documents/document_records.h"
 
+#include <initializer_list>
+
 #include "output/value_text.h"
 #include <zerdix/values.h>
 
@@ -65,9 +67,8 @@ std::string state_of(const a_s_rec& out) {
 
 json first_of(const json& object, std::initializer_list<const char*> keys) {
     for (const char* key : keys) {
-        const auto found = object.find(key);
-        if (found != object.end() && !found->is_null() && *found != "")
-            return *found;
+        if (!object[key].as_text().empty())
+            return object[key];
     }
     return {};
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // zerdix send: documents of the desk go out, to named receivers or as a dialog asks.
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
-
-#include <CLI/CLI.hpp>
+#include <optional>
 
 #include <zerdix/dialogs.h>
 #include <zerdix/outcome.h>
@@ -93,28 +93,21 @@ void ask_and_send(user_session& user, const std::vector<std::string>& typed) {
 struct send_line {
     std::vector<std::string> documents;
     print_options options;
-    std::string at, resolution;
-    int retries = 0, priority = 0;
+    std::optional<std::string> at;
 };
 
-void check(const CLI::App& command, send_line& line) {
+void check(send_line& line) {
     check_document_names(line.documents);
     check_receivers(line.options);
     const bool names_receivers = !line.options.to.empty() || !line.options.groups.empty();
     if (names_receivers && line.documents.size() != 1)
         throw failure(exit_usage, "with --to and --group one document is sent at a time");
-    if (!names_receivers && (command.count("--at") + command.count("--retries") +
-                             command.count("--priority") + command.count("--resolution")) > 0)
+    const print_options& options = line.options;
+    if (!names_receivers && (line.at || options.retries || options.priority || options.resolution))
         throw failure(exit_usage, "the dialog asks for these settings; they go with --to and "
                                   "--group");
-    if (command.count("--at") > 0)
-        line.options.at = required_send_time(line.at);
-    if (command.count("--retries") > 0)
-        line.options.retries = line.retries;
-    if (command.count("--priority") > 0)
-        line.options.priority = line.priority;
-    if (command.count("--resolution") > 0)
-        line.options.resolution = line.resolution;
+    if (line.at)
+        line.options.at = required_send_time(*line.at);
 }
 
 void send(user_session& user, const send_line& line) {
@@ -125,17 +118,16 @@ void send(user_session& user, const send_line& line) {
 
 } // namespace
 
-void add_send_command(CLI::App& parent) {
+void add_send_command(cli::command parent) {
     auto line = std::make_shared<send_line>();
-    auto command = std::make_shared<CLI::App*>(nullptr);
-    *command = add_user_command(
+    cli::command command = add_user_command(
         parent, "send", "Send documents of the desk: to named receivers, or a dialog asks to whom",
-        [line](user_session& user) { send(user, *line); },
-        [line, command] { check(**command, *line); });
-    add_documents(**command, line->documents);
-    add_receiver_options(**command, line->options, "fax");
-    add_settings_of_jobs(**command, {line->at, line->retries, line->priority, line->resolution});
-    (*command)->footer("Examples: zerdix send 17 18\n          zerdix send 17 --to \"030 123456\"");
+        [line](user_session& user) { send(user, *line); }, [line] { check(*line); });
+    add_documents(command, line->documents);
+    add_receiver_options(command, line->options, "fax");
+    add_retries_and_time(command, line->options, line->at, fax_times);
+    add_quality(command, line->options);
+    command.footer("Examples: zerdix send 17 18\n          zerdix send 17 --to \"030 123456\"");
 }
 
 } // namespace zerdix::app

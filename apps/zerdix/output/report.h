@@ -10,12 +10,9 @@
 #include <string>
 #include <vector>
 
-#include <nlohmann/json.hpp>
+#include "output/json.h"
 
 namespace zerdix::app {
-
-// Keeps its members in the order in which they were put in.
-using json = nlohmann::ordered_json;
 
 struct column {
     const char* key;     // of the JSON objects

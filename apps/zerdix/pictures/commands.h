@@ -3,13 +3,11 @@
 #ifndef ZERDIX_APP_PICTURES_COMMANDS_H
 #define ZERDIX_APP_PICTURES_COMMANDS_H
 
-namespace CLI {
-class App;
-}
+#include "arguments/command.h"
 
 namespace zerdix::app {
 
-void add_page_command(CLI::App& app, char** arguments);
+void add_page_command(cli::command app, char** arguments);
 
 } // namespace zerdix::app
 

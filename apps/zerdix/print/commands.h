@@ -4,14 +4,12 @@
 #ifndef ZERDIX_APP_PRINT_COMMANDS_H
 #define ZERDIX_APP_PRINT_COMMANDS_H
 
-namespace CLI {
-class App;
-}
+#include "arguments/command.h"
 
 namespace zerdix::app {
 
-void add_print_command(CLI::App& app, char** arguments);
-void add_telex_command(CLI::App& app, char** arguments);
+void add_print_command(cli::command app, char** arguments);
+void add_telex_command(cli::command app, char** arguments);
 
 } // namespace zerdix::app
 

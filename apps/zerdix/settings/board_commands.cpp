@@ -30,9 +30,9 @@ void list(user_session& user) {
 
 } // namespace
 
-void add_board_commands(CLI::App& app) {
-    CLI::App* group = add_command_group(app, "board", "The bulletin board");
-    add_user_command(*group, "list", "Show the bulletin board", list)->alias("ls")->alias("show");
+void add_board_commands(cli::command app) {
+    cli::command group = app.add_group("board", "The bulletin board");
+    add_user_command(group, "list", "Show the bulletin board", list).alias("ls").alias("show");
 }
 
 } // namespace zerdix::app

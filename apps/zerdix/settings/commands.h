@@ -3,20 +3,18 @@
 #ifndef ZERDIX_APP_SETTINGS_COMMANDS_H
 #define ZERDIX_APP_SETTINGS_COMMANDS_H
 
-namespace CLI {
-class App;
-}
+#include "arguments/command.h"
 
 namespace zerdix::app {
 
-void add_user_commands(CLI::App& app);
-void add_printer_commands(CLI::App& app);
-void add_scanner_commands(CLI::App& app);
-void add_preference_commands(CLI::App& app);
-void add_replacement_commands(CLI::App& app);
-void add_password_command(CLI::App& app);
-void add_signature_commands(CLI::App& app);
-void add_board_commands(CLI::App& app);
+void add_user_commands(cli::command app);
+void add_printer_commands(cli::command app);
+void add_scanner_commands(cli::command app);
+void add_preference_commands(cli::command app);
+void add_replacement_commands(cli::command app);
+void add_password_command(cli::command app);
+void add_signature_commands(cli::command app);
+void add_board_commands(cli::command app);
 
 } // namespace zerdix::app
 

@@ -86,22 +86,22 @@ void groups(user_session& user, bool with_member) {
 
 } // namespace
 
-void add_user_commands(CLI::App& app) {
-    CLI::App* group = add_command_group(app, "user", "Users and user groups: list, show, groups");
-    group->alias("users");
-    add_user_command(*group, "list", "List the users", list)->alias("ls");
+void add_user_commands(cli::command app) {
+    cli::command group = app.add_group("user", "Users and user groups: list, show, groups");
+    group.alias("users");
+    add_user_command(group, "list", "List the users", list).alias("ls");
 
     auto typed = std::make_shared<std::string>();
-    CLI::App* command = add_user_command(*group, "show", "Show what stands about a user",
-                                         [typed](user_session& user) { show(user, *typed); });
-    command->add_option("ID", *typed, "Id of the user (default: you)")->option_text(" ");
-    command->footer("Example: zerdix user show meier");
+    cli::command command = add_user_command(group, "show", "Show what stands about a user",
+                                            [typed](user_session& user) { show(user, *typed); });
+    command.add_argument("ID", *typed, "Id of the user (default: you)").optional();
+    command.footer("Example: zerdix user show meier");
 
     auto with_member = std::make_shared<bool>(false);
-    command = add_user_command(*group, "groups", "List the user groups",
+    command = add_user_command(group, "groups", "List the user groups",
                                [with_member](user_session& user) { groups(user, *with_member); });
-    command->add_flag("-m,--member", *with_member, "Tell for each whether you are in it");
-    command->footer("The rights on phone books and groups name user groups.");
+    command.add_flag("-m,--member", *with_member, "Tell for each whether you are in it");
+    command.footer("The rights on phone books and groups name user groups.");
 }
 
 } // namespace zerdix::app
