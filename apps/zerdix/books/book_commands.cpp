@@ -34,34 +34,17 @@ json book_json(const o_tebu& book) {
 }
 
 void list(user_session& user) {
-    const PTRLIST& books =
-        user.fetch("listing the phone books", [&] { return user.books().getTBooks(); });
-    json all = json::array();
-    for (const auto* book : records<o_tebu>(books))
-        all.push_back(book_json(*book));
-    user.out().rows(all,
-                    {{"book", "Book"},
-                     {"comment", "Comment"},
-                     {"owner", "Owner"},
-                     {"user_group", "User group"},
-                     {"rights", "Rights"},
-                     {"external", "External"}},
-                    "there are no phone books");
+    list_all<book_kind>(user, book_json, {{"external", "External"}});
 }
 
 void info(user_session& user, owned_line& line) {
     const o_tebu book = known<book_kind>(user, line.id);
     json object = book_json(book);
     object["your_rights"] = rights_letters(rights_on(user, book));
-    user.out().properties(object, {{"book", "Book"},
-                                   {"comment", "Comment"},
-                                   {"owner", "Owner"},
-                                   {"user_group", "User group"},
-                                   {"rights", "Rights"},
-                                   {"your_rights", "Your rights"},
-                                   {"server", "Server"},
-                                   {"external", "External"},
-                                   {"parameters", "Parameters"}});
+    user.out().properties(object, columns_of<book_kind>({{"your_rights", "Your rights"},
+                                                         {"server", "Server"},
+                                                         {"external", "External"},
+                                                         {"parameters", "Parameters"}}));
 }
 
 struct show_line {

@@ -77,7 +77,7 @@ class book_import {
         scratch_.write(text);
         const call_probe watch;
         const std::int32_t result = user_.books().importTBook(line_.id.c_str(), scratch_.path());
-        if (result != 0 && result != 4)
+        if (result != call_succeeded && result != call_refused)
             user_.lost("importing " + line_.file + " (" + uncertain(batch_end) + ')', watch);
         return result == 0;
     }
@@ -90,7 +90,7 @@ class book_import {
     // The line at hand wasn't stored.
     void refuse() {
         const book_line& line = lines_[at_];
-        const entry_name name{line_.id, std::string(line.entry.teleid.view())};
+        const book_entry name{line_.id, std::string(line.entry.teleid.view())};
         const bool there = find_entry(user_, name).has_value();
         const std::string why = why_refused<book_kind>(
             user_, line_.id, there ? TELEBOOK::clssetPModify() : TELEBOOK::clssetPAdd(),

@@ -20,7 +20,7 @@ namespace {
 
 struct entry_line {
     std::string typed;
-    entry_name name;
+    book_entry name;
     std::vector<std::string> all;
     std::optional<std::string> phone, comment, station;
     std::optional<std::int16_t> nettype;
@@ -49,10 +49,10 @@ void apply(const entry_line& line, o_tebul& entry) {
         entry.intern = *line.in_house;
 }
 
-void put(user_session& user, const std::string& doing, const o_tebul& entry, const entry_name& name,
+void put(user_session& user, const std::string& doing, const o_tebul& entry, const book_entry& name,
          char right, const char* verb) {
     user.expect(
-        doing + ' ' + name.shown(), [&] { return user.books().putTBookEntry(&entry); },
+        doing + ' ' + shown(name.text()), [&] { return user.books().putTBookEntry(&entry); },
         [&] { return why_refused<book_kind>(user, name.book, right, verb); });
 }
 
@@ -69,9 +69,10 @@ void show(user_session& user, const entry_line& line) {
 void add(user_session& user, const entry_line& line) {
     const bool there = find_entry(user, line.name).has_value();
     if (there && !line.replace)
-        throw failure(exit_refused, line.name.shown() + " is there already; zerdix entry change "
-                                                        "changes it, --replace puts this one in "
-                                                        "its place");
+        throw failure(exit_refused, shown(line.name.text()) +
+                                        " is there already; zerdix entry change "
+                                        "changes it, --replace puts this one in "
+                                        "its place");
     o_tebul entry{};
     entry.tbookid.assign(line.name.book);
     entry.teleid.assign(line.name.entry);
@@ -80,28 +81,28 @@ void add(user_session& user, const entry_line& line) {
     put(user, there ? "replacing" : "adding", entry, line.name,
         there ? TELEBOOK::clssetPModify() : TELEBOOK::clssetPAdd(),
         there ? "change entries" : "add entries");
-    user.out().done(line.name.shown() + (there ? " replaced" : " added"), entry_json(entry));
+    user.out().done(shown(line.name.text()) + (there ? " replaced" : " added"), entry_json(entry));
 }
 
 void change(user_session& user, const entry_line& line) {
     o_tebul entry = known_entry(user, line.name);
     apply(line, entry);
     put(user, "changing", entry, line.name, TELEBOOK::clssetPModify(), "change entries");
-    user.out().done(line.name.shown() + " changed", entry_json(entry));
+    user.out().done(shown(line.name.text()) + " changed", entry_json(entry));
 }
 
 void remove(user_session& user, const entry_line& line) {
     for_each_name(user.out(), line.all, [&](const std::string& typed) -> named_act {
-        const entry_name name = exact_entry(typed);
+        const book_entry name = exact_entry(typed);
         user.expect(
-            "removing " + name.shown(),
+            "removing " + shown(name.text()),
             [&] { return user.books().delTBookEntry(name.book.c_str(), name.entry.c_str()); },
             [&] {
                 known_entry(user, name);
                 return why_refused<book_kind>(user, name.book, TELEBOOK::clssetPDelete(),
                                               "remove entries");
             });
-        return {name.shown() + " removed",
+        return {shown(name.text()) + " removed",
                 {{"book", shown(name.book)}, {"entry", shown(name.entry)}}};
     });
 }

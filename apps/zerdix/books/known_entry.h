@@ -15,10 +15,10 @@
 
 namespace zerdix::app {
 
-std::optional<o_tebul> find_entry(user_session& user, const entry_name& name);
+std::optional<o_tebul> find_entry(user_session& user, const book_entry& name);
 
 // Throws failure when there is none, and says whether the book is.
-o_tebul known_entry(user_session& user, const entry_name& name);
+o_tebul known_entry(user_session& user, const book_entry& name);
 
 json entry_json(const o_tebul& entry);
 

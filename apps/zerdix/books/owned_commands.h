@@ -28,6 +28,30 @@ std::string the() {
     return std::string("the ") + Kind::word;
 }
 
+// The columns that both kinds have, and more behind them.
+template <class Kind>
+std::vector<column> columns_of(const std::vector<column>& more) {
+    std::vector<column> all{{Kind::key, Kind::heading},
+                            {"comment", "Comment"},
+                            {"owner", "Owner"},
+                            {"user_group", "User group"},
+                            {"rights", "Rights"}};
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+}
+
+template <class Kind>
+void list_all(user_session& user, json (*as_json)(const typename Kind::record&),
+              const std::vector<column>& more) {
+    const std::string word = Kind::word;
+    const PTRLIST& found =
+        user.fetch("listing the " + word + 's', [&] { return Kind::all(user.books()); });
+    json all = json::array();
+    for (const auto* record : records<typename Kind::record>(found))
+        all.push_back(as_json(*record));
+    user.out().rows(all, columns_of<Kind>(more), "there are no " + word + 's');
+}
+
 template <class Kind>
 void put_record(user_session& user, const std::string& doing, typename Kind::record& record) {
     const std::string id(Kind::id(record).view());

@@ -18,7 +18,7 @@ constexpr const char* shared_book = "common"; // where a bare receiver is looked
 
 o_tebul entry_of(user_session& user, const std::string& phone) {
     if (const auto named = parse_book_entry(phone))
-        return known_entry(user, {named->book, named->entry});
+        return known_entry(user, *named);
     if (phone.empty())
         return {};
     return find_entry(user, {shared_book, phone}).value_or(o_tebul{});

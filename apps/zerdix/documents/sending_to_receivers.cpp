@@ -45,7 +45,7 @@ void require_fax_entry(user_session& user, const std::string& receiver) {
     const auto named = parse_book_entry(receiver);
     if (!named)
         return;
-    if (known_entry(user, {named->book, named->entry}).nettype != NETTYPE_FAX)
+    if (known_entry(user, *named).nettype != NETTYPE_FAX)
         throw failure(exit_no_receiver,
                       platform::cp1252_to_utf8(receiver) + " has no fax: it is an entry for telex");
 }
@@ -59,7 +59,7 @@ void add_group(user_session& user, const std::string& typed, std::vector<std::st
     for (const o_tgroupl* member : records<o_tgroupl>(members)) {
         const book_entry named{std::string{member->tbookid.view()},
                                std::string{member->teleid.view()}};
-        const auto entry = find_entry(user, {named.book, named.entry});
+        const auto entry = find_entry(user, named);
         if (entry && entry->nettype == NETTYPE_FAX)
             receivers.push_back(named.text());
     }
