@@ -39,11 +39,11 @@ void run(user_session& user, const session_options& options, const std::string& 
     const std::string wanted = new_password(user.user(), file);
     const call_probe watch;
     const std::int32_t result = user.session().chgPassword(user.password().c_str(), wanted.c_str());
-    if (result == 8 || result == 12)
+    if (result == call_failed || result == call_without_connection)
         user.lost("changing the password", watch);
-    if (result == 6)
+    if (result == result_unknown_user)
         throw failure(exit_no_permission, "the user " + user.user() + " is unknown");
-    if (result == 9)
+    if (result == result_wrong_password)
         throw failure(exit_no_permission, "the old password is wrong");
     if (result != 0)
         throw failure(exit_refused,

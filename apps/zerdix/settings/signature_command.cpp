@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// zerdix signature: the picture that stands for the user's hand on cover pages.
+// zerdix signature: the picture of the user's signature on cover pages.
 
 #include <memory>
 #include <string>

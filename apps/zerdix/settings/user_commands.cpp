@@ -63,7 +63,7 @@ bool is_member(user_session& user, const a_group_rec& group) {
     const std::string id(group.groupid.view());
     const call_probe watch;
     const std::int32_t result = ZERDIX::clsSearchUserInGroup(id.c_str());
-    if (result != 0 && result != 4)
+    if (result != call_succeeded && result != call_refused)
         user.lost("looking into the group " + shown(id), watch);
     return result == 0;
 }
