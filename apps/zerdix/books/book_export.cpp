@@ -53,8 +53,8 @@ std::string so_far(const std::string& path) {
 
 void export_to(user_session& user, const export_line& line, const std::string& path) {
     const call_probe watch;
-    const file_growth shown_growth(path, !user.out().is_json() && !user.out().is_quiet() &&
-                                             line.file != "-");
+    const file_growth growth(path,
+                             !user.out().is_json() && !user.out().is_quiet() && line.file != "-");
     errno = 0;
     const std::int32_t result = user.books().exportTBook(
         line.id.c_str(), static_cast<nettypetype>(net_type_of(line.type)), path.c_str());

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What phone books and groups have in common: a comment, an owner, a user group, and rights.
+// The fields that phone books and groups have in common: a comment, an owner, a user group, and
+// rights.
 #ifndef ZERDIX_APP_BOOKS_OWNED_H
 #define ZERDIX_APP_BOOKS_OWNED_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a command tells its user on standard output: a table or a list of properties, or the same
+// The output of a command on standard output: a table or a list of properties, or the same
 // as JSON.
 //
 // The data are JSON objects in either case, so that both forms say the same. Text is UTF-8. Times

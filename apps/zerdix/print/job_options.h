@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the commands that send share: receivers, title, time and retries.
+// Options that the commands that send share: receivers, title, time and retries.
 #ifndef ZERDIX_APP_PRINT_JOB_OPTIONS_H
 #define ZERDIX_APP_PRINT_JOB_OPTIONS_H
 

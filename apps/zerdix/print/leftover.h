@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a job that ended before its time has left on the server. All but the first is asked and done
-// over a connection of its own, since the job's own may be what failed.
+// Deletes what a job that ended before its time has left on the server. All but the first function
+// use a connection of their own, since the job's own may be what failed.
 #ifndef ZERDIX_APP_PRINT_LEFTOVER_H
 #define ZERDIX_APP_PRINT_LEFTOVER_H
 

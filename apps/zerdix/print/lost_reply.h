@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Whether a send job was made although the reply to its request was lost: the server is asked over
-// a connection of its own.
+// Finds out whether a send job was made although the reply to its request was lost: asks the server
+// over a connection of its own.
 #ifndef ZERDIX_APP_PRINT_LOST_REPLY_H
 #define ZERDIX_APP_PRINT_LOST_REPLY_H
 

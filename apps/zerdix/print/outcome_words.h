@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the library's outcome of a job says, in the words of this program.
+// The library's outcome of a job in the words of this program.
 #ifndef ZERDIX_APP_PRINT_OUTCOME_WORDS_H
 #define ZERDIX_APP_PRINT_OUTCOME_WORDS_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a print job tells of a step that failed.
+// The failure of a step of a print job.
 #ifndef ZERDIX_APP_PRINT_STEP_FAILURE_H
 #define ZERDIX_APP_PRINT_STEP_FAILURE_H
 
@@ -12,8 +12,8 @@
 namespace zerdix::app {
 
 inline failure failed_step(const std::string& step, const failure_cause& why) {
-    return {why.code,
-            step + " failed: " + why.cause + " (the error log is " + ReadSettings()->error_file + ")"};
+    return {why.code, step + " failed: " + why.cause + " (the error log is " +
+                          ReadSettings()->error_file + ")"};
 }
 
 inline failure nobody_named() {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Why there is no connection, or why a call failed: the library says only that it did.
+// Finds out why there is no connection, or why a call failed: the library says only that it did.
 //
 // The probes go the way that a connection goes, one step at a time: name, port mapper,
 // registration, port, an empty call. Each gives up after a few seconds.

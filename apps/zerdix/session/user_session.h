@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A user at work: logged on for the length of a command, with the ways to say how it went.
+// The session of a user, logged on for the length of a command, with the ways to say how it went.
 //
 // Every operation of the three classes goes through expect() or fetch(), which turn a result into a
 // sentence and an exit code.
