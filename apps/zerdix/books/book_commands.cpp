@@ -3,10 +3,8 @@
 
 #include <memory>
 
-#include "books/book_transfer.h"
-#include "books/commands.h"
+#include "arguments/commands.h"
 #include "books/entry_walk.h"
-#include "books/external_query.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "books/owned_commands.h"

@@ -9,7 +9,7 @@
 #include <memory>
 #include <optional>
 
-#include "books/book_transfer.h"
+#include "arguments/commands.h"
 #include "books/file_growth.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"

@@ -8,8 +8,8 @@
 #include <cstdio>
 #include <memory>
 
+#include "arguments/commands.h"
 #include "books/book_file.h"
-#include "books/book_transfer.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "books/scratch_file.h"

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "arguments/commands.h"
 #include "arguments/several_names.h"
-#include "books/commands.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "output/value_text.h"

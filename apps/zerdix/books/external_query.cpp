@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "books/external_query.h"
+#include "arguments/commands.h"
 
 #include <algorithm>
 #include <array>

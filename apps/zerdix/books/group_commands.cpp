@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "books/commands.h"
+#include "arguments/commands.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "books/owned_commands.h"

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "completion/commands.h"
+#include "arguments/commands.h"
 #include "completion/scripts.h"
 
 namespace zerdix::app {

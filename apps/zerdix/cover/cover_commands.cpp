@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "cover/commands.h"
+#include "arguments/commands.h"
 #include "cover/form_file.h"
 #include "cover/preview.h"
 #include "cover/template_document.h"

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "cover/commands.h"
+#include "arguments/commands.h"
 #include "cover/form_file.h"
 #include "cover/template_document.h"
 #include "documents/new_document.h"

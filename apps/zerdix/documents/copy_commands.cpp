@@ -6,9 +6,9 @@
 #include <limits>
 #include <memory>
 
+#include "arguments/commands.h"
 #include "arguments/several_names.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_name.h"
 #include "documents/new_document.h"
 #include "output/progress.h"

@@ -3,9 +3,9 @@
 
 #include <memory>
 
+#include "arguments/commands.h"
 #include "arguments/several_names.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_name.h"
 #include "session/user_command.h"
 

@@ -3,8 +3,8 @@
 
 #include <memory>
 
+#include "arguments/commands.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_name.h"
 #include "documents/page_range.h"
 #include "documents/pool_list.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // zerdix doc: everything about documents.
 
-#include "documents/commands.h"
+#include "arguments/commands.h"
 #include "session/user_command.h"
 
 namespace zerdix::app {

@@ -7,8 +7,8 @@
 #include <memory>
 #include <utility>
 
+#include "arguments/commands.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_records.h"
 #include "output/value_text.h"
 #include "session/user_command.h"

@@ -5,10 +5,10 @@
 #include <memory>
 #include <optional>
 
+#include "arguments/commands.h"
 #include "arguments/send_time.h"
 #include "arguments/several_names.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_records.h"
 #include "output/value_text.h"
 #include "session/user_command.h"

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "documents/commands.h"
+#include "arguments/commands.h"
 #include "documents/document_records.h"
 #include "documents/pool_list.h"
 #include "session/user_command.h"

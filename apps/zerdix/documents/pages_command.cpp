@@ -3,8 +3,8 @@
 
 #include <memory>
 
+#include "arguments/commands.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/page_files.h"
 #include "output/progress.h"
 #include "session/user_command.h"

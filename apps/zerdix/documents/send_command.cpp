@@ -10,8 +10,8 @@
 #include <zerdix/outcome.h>
 #include <zerdix/values.h>
 
+#include "arguments/commands.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_name.h"
 #include "documents/sending_to_receivers.h"
 #include "output/progress.h"

@@ -7,7 +7,7 @@
 
 #include <zerdix/journal.h>
 
-#include "pictures/commands.h"
+#include "arguments/commands.h"
 #include "pictures/page_fetch.h"
 #include "pictures/png_file.h"
 #include "session/plain_session.h"

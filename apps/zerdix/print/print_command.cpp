@@ -9,11 +9,11 @@
 #include <zerdix/sendfax.h>
 #include <zerdix/zerdix.h>
 
+#include "arguments/commands.h"
 #include "output/failure.h"
 #include "output/interrupt.h"
 #include "output/progress.h"
 #include "output/value_text.h"
-#include "print/commands.h"
 #include "print/forms.h"
 #include "print/job_options.h"
 #include "print/merge_text.h"

@@ -6,11 +6,11 @@
 #include <memory>
 #include <optional>
 
+#include "arguments/commands.h"
 #include "output/failure.h"
 #include "output/interrupt.h"
 #include "output/progress.h"
 #include "output/value_text.h"
-#include "print/commands.h"
 #include "print/job_options.h"
 #include "print/telex_text.h"
 #include "session/settings_choice.h"

@@ -3,13 +3,7 @@
 
 #include <zerdix/version.h>
 
-#include "books/commands.h"
-#include "completion/commands.h"
-#include "cover/commands.h"
-#include "documents/commands.h"
-#include "pictures/commands.h"
-#include "print/commands.h"
-#include "settings/commands.h"
+#include "arguments/commands.h"
 
 namespace zerdix::app {
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // zerdix board: the bulletin board.
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
-#include "settings/commands.h"
 #include <zerdix/values.h>
 
 namespace zerdix::app {

@@ -4,10 +4,10 @@
 #include <memory>
 #include <optional>
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
 #include "settings/bit_words.h"
-#include "settings/commands.h"
 #include <zerdix/values.h>
 
 namespace zerdix::app {

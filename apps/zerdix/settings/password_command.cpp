@@ -4,10 +4,10 @@
 #include <memory>
 #include <string>
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/password.h"
 #include "session/user_command.h"
-#include "settings/commands.h"
 
 namespace zerdix::app {
 

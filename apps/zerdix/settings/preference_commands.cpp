@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
 #include "settings/bit_words.h"
-#include "settings/commands.h"
 
 namespace zerdix::app {
 

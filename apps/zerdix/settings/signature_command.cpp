@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "pictures/png_file.h"
 #include "pictures/png_picture.h"
 #include "pictures/stored_page.h"
 #include "print/page_placement.h"
 #include "session/user_command.h"
-#include "settings/commands.h"
 
 namespace zerdix::app {
 

@@ -4,9 +4,9 @@
 #include <memory>
 #include <optional>
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
-#include "settings/commands.h"
 
 namespace zerdix::app {
 
