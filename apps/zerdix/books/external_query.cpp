@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+// zerdix book external: recipients out of an external phone book.
 #include "arguments/commands.h"
 
 #include <algorithm>
