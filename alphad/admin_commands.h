@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What an administrator does to a store from the command line, also while the server runs on it.
-// Texts are UTF-8. What can't be done is an admin_error with a sentence.
+// The administrator's operations on a store. They work while the server runs on it, too. Texts are
+// UTF-8. An operation that can't be carried out throws admin_error with a sentence.
 #ifndef ZERDIX_ALPHAD_ADMIN_COMMANDS_H
 #define ZERDIX_ALPHAD_ADMIN_COMMANDS_H
 

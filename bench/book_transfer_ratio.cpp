@@ -14,9 +14,9 @@
 #include <zerdix/telebook.h>
 #include <zerdix/zerdix.h>
 
-#include "bench/direct_calls.h"
 #include "bench/heap_count.h"
 #include "bench/instant_server.h"
+#include "bench/sample_replies.h"
 #include "support/test_server.h"
 
 using namespace zerdix;
@@ -38,33 +38,10 @@ constexpr double most_growth = 2.3; // twice, and some noise
 constexpr std::size_t most_more_memory = 4096;
 
 std::vector<o_tebul> make_book(std::int32_t entries) {
-    std::vector<o_tebul> book(static_cast<std::size_t>(entries));
-    for (std::size_t i = 0; i < book.size(); ++i) {
-        book[i].tbookid.assign("common");
-        book[i].teleid.assign(std::to_string(1000000 + i));
-        book[i].phone.assign("+49 30 23125 " + std::to_string(i));
-        book[i].tsi.assign("49 30 23125");
-        book[i].comment.assign("Kanzlei Weiss und Partner");
-        book[i].nettype = NETTYPE_FAX;
-    }
+    std::vector<o_tebul> book;
+    for (std::int32_t i = 0; i < entries; ++i)
+        book.push_back(bench::sample_entry(static_cast<std::size_t>(i)));
     return book;
-}
-
-bytes_on_wire answer_with(const o_tebul* entries, std::size_t count) {
-    std::vector<o_tebul_node> nodes(count);
-    for (std::size_t i = 0; i < count; ++i)
-        nodes[i] = {i + 1 < count ? &nodes[i + 1] : nullptr, entries[i]};
-    o_get_tbookl_o answer{static_cast<std::int32_t>(count), count > 0 ? nodes.data() : nullptr};
-    return encoded(answer, count * 432 + 64);
-}
-
-// The book's blocks, and the empty one behind them.
-std::vector<bytes_on_wire> answers_of(const std::vector<o_tebul>& book) {
-    std::vector<bytes_on_wire> answers;
-    for (std::size_t i = 0; i < book.size(); i += block)
-        answers.push_back(answer_with(&book[i], block));
-    answers.push_back(answer_with(nullptr, 0));
-    return answers;
 }
 
 bytes_on_wire block_size() {
@@ -131,8 +108,9 @@ transfers measure(std::int32_t entries) {
     const test::scratch_folder folder;
     const test::client_environment environment{folder.path()};
     const std::vector<o_tebul> book = make_book(entries);
-    const bench::instant_server server{{{proc::o_get_tbookl_1::number, answers_of(book)},
-                                        {proc::a_get_config_1::number, {block_size()}}}};
+    const bench::instant_server server{
+        {{proc::o_get_tbookl_1::number, bench::entry_blocks(book.size(), block)},
+         {proc::a_get_config_1::number, {block_size()}}}};
     ZERDIX session;
     require(session.GetClientAddr("127.0.0.1") != nullptr, "GetClientAddr");
     require(ZERDIX::clsGetTelebookBlockSize() == block, "the block size");

@@ -6,19 +6,17 @@
 // Then a job goes out to few receivers and to many, each with a cover page of their own: what the
 // heap holds at its peak mustn't grow with them, beside the receivers' own strings.
 #include <algorithm>
-#include <span>
 #include <string>
 
 #include <zerdix/sendfax.h>
 
-#include "bench/direct_calls.h"
 #include "bench/heap_count.h"
 #include "bench/instant_server.h"
+#include "bench/sample_replies.h"
 #include "cover/composer.h"
 #include "cover/state.h"
 #include "imaging/owned_bitmap.h"
 #include "pages/codec_calls.h"
-#include "rpc/block_transfer.h"
 #include "support/test_server.h"
 
 using namespace zerdix;
@@ -44,23 +42,6 @@ constexpr const char* commands = "#DRUCK#\n"
                                  "setfaxsign=150;1200;\n"
                                  "setfaxbarcode=150;1900;\n";
 
-using reply_list = std::vector<std::vector<char>>;
-
-// The answers to the fetch of a picture: its size, then its blocks.
-template <class Answer>
-void add_picture(reply_list& replies, codec::bytes picture) {
-    const auto answer = [](std::size_t size, std::span<unsigned char> data) {
-        return encoded(Answer{{1},
-                              static_cast<std::int32_t>(size),
-                              {static_cast<std::uint32_t>(data.size()), data.data()}});
-    };
-    replies.push_back(answer(picture.size(), {}));
-    for (std::size_t at = 0, count = rpc::fetch_block; count == rpc::fetch_block; at += count) {
-        count = std::min<std::size_t>(rpc::fetch_block, picture.size() - at);
-        replies.push_back(answer(count, std::span{picture}.subspan(at, count)));
-    }
-}
-
 codec::bytes signature_picture() {
     codec::bytes page = codec::page_like(600, 2);
     page.erase(page.begin() + 8, page.begin() + 8 + 216 * 200); // the margin
@@ -70,11 +51,11 @@ codec::bytes signature_picture() {
 }
 
 bench::instant_server::replies answers() {
-    reply_list pages;
-    add_picture<a_get_pageb_o>(pages, *codec::compress(codec::page_like(2286, 1)));
-    add_picture<a_get_pageb_o>(pages, codec::text_bytes(commands));
-    reply_list signature;
-    add_picture<a_get_sigb_o>(signature, signature_picture());
+    bench::reply_list pages;
+    bench::add_picture<a_get_pageb_o>(pages, *codec::compress(codec::page_like(2286, 1)));
+    bench::add_picture<a_get_pageb_o>(pages, codec::text_bytes(commands));
+    bench::reply_list signature;
+    bench::add_picture<a_get_sigb_o>(signature, signature_picture());
     str80 id{};
     id.assign("7");
     o_user_rec user{};

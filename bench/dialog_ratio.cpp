@@ -28,8 +28,8 @@
 
 #include <zerdix/zerdix.h>
 
-#include "bench/direct_calls.h"
 #include "bench/instant_server.h"
+#include "bench/sample_replies.h"
 #include "dialogs/application.h"
 #include "dialogs/dialog_resources.h"
 #include "dialogs/search_pattern.h"
@@ -65,29 +65,6 @@ bytes_on_wire books() {
     std::vector<o_tebu_node> nodes(1);
     nodes[0].book.tbookid.assign("common");
     return bench::list_of<o_get_tbooks_o>(nodes, sizeof(o_tebu) * 4);
-}
-
-bytes_on_wire entry_block(std::int32_t first, std::int32_t count) {
-    std::vector<o_tebul_node> nodes(static_cast<std::size_t>(count));
-    for (std::int32_t i = 0; i < count; ++i) {
-        o_tebul& entry = nodes[static_cast<std::size_t>(i)].entry;
-        entry.tbookid.assign("common");
-        entry.teleid.assign(std::to_string(100000 + first + i));
-        entry.comment.assign("Kanzlei Weiss und Partner");
-        entry.tsi.assign("+49 30 23125");
-        entry.phone.assign("+49 30 23125 " + std::to_string(first + i));
-        entry.nettype = NETTYPE_FAX;
-    }
-    return bench::list_of<o_get_tbookl_o>(nodes, sizeof(o_tebul) * 4);
-}
-
-// The whole book, and then an empty block.
-std::vector<bytes_on_wire> all_blocks() {
-    std::vector<bytes_on_wire> blocks;
-    for (std::int32_t first = 0; first < entries; first += block)
-        blocks.push_back(entry_block(first, block));
-    blocks.push_back(entry_block(0, 0));
-    return blocks;
 }
 
 // Whether a window was painted while it lives.
@@ -134,16 +111,16 @@ class running_dialog {
 double open_once() {
     const auto begin = clock_type::now();
     const first_picture picture;
-    double taken = 0;
-    running_dialog{}.run([&](auto&) { taken = milliseconds_since(begin); });
+    double elapsed = 0;
+    running_dialog{}.run([&](auto&) { elapsed = milliseconds_since(begin); });
     require(picture.painted(), "a picture of the dialog");
-    return taken;
+    return elapsed;
 }
 
 // As many controls of each kind as the dialog has, in one column.
 double open_peer_once() {
     const auto begin = clock_type::now();
-    double taken = 0;
+    double elapsed = 0;
     QDialog dialog;
     QVBoxLayout column(&dialog);
     for (int i = 0; i < 6; ++i)
@@ -157,11 +134,11 @@ double open_peer_once() {
     column.addWidget(new QComboBox(&dialog));
     QTimer::singleShot(0, &dialog, [&] {
         QApplication::processEvents();
-        taken = milliseconds_since(begin);
+        elapsed = milliseconds_since(begin);
         dialog.reject();
     });
     dialog.exec();
-    return taken;
+    return elapsed;
 }
 
 bool measure_opening() {
@@ -185,9 +162,9 @@ double page_through(forms::dialog_view& dialog) {
         dialog.user_selects_row(send_list, last - 1);
         QApplication::processEvents();
     }
-    const double taken = milliseconds_since(begin);
+    const double elapsed = milliseconds_since(begin);
     require(dialog.find(send_list)->list->row_count() == entries, "all blocks");
-    return taken * block / (entries - before);
+    return elapsed * block / (entries - before);
 }
 
 double bare_call(std::uint32_t program, std::size_t result_bytes) {
@@ -222,19 +199,19 @@ double search_bare(const forms::tree_list& list, const char* expression) {
     for (const std::string& text : texts)
         misses +=
             re_match(&compiled, text.c_str(), static_cast<regoff_t>(text.size()), 0, nullptr) < 0;
-    const double taken = milliseconds_since(begin);
+    const double elapsed = milliseconds_since(begin);
     require(misses + 1 == texts.size(), "one hit");
     regfree(&compiled);
-    return taken;
+    return elapsed;
 }
 
 double search_once(forms::dialog_view& dialog) {
     const auto begin = clock_type::now();
     dialog.on_command(dialogs::recipient_search_command);
     QApplication::processEvents();
-    const double taken = milliseconds_since(begin);
+    const double elapsed = milliseconds_since(begin);
     require(dialog.find(send_list)->list->selected_row() == entries - 1, "the last row");
-    return taken;
+    return elapsed;
 }
 
 bool measure_paging(forms::dialog_view& dialog, double call) {
@@ -278,10 +255,11 @@ int main(int argc, char** argv) {
     setenv("ZERDIX_DIALOGS", WINDOWS, 0);
     const test::scratch_folder folder;
     const test::client_environment environment{folder.path()};
-    const bytes_on_wire first = entry_block(0, block);
-    const bench::instant_server server{{{proc::o_get_tbooks_1::number, {books()}},
-                                        {proc::o_get_tbookl_1::number, all_blocks()},
-                                        {proc::o_get_tbooksb_1::number, {first}}}};
+    const bytes_on_wire first = bench::entry_block(0, block);
+    const bench::instant_server server{
+        {{proc::o_get_tbooks_1::number, {books()}},
+         {proc::o_get_tbookl_1::number, bench::entry_blocks(entries, block)},
+         {proc::o_get_tbooksb_1::number, {first}}}};
     const QApplication application(argc, argv);
     const dialogs::CZerdixApp zerdix;
     dialogs::install_dialog_resources();

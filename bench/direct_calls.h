@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Calls made directly through the RPC library, with argument and result as runs of bytes that
-// nobody looks into: the peer of what the library does.
+// Calls made directly through the RPC library, with argument and result as opaque bytes: the peer
+// of the library's own calls.
 #ifndef ZERDIX_BENCH_DIRECT_CALLS_H
 #define ZERDIX_BENCH_DIRECT_CALLS_H
 

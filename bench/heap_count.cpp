@@ -18,7 +18,7 @@ namespace {
 
 zerdix::bench::heap_count heap{};
 
-void* taken(void* block) {
+void* counted(void* block) {
     if (block == nullptr)
         return nullptr;
     heap.bytes += malloc_usable_size(block);
@@ -37,11 +37,11 @@ void given_back(std::size_t size) {
 extern "C" {
 
 __attribute__((visibility("default"))) void* malloc(std::size_t size) noexcept {
-    return taken(__libc_malloc(size));
+    return counted(__libc_malloc(size));
 }
 
 __attribute__((visibility("default"))) void* calloc(std::size_t count, std::size_t size) noexcept {
-    return taken(__libc_calloc(count, size));
+    return counted(__libc_calloc(count, size));
 }
 
 // A block that could not be made larger stays, and stays counted; size 0 gives it back.
@@ -50,22 +50,22 @@ __attribute__((visibility("default"))) void* realloc(void* block, std::size_t si
     void* changed = __libc_realloc(block, size);
     if (block != nullptr && (changed != nullptr || size == 0))
         given_back(before);
-    return taken(changed);
+    return counted(changed);
 }
 
 __attribute__((visibility("default"))) void* memalign(std::size_t alignment,
                                                       std::size_t size) noexcept {
-    return taken(__libc_memalign(alignment, size));
+    return counted(__libc_memalign(alignment, size));
 }
 
 __attribute__((visibility("default"))) void* aligned_alloc(std::size_t alignment,
                                                            std::size_t size) noexcept {
-    return taken(__libc_memalign(alignment, size));
+    return counted(__libc_memalign(alignment, size));
 }
 
 __attribute__((visibility("default"))) int posix_memalign(void** block, std::size_t alignment,
                                                           std::size_t size) noexcept {
-    void* made = taken(__libc_memalign(alignment, size));
+    void* made = counted(__libc_memalign(alignment, size));
     if (made == nullptr)
         return ENOMEM;
     *block = made;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What StoreFaxPage costs with letterhead and rotation beside what it costs without: a landscape
+// Compares StoreFaxPage with letterhead and rotation to StoreFaxPage without: a landscape
 // page laid over a letterhead, against the very picture that comes of it, handed in ready made.
 // Codec and remote calls have the same to do in both.
 //
@@ -16,14 +16,13 @@
 
 #include <zerdix/sendfax.h>
 
-#include "bench/direct_calls.h"
 #include "bench/instant_server.h"
 #include "bench/sample_pages.h"
+#include "bench/sample_replies.h"
 #include "imaging/owned_bitmap.h"
 #include "pages/codec_calls.h"
 #include "pages/driver_form.h"
 #include "pages/mirror.h"
-#include "rpc/block_transfer.h"
 #include "sendfax/job.h"
 #include "sendfax/letterhead.h"
 #include "support/test_server.h"
@@ -40,12 +39,6 @@ constexpr double most = 1.3;
 constexpr std::int16_t letterhead_source = 1; // source 0 has none
 constexpr std::size_t header = pages::block_header_size;
 
-std::vector<char> page_answer(std::size_t size, std::span<unsigned char> data) {
-    return encoded(a_get_pageb_o{true,
-                                 static_cast<std::int32_t>(size),
-                                 {static_cast<std::uint32_t>(data.size()), data.data()}});
-}
-
 // A user with a letterhead, and its page in blocks.
 bench::instant_server::replies answers(page_bytes letterhead) {
     a_user_rec user{};
@@ -54,11 +47,8 @@ bench::instant_server::replies answers(page_bytes letterhead) {
     a_get_inf_o document{};
     document.pagecount = 1;
     document.pagemasks[0] = 1;
-    std::vector<std::vector<char>> page{page_answer(letterhead.size(), {})};
-    for (std::size_t at = 0, count = rpc::fetch_block; count == rpc::fetch_block; at += count) {
-        count = std::min<std::size_t>(rpc::fetch_block, letterhead.size() - at);
-        page.push_back(page_answer(count, std::span{letterhead}.subspan(at, count)));
-    }
+    bench::reply_list page;
+    bench::add_picture<a_get_pageb_o>(page, std::move(letterhead));
     return {{30, {encoded(user)}}, {20, {encoded(document)}}, {59, page}};
 }
 

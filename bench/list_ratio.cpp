@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Reading lists against the same bytes and the same number of calls through the RPC library, with
-// argument and result as runs of bytes that nobody looks into, from the same server.
+// argument and result as opaque bytes, from the same server.
 //
 //   a phone book of 100,000 entries by blocks of 200: time
 //   100,000 users in one call: memory
@@ -10,9 +10,9 @@
 #include <zerdix/telebook.h>
 #include <zerdix/zerdix.h>
 
-#include "bench/direct_calls.h"
 #include "bench/heap_count.h"
 #include "bench/instant_server.h"
+#include "bench/sample_replies.h"
 #include "support/test_server.h"
 
 using namespace zerdix;
@@ -30,17 +30,6 @@ constexpr std::int32_t users = 100000;
 constexpr int rounds = 12;
 constexpr double least_rate = 0.8;
 constexpr double most_memory = 2;
-
-bytes_on_wire entry_block() {
-    std::vector<o_tebul_node> nodes(block);
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        nodes[i].entry.tbookid.assign("common");
-        nodes[i].entry.teleid.assign(std::to_string(100000 + i));
-        nodes[i].entry.comment.assign("Kanzlei Weiss und Partner");
-        nodes[i].entry.phone.assign("+49 30 23125 " + std::to_string(i));
-    }
-    return bench::list_of<o_get_tbookl_o>(nodes, 428);
-}
 
 bytes_on_wire all_users() {
     std::vector<o_user_node> nodes(users);
@@ -95,7 +84,7 @@ int main() {
     const test::scratch_folder folder;
     const test::client_environment environment{folder.path()};
     bench::keep_to_one_processor();
-    const bytes_on_wire book = entry_block();
+    const bytes_on_wire book = bench::entry_block(0, block);
     const bench::instant_server server{
         {{proc::o_get_tbookl_1::number, {book}}, {proc::a_get_users_1::number, {all_users()}}}};
     direct_client direct{environment.program()};

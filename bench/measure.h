@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the ratio programs share: the best time of several runs, and a bar with its verdict.
+// Tools of the ratio programs: the best time of several runs, and a bar with its verdict.
 #ifndef ZERDIX_BENCH_MEASURE_H
 #define ZERDIX_BENCH_MEASURE_H
 
@@ -31,7 +31,7 @@ class best_time {
 };
 
 // Keeps the program and the children that it starts from now on to one processor. A call to a
-// server on another one takes two to three times as long, or not, as the system's mood is.
+// server on another one takes up to three times as long, which changes from run to run.
 inline void keep_to_one_processor() {
     cpu_set_t one;
     CPU_ZERO(&one);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What StoreFaxPage costs beside the codec and the remote calls, and the heap that it takes, for
+// Measures what StoreFaxPage costs beside the codec and the remote calls, and its heap, for
 // fax pages of 1,728 by 2,286 pixels and a server that answers at once.
 //
 //     page_intake_ratio [page-block-file...]

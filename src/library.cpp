@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The shared library is the rooms, whole, and the one application object, which comes up when the
-// library is loaded. Of all that is made then the tracer alone comes before it.
+// library is loaded. Only the tracer is made before it.
 #include "dialogs/application.h"
 #include "dialogs/dialog_resources.h"
 #include "dialogs/send_dialog_bridge.h"

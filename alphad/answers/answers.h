@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the server does for each procedure: one overload of answer() each, told apart by the
+// The server's answers: for each procedure an overload of answer(), which is chosen by the
 // procedure's type. The table of procedures declares them all; the files *_answers.cpp define them,
 // and a new procedure that has no answer there doesn't link.
 //

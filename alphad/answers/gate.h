@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What stands between a call's arrival and its answer: a place to watch calls or to disturb them.
+// Decides what becomes of a call before it is answered: a place to watch calls or to disturb them.
 #ifndef ZERDIX_ALPHAD_ANSWERS_GATE_H
 #define ZERDIX_ALPHAD_ANSWERS_GATE_H
 
@@ -12,6 +12,7 @@ enum class verdict {
     refuse, // false, 0, an empty record: what a server says that doesn't want to
     fail,   // an RPC error
     drop,   // no reply; the connection is closed
+    lose,   // the same, after the call was carried out
 };
 
 class gate {

@@ -42,12 +42,12 @@ class chain {
 
     std::int32_t count() const { return count_; }
 
-    // The chain is the caller's from here on.
+    // The caller owns the chain from here on.
     Node* take() {
-        Node* taken = first_;
+        Node* first = first_;
         first_ = nullptr;
         end_ = &first_;
-        return taken;
+        return first;
     }
 
   private:

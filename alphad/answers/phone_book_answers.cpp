@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What a user may not read isn't there for them: it doesn't stand in lists, and looking it up gives
-// an empty record.
+// A record that a user may not read is hidden from that user: lists leave it out, and looking it up
+// gives an empty record.
 #include "alphad/answers/answers.h"
 #include "alphad/answers/heap_result.h"
 

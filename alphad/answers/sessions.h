@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Who is logged in. Login ids are numbers from 1 on; they live as long as the process.
+// The users who are logged in. Login ids are numbers from 1 on; they live as long as the process.
 #ifndef ZERDIX_ALPHAD_ANSWERS_SESSIONS_H
 #define ZERDIX_ALPHAD_ANSWERS_SESSIONS_H
 

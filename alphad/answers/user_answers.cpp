@@ -35,8 +35,8 @@ boolean answers::answer(proc::o_put_user_1, const o_user_rec& in) {
     return yes(true);
 }
 
-// Whom other servers know isn't known here; their users are taken. No user at all stands in for
-// nobody, which is right too.
+// This server doesn't know the users of others, and accepts any of them. An empty name stands for
+// no replacement, which is accepted, too.
 bool answers::can_stand_in(std::string_view server, std::string_view userid,
                            std::string_view user) const {
     const bool unknown =

@@ -66,56 +66,57 @@ void call_log::add(std::uint32_t number, const char* name) {
 
 // What was stored is safe before the caller hears of it.
 template <class P>
-void dispatcher::reply(const typename P::argument& argument, bool refused, call& taken) {
+void dispatcher::reply(const typename P::argument& argument, verdict said, call& request) {
     held<typename P::result> result;
     if constexpr (!is_among<P>(unanswered{})) {
-        if (!refused) {
-            answers_.use_connection(taken.connection_number());
+        if (said != verdict::refuse) {
+            answers_.use_connection(request.connection_number());
             unit_of_work work(store_.database(), answers_);
             result.record = answers_.answer(P{}, argument);
             work.commit();
         }
     }
-    taken.reply(result.record);
+    said == verdict::lose ? request.drop() : request.reply(result.record);
 }
 
 template <class P>
-void dispatcher::serve_procedure(call& taken) {
+void dispatcher::serve_procedure(call& request) {
     calls_.add(P::number, P::name);
     const verdict said = gate_.admit(P::number);
     if (said == verdict::drop)
-        return taken.drop();
+        return request.drop();
     if (said == verdict::fail)
-        return taken.fail(SYSTEM_ERR);
+        return request.fail(SYSTEM_ERR);
     held<typename P::argument> argument;
-    if (!taken.argument(argument.record))
-        return taken.fail(GARBAGE_ARGS);
-    reply<P>(argument.record, said == verdict::refuse, taken);
+    if (!request.argument(argument.record))
+        return request.fail(GARBAGE_ARGS);
+    reply<P>(argument.record, said, request);
 }
 
 template <class P>
-bool dispatcher::serve_if(call& taken) {
-    if (taken.procedure() != P::number)
+bool dispatcher::serve_if(call& request) {
+    if (request.procedure() != P::number)
         return false;
-    serve_procedure<P>(taken);
+    serve_procedure<P>(request);
     return true;
 }
 
-void dispatcher::serve(call& taken) noexcept {
+void dispatcher::serve(call& request) noexcept {
     try {
         // The one procedure that every RPC program has, and the table doesn't list.
-        if (taken.procedure() == NULLPROC) {
+        if (request.procedure() == NULLPROC) {
             wire::none nothing;
-            return taken.reply(nothing);
+            return request.reply(nothing);
         }
         const bool known = [&]<class... P>(wire::procedure_list<P...>) {
-            return (serve_if<P>(taken) || ...);
+            return (serve_if<P>(request) || ...);
         }(wire::all_procedures{});
         if (!known)
-            taken.fail(PROC_UNAVAIL);
+            request.fail(PROC_UNAVAIL);
     } catch (const std::exception& error) {
-        std::cerr << "alphad: procedure " << taken.procedure() << ": " << error.what() << std::endl;
-        taken.fail(SYSTEM_ERR);
+        std::cerr << "alphad: procedure " << request.procedure() << ": " << error.what()
+                  << std::endl;
+        request.fail(SYSTEM_ERR);
     }
 }
 

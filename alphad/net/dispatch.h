@@ -33,17 +33,17 @@ class dispatcher {
 
     // Answers one call of the program and version of this server. Throws nothing: what goes wrong
     // inside is an RPC error for the caller and a line on standard error.
-    void serve(call& taken) noexcept;
+    void serve(call& request) noexcept;
 
     void connection_gone(std::uint64_t number) { answers_.connection_gone(number); }
 
   private:
     template <class P>
-    bool serve_if(call& taken);
+    bool serve_if(call& request);
     template <class P>
-    void serve_procedure(call& taken);
+    void serve_procedure(call& request);
     template <class P>
-    void reply(const typename P::argument& argument, bool refused, call& taken);
+    void reply(const typename P::argument& argument, verdict said, call& request);
 
     alphad::store& store_;
     alphad::answers& answers_;

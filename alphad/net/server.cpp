@@ -66,8 +66,7 @@ int stop_signals() {
 } // namespace
 
 std::uint32_t program_number() {
-    const char* offset = std::getenv("ZERDIXRPCOFFSET");
-    return ZERDIX_PROG + static_cast<std::uint32_t>(offset ? std::atol(offset) : 0);
+    return with_program_offset(ZERDIX_PROG);
 }
 
 server::file::~file() {
@@ -94,15 +93,15 @@ void server::accept_client() {
 }
 
 void server::answer(const std::string& record, connection& client) {
-    call taken(record, client);
-    if (!taken.is_sound())
-        taken.drop();
-    else if (taken.program() != program_)
-        taken.fail(PROG_UNAVAIL);
-    else if (taken.version() != ZERDIX_VERS)
-        taken.fail_version(ZERDIX_VERS);
+    call request(record, client);
+    if (!request.is_sound())
+        request.drop();
+    else if (request.program() != program_)
+        request.fail(PROG_UNAVAIL);
+    else if (request.version() != ZERDIX_VERS)
+        request.fail_version(ZERDIX_VERS);
     else
-        calls_.serve(taken);
+        calls_.serve(request);
 }
 
 // Who has gone is known before anybody is answered.

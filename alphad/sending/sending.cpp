@@ -38,6 +38,12 @@ std::string event_of(const send_job& job) {
     return event + " $n:=" + std::string{record.phone.view()} + " $s:=" + file_name_of(job.spool);
 }
 
+tiff::fax_tiff_texts texts_of(std::string_view title, const char* target_kind,
+                              std::string_view target) {
+    return {platform::cp1252_to_utf8(title), target_kind + platform::cp1252_to_utf8(target),
+            "alphad", true};
+}
+
 } // namespace
 
 std::optional<sending::receiver> sending::find_receiver(const str10& user,
@@ -118,8 +124,8 @@ std::int32_t sending::make_job(const document& from, a_s_rec record, const recei
     return id;
 }
 
-// Taken all the same: a client stops at the first receiver that is refused, and a group may hold
-// numbers of both nets.
+// The job is made all the same: a client stops at the first receiver that is refused, and a group
+// may hold numbers of both nets.
 void sending::end_without_line(send_job& job) {
     job.record.errorstatus = send_error_other_net;
     job.cancelled = true;
@@ -154,14 +160,19 @@ std::string sending::write_file(const a_s_rec& record, message what) {
         return name;
     }
     const std::string name = spool_.kept(spool::file_name(record.faxid, number));
-    write_picture(name, {std::move(what.pages), platform::cp1252_to_utf8(record.comment.view()),
-                         "To " + number, record.resolution == resolution_normal});
+    const int dpi_down = record.resolution == resolution_normal ? ZX_DPI_NORMAL : ZX_DPI_FINE;
+    write_picture(name, what.pages, dpi_down,
+                  texts_of(record.comment.view(), "To ", record.phone.view()));
     return name;
 }
 
-void sending::write_picture(const std::string& name, const spooled_picture& picture) {
-    spool_.write(name, [&picture](const std::filesystem::path& path) {
-        return write_fax_tiff(path, picture);
+void sending::write_picture(const std::string& name, const std::vector<page_picture>& pages,
+                            int dpi_down, const tiff::fax_tiff_texts& texts) {
+    spool_.write(name, [&](const std::filesystem::path& path) {
+        tiff::fax_tiff file(path, static_cast<int>(pages.size()), texts);
+        for (const page_picture& page : pages)
+            file.add({page.size.width, page.size.height, page.rows, dpi_down});
+        file.close();
     });
 }
 
@@ -270,8 +281,8 @@ bool sending::print(const document& printed, const a_print_doc_i& wanted) {
     const std::string printer{wanted.printer.view()};
     const std::string range = std::to_string(wanted.frompage) + "-" + std::to_string(wanted.topage);
     const std::string name = spool::file_name(printed.id, "print" + printer);
-    write_picture(spool_.kept(name), {std::move(*pages), platform::cp1252_to_utf8(printed.comment),
-                                      "For printer " + platform::cp1252_to_utf8(printer), false});
+    write_picture(spool_.kept(name), *pages, ZX_DPI_FINE,
+                  texts_of(printed.comment, "For printer ", printer));
     change_file(spool_.kept(name), true);
     store_.logs.add(printed.id,
                     log_line("$as.printed: $p:=" + range + " $d:=" + printer + " $s:=" + name));

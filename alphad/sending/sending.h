@@ -6,12 +6,13 @@
 
 #include <optional>
 
-#include "alphad/sending/fax_tiff.h"
+#include "alphad/sending/fax_page.h"
 #include "alphad/sending/spool.h"
 #include "alphad/sending/telex_order.h"
 #include "alphad/store/book_rights.h"
 #include "alphad/store/store.h"
 #include "rpc/wire/document_records.h"
+#include "tiff/fax_tiff.h"
 
 namespace zerdix::alphad {
 
@@ -69,7 +70,8 @@ class sending {
     void end_without_line(send_job& job);
     void spool_job(send_job& job, message what);
     std::string write_file(const a_s_rec& record, message what);
-    void write_picture(const std::string& name, const spooled_picture& picture);
+    void write_picture(const std::string& name, const std::vector<page_picture>& pages,
+                       int dpi_down, const tiff::fax_tiff_texts& texts);
     void change_file(const std::string& name, bool appears);
     bool spool_again(send_job& job);
 

@@ -2,7 +2,9 @@
 #include "alphad/sending/spool.h"
 
 #include <cctype>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 
 namespace zerdix::alphad {
@@ -46,14 +48,17 @@ std::filesystem::path spool::part_of(const std::string& kept) const {
     return path.parent_path() / ("." + path.filename().string()).append(part_ending);
 }
 
-void spool::require(bool done, const std::string& kept, const std::string& reason) const {
-    if (!done)
-        throw spool_error("the file " + path_of(kept).string() + " can't be written" + reason);
+void spool::fail(const std::string& kept, const std::string& reason) const {
+    throw spool_error("the file " + path_of(kept).string() + " can't be written: " + reason);
 }
 
 void spool::write(const std::string& kept, const file_writer& writer) {
     parts_.push_back(kept);
-    require(writer(part_of(kept)), kept);
+    try {
+        writer(part_of(kept));
+    } catch (const std::runtime_error& error) {
+        fail(kept, error.what());
+    }
 }
 
 void spool::write_text(const std::string& kept, std::string_view text) {
@@ -61,7 +66,8 @@ void spool::write_text(const std::string& kept, std::string_view text) {
         std::ofstream file{path, std::ios::binary};
         file << text;
         file.close();
-        return !file.fail();
+        if (file.fail())
+            throw std::runtime_error(std::strerror(errno));
     });
 }
 
@@ -69,7 +75,8 @@ void spool::publish(const std::string& kept) {
     std::erase(parts_, kept);
     std::error_code error;
     std::filesystem::rename(part_of(kept), path_of(kept), error);
-    require(!error || error == std::errc::no_such_file_or_directory, kept, ": " + error.message());
+    if (error && error != std::errc::no_such_file_or_directory)
+        fail(kept, error.message());
 }
 
 void spool::discard() noexcept {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The spool folder and the files in it. What stands in a file is its writer's matter.
+// The spool folder and the files in it. The writer of a file decides what it holds.
 #ifndef ZERDIX_ALPHAD_SENDING_SPOOL_H
 #define ZERDIX_ALPHAD_SENDING_SPOOL_H
 
@@ -41,8 +41,9 @@ class spool {
     std::string kept(const std::string& name) const;
 
     // Has the file written beside its place; it appears under its name when it is published. The
-    // writer says whether it could write the whole. Throw spool_error.
-    using file_writer = std::function<bool(const std::filesystem::path&)>;
+    // writer throws std::runtime_error, with the reason, when it can't write the whole. Throw
+    // spool_error.
+    using file_writer = std::function<void(const std::filesystem::path&)>;
     void write(const std::string& kept, const file_writer& writer);
     void write_text(const std::string& kept, std::string_view text);
 
@@ -65,7 +66,7 @@ class spool {
   private:
     std::filesystem::path path_of(const std::string& kept) const { return own_ / kept; }
     std::filesystem::path part_of(const std::string& kept) const;
-    void require(bool done, const std::string& kept, const std::string& reason = {}) const;
+    [[noreturn]] void fail(const std::string& kept, const std::string& reason) const;
 
     std::filesystem::path folder_; // absolute, as the next one
     std::filesystem::path own_;

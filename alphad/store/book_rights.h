@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Who may do what with a phone book or a recipient group.
+// The rights of users on phone books and recipient groups.
 #ifndef ZERDIX_ALPHAD_STORE_BOOK_RIGHTS_H
 #define ZERDIX_ALPHAD_STORE_BOOK_RIGHTS_H
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Files of the spool folder that are to appear or to go, put down with the work that they belong
-// to: the folder follows once that work is in the store for good, at the next start if need be.
+// Files of the spool folder that are to appear or to go. They are noted in the transaction of the
+// work that they belong to, and the folder is changed once it is committed, or at the next start.
 #ifndef ZERDIX_ALPHAD_STORE_FILE_CHANGES_H
 #define ZERDIX_ALPHAD_STORE_FILE_CHANGES_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The library's one entry.
+// The only function that the library exports.
 #include "forms/presenter_plugin.h"
 #include "presenter/application.h"
 #include "presenter/qt_presenter.h"

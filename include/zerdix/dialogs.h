@@ -10,6 +10,10 @@
 
 class JOURNAL;
 
+// Whether there is any use in a call that opens a dialog: the environment names a screen, and its
+// ZERDIX_DIALOGS isn't "none". The screen may still turn out not to be there.
+ZX_API bool DialogsMayOpen();
+
 // Asks the user how and to whom documents of the desk are to go, and sends each of them to each
 // receiver: fax pages as a send job, text as a telex, as the user chooses. Runs on the connection
 // and in the name of the session's user, and returns when the dialog has gone.

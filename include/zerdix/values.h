@@ -12,15 +12,21 @@
 #define ZERDIX_VALUES_H
 
 #include <cstdint>
+#include <cstdlib>
 #include <string_view>
 
 #include <zerdix/records.h>
 
 namespace zerdix {
 
-// Protocol: the ONC RPC program. The program number goes up by the environment's ZERDIXRPCOFFSET.
+// Protocol: the ONC RPC program. A server has the program number plus the value of the environment
+// variable ZERDIXRPCOFFSET.
 constexpr std::uint32_t ZERDIX_PROG = 0xF452BF;
 constexpr std::uint32_t ZERDIX_VERS = 1;
+inline std::uint32_t with_program_offset(std::uint32_t program) {
+    const char* offset = std::getenv("ZERDIXRPCOFFSET");
+    return program + static_cast<std::uint32_t>(offset != nullptr ? std::atol(offset) : 0);
+}
 
 // Protocol: names that every server keeps for itself.
 constexpr const char* print_user = ".winpr";    // owns documents that exist only to be printed
@@ -44,16 +50,43 @@ enum login_answer : std::int32_t {
     login_wrong_password = 8,
 };
 
+// What ZERDIX::login and chgPassword give beside the results of the long operations.
+enum login_result : std::int32_t {
+    result_present_already = 4,
+    result_unknown_user = 6,
+    result_wrong_password = 9,
+    result_not_accepted = 10, // the versions don't fit, or a reason of the server's own
+    result_omega_not_reached = 11,
+};
+
 // Protocol: the HWF bits, what a device or a user's workstation can do.
 enum hardware_feature : std::int16_t {
     hwf_normal = 0x001, // resolution
     hwf_fine = 0x002,   // resolution
+    hwf_res1 = 0x004,   // without a meaning here, as the next one
+    hwf_res2 = 0x008,
     hwf_scan = 0x010,
     hwf_halftone = 0x020,
     hwf_print = 0x040,
     hwf_receive = 0x080,
     hwf_send = 0x100,
     hwf_telex = 0x200,
+};
+
+// Protocol: the AT bits, what happens at an event.
+enum user_action : std::int16_t {
+    at_print_send = 0x001,
+    at_print_error = 0x002,
+    at_print_receive = 0x004,
+    at_mail_send = 0x008,
+    at_mail_error = 0x010,
+    at_mail_receive = 0x020,
+    at_lamp_send = 0x040,
+    at_lamp_error = 0x080,
+    at_lamp_receive = 0x100,
+    at_voice_send = 0x200,
+    at_voice_error = 0x400,
+    at_voice_receive = 0x800,
 };
 
 // Protocol: the forms in which a page can exist. Bit n of a page's mask (a_get_inf_o) stands for

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the composer keeps from one cover page to the next, process-wide.
+// The composer's state from one cover page to the next, process-wide.
 //
 // The template's id and the phone book object are kept as long as the process runs, all else as
 // long as the session: whoever ends a session calls forget_session first.

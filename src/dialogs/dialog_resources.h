@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the dialogs take their templates and words from.
+// Sets the source of the dialogs' templates and words.
 #ifndef ZERDIX_DIALOGS_DIALOG_RESOURCES_H
 #define ZERDIX_DIALOGS_DIALOG_RESOURCES_H
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include <zerdix/values.h>
+
 #include "dialogs/message.h"
 #include "dialogs/templates.h"
 
@@ -82,9 +84,9 @@ void CDialogTeleEntry::OnOk() {
         return;
     readRecord();
     const std::int32_t result = pTelebook->putTBookEntry(&work);
-    if (result == 4)
+    if (result == call_refused)
         return refuse(no_right);
-    if (result == 8 || result == 12)
+    if (result == call_failed || result == call_without_connection)
         return refuse(not_stored);
     *pRecord = work;
     EndDialog(ok_button);

@@ -5,10 +5,10 @@
 
 #include <cstdint>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
+#include <zerdix/pager.h>
 #include <zerdix/telebook.h>
 
 namespace zerdix::dialogs {
@@ -30,8 +30,13 @@ class entry_pager {
     const str10& last_key() const { return startKey; }
 
   private:
+    struct key_of {
+        std::string operator()(const o_tebul& entry) const {
+            return std::string{entry.teleid.view()};
+        }
+    };
+
     PTRLIST* fetch();
-    std::vector<o_tebul> new_entries(PTRLIST& block);
 
     TELEBOOK& telebook_;
     std::int32_t lBlockSize;
@@ -39,7 +44,7 @@ class entry_pager {
     nettypetype net_ = NETTYPE_FAX;
     bool fListComplete = false;
     str10 startKey{};
-    std::set<std::string> seenKeys; // all values of startKey since the beginning
+    pager<o_tebul, leave_repeats_out<o_tebul, key_of>> pages_;
 };
 
 } // namespace zerdix::dialogs

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The dialog that takes a search text. The search itself is its parent's.
+// The dialog that takes a search text. Its parent carries out the search.
 #ifndef ZERDIX_DIALOGS_FIND_DIALOG_H
 #define ZERDIX_DIALOGS_FIND_DIALOG_H
 
@@ -16,7 +16,7 @@ constexpr std::int32_t search_groups = 8;
 constexpr std::int32_t recipient_search_command = 30021;
 constexpr std::int32_t group_search_command = 30022;
 
-// The text that was taken last; set before the command is posted.
+// The text that was entered last; set before the command is posted.
 std::string& searchText();
 
 // DoModal: 1402. It is disabled from the button until the search is done and calls ready().

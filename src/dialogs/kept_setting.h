@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What dialogs keep in section "Zerdix" of the settings file from one time to the next.
+// Values that dialogs keep in section "Zerdix" of the settings file from one time to the next.
 #ifndef ZERDIX_DIALOGS_KEPT_SETTING_H
 #define ZERDIX_DIALOGS_KEPT_SETTING_H
 

@@ -12,6 +12,7 @@
 #include "dialogs/search_pattern.h"
 #include "dialogs/send_controls.h"
 #include "dialogs/wait_cursor.h"
+#include "sending/group_members.h"
 
 namespace zerdix::dialogs {
 
@@ -210,10 +211,7 @@ void recipient_lists::OnPickEntry() {
     if (entry == nullptr)
         return;
     teleSearch.go_on_behind(teleList.selectedRow());
-    std::string text{curTBook.view()};
-    text += ':';
-    text += entry->teleid.view();
-    on_pick_({std::move(text), 0, net_of(*entry)});
+    on_pick_({sending::receiver_string(curTBook, entry->teleid), 0, net_of(*entry)});
 }
 
 void recipient_lists::OnPickGroup() {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Whom the user has picked so far, in the order of picking.
+// The recipients that the user has picked so far, in the order of picking.
 #ifndef ZERDIX_DIALOGS_RECIPIENT_PICKS_H
 #define ZERDIX_DIALOGS_RECIPIENT_PICKS_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// While one lives, whoever shows the dialogs is told of each remote call, and of how long it lasts.
+// Tells the presenter of each remote call, and of how long it lasts, as long as the object lives.
 #ifndef ZERDIX_DIALOGS_REMOTE_WAIT_H
 #define ZERDIX_DIALOGS_REMOTE_WAIT_H
 

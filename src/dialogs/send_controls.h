@@ -5,11 +5,13 @@
 
 #include <cstdint>
 
+#include <zerdix/values.h>
+
 namespace zerdix::dialogs::send {
 
 enum send_control : std::int32_t {
-    ok_button = 2301,
-    cancel_button = 2302,
+    ok_button = send_dialog_accepted,
+    cancel_button = send_dialog_cancelled,
     new_button = 2303,
     group_list = 2304,
     book_frame = 2305,

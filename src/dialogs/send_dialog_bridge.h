@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The way from a print job, or from a client's program, to the send dialog.
+// Connects the send dialog with the print job and with SendStoredDocuments.
 #ifndef ZERDIX_DIALOGS_SEND_DIALOG_BRIDGE_H
 #define ZERDIX_DIALOGS_SEND_DIALOG_BRIDGE_H
 

@@ -32,7 +32,7 @@ class CDialogSendSelect final : public CDialogDriver {
     CDialogSendSelect(forms::window_handle& parent, JOURNAL* journal, std::int32_t* docIds,
                       const char* comments);
 
-    // 2301 accepted, 2302 cancelled; anything else: it couldn't run.
+    // send_dialog_accepted or send_dialog_cancelled; anything else: it couldn't run.
     std::int32_t DoModal() override;
 
   private:

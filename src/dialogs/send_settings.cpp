@@ -62,7 +62,8 @@ void send_settings::fetch_priority() {
     if (user == nullptr)
         AfxMessageBox(send::no_user_record);
     else
-        sRecWork.priority = send_priority(std::clamp<int>(user->priority, 0, 100));
+        sRecWork.priority =
+            send_priority(std::clamp<int>(user->priority, 0, highest_user_priority));
 }
 
 } // namespace zerdix::dialogs

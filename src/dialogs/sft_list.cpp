@@ -165,11 +165,11 @@ const char* CSftList::rowText(std::int32_t row) {
     std::size_t end = 0;
     for (std::int32_t column = 0; column < columnCount; ++column) {
         const std::int32_t length = getCell(row, column, cell_text.data(), cell_room);
-        const auto taken = static_cast<std::size_t>(length);
-        if (end + taken + 2 > row_text.size())
+        const auto copied = static_cast<std::size_t>(length);
+        if (end + copied + 2 > row_text.size())
             break;
-        std::memcpy(row_text.data() + end, cell_text.data(), taken);
-        end += taken;
+        std::memcpy(row_text.data() + end, cell_text.data(), copied);
+        end += copied;
         row_text[end++] = ' ';
     }
     row_text[end] = '\0';

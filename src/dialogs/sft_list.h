@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The list control with columns, as the dialogs use it. It is spoken to by its messages alone.
+// The list control with columns, as the dialogs use it. It is used through its messages alone.
 #ifndef ZERDIX_DIALOGS_SFT_LIST_H
 #define ZERDIX_DIALOGS_SFT_LIST_H
 

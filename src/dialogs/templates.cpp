@@ -5,6 +5,7 @@
 #include <array>
 
 #include "dialogs/application.h"
+#include "dialogs/send_controls.h"
 
 namespace zerdix::dialogs {
 
@@ -14,6 +15,7 @@ using forms::control_kind;
 using forms::control_style;
 using forms::control_template;
 using forms::dialog_template;
+using enum send::send_control;
 
 constexpr control_style hidden{.visible = false};
 constexpr control_style greyed{.enabled = false};
@@ -42,44 +44,44 @@ enum send_frame : std::int32_t {
 constexpr auto send_controls = std::to_array<control_template>({
     {recipient_frame, control_kind::frame, {0, 0, 0}},
     {typed_frame, control_kind::frame, {recipient_frame, 0, 0, 1, 2}},
-    {2327, control_kind::edit, {typed_frame, 0, 0}, name_only},
-    {2333, control_kind::push_button, {typed_frame, 0, 1}},
-    {2385, control_kind::label, {typed_frame, 1, 0, 1, 2}, hidden},
+    {typed_recipient, control_kind::edit, {typed_frame, 0, 0}, name_only},
+    {add_button, control_kind::push_button, {typed_frame, 0, 1}},
+    {unconfirmed_note, control_kind::label, {typed_frame, 1, 0, 1, 2}, hidden},
     {side_frame, control_kind::frame, {recipient_frame, 1, 0}},
-    {2324, control_kind::radio_button, {side_frame, 0, 0}, radio(1)},
-    {2326, control_kind::radio_button, {side_frame, 0, 1}, radio(1)},
-    {2305, control_kind::frame, {recipient_frame, 2, 0, 1, 2}, hidden},
-    {2329, control_kind::label, {2305, 0, 0}, hidden},
-    {2310, control_kind::combo_box, {2305, 0, 1}, hidden_name_only},
-    {2331, control_kind::tree_list, {2305, 1, 0, 1, 2}, hidden_name_only},
-    {2330, control_kind::frame, {recipient_frame, 2, 0, 1, 2}, hidden},
-    {2304, control_kind::tree_list, {2330, 0, 0}, hidden_name_only},
+    {recipient_side, control_kind::radio_button, {side_frame, 0, 0}, radio(1)},
+    {group_side, control_kind::radio_button, {side_frame, 0, 1}, radio(1)},
+    {book_frame, control_kind::frame, {recipient_frame, 2, 0, 1, 2}, hidden},
+    {book_label, control_kind::label, {book_frame, 0, 0}, hidden},
+    {book_choice, control_kind::combo_box, {book_frame, 0, 1}, hidden_name_only},
+    {entry_list, control_kind::tree_list, {book_frame, 1, 0, 1, 2}, hidden_name_only},
+    {group_frame, control_kind::frame, {recipient_frame, 2, 0, 1, 2}, hidden},
+    {group_list, control_kind::tree_list, {group_frame, 0, 0}, hidden_name_only},
     {picks_frame, control_kind::frame, {recipient_frame, 3, 0, 1, 2}},
-    {2348, control_kind::edit, {picks_frame, 0, 0}, lines},
-    {2347, control_kind::push_button, {picks_frame, 0, 1}},
+    {all_picks, control_kind::edit, {picks_frame, 0, 0}, lines},
+    {reset_button, control_kind::push_button, {picks_frame, 0, 1}},
     {option_frame, control_kind::frame, {0, 1, 0}},
     {net_frame, control_kind::frame, {option_frame, 0, 0}},
-    {2325, control_kind::radio_button, {net_frame, 0, 0}, radio(2)},
-    {2328, control_kind::radio_button, {net_frame, 1, 0}, radio(2)},
-    {2350, control_kind::check_box, {net_frame, 2, 0}},
+    {fax, control_kind::radio_button, {net_frame, 0, 0}, radio(2)},
+    {telex, control_kind::radio_button, {net_frame, 1, 0}, radio(2)},
+    {cover_page, control_kind::check_box, {net_frame, 2, 0}},
     {resolution_frame, control_kind::frame, {option_frame, 0, 1}},
-    {2313, control_kind::radio_button, {resolution_frame, 0, 0}, radio(3)},
-    {2315, control_kind::radio_button, {resolution_frame, 1, 0}, radio(3)},
-    {2314, control_kind::radio_button, {resolution_frame, 2, 0}, radio(3)},
+    {as_stored, control_kind::radio_button, {resolution_frame, 0, 0}, radio(3)},
+    {fine_resolution, control_kind::radio_button, {resolution_frame, 1, 0}, radio(3)},
+    {normal_resolution, control_kind::radio_button, {resolution_frame, 2, 0}, radio(3)},
     {tariff_frame, control_kind::frame, {option_frame, 0, 2}},
-    {2307, control_kind::radio_button, {tariff_frame, 0, 0}, radio(4)},
-    {2308, control_kind::radio_button, {tariff_frame, 1, 0}, radio(4)},
+    {normal_tariff, control_kind::radio_button, {tariff_frame, 0, 0}, radio(4)},
+    {night_tariff, control_kind::radio_button, {tariff_frame, 1, 0}, radio(4)},
     {time_frame, control_kind::frame, {option_frame, 0, 3}},
-    {2332, control_kind::edit, {time_frame, 0, 0}},
-    {2311, control_kind::edit, {time_frame, 1, 0}},
-    {2319, control_kind::edit, {time_frame, 2, 0}},
-    {2317, control_kind::edit, {0, 2, 0}},
+    {send_date, control_kind::edit, {time_frame, 0, 0}},
+    {send_clock, control_kind::edit, {time_frame, 1, 0}},
+    {retries, control_kind::edit, {time_frame, 2, 0}},
+    {comment, control_kind::edit, {0, 2, 0}},
     {button_frame, control_kind::frame, {0, 0, 1, 3, 1}},
-    {2301, control_kind::push_button, {button_frame, 0, 0}},
-    {2302, control_kind::push_button, {button_frame, 1, 0}},
-    {2321, control_kind::push_button, {button_frame, 2, 0}, hidden},
-    {2303, control_kind::push_button, {button_frame, 3, 0}, greyed},
-    {2322, control_kind::push_button, {button_frame, 4, 0}, greyed},
+    {ok_button, control_kind::push_button, {button_frame, 0, 0}},
+    {cancel_button, control_kind::push_button, {button_frame, 1, 0}},
+    {desk_button, control_kind::push_button, {button_frame, 2, 0}, hidden},
+    {new_button, control_kind::push_button, {button_frame, 3, 0}, greyed},
+    {find_button, control_kind::push_button, {button_frame, 4, 0}, greyed},
     {2320, control_kind::push_button, {button_frame, 5, 0}, hidden},
 });
 
@@ -142,10 +144,10 @@ constexpr dialog_template send_dialog(std::int32_t id, int list_rows, int text_p
     return {.id = id,
             .captions_of = send_form,
             .controls = send_controls,
-            .default_button = 2301,
-            .cancel_button = 2302,
-            .entry_edit = 2327,
-            .entry_button = 2333,
+            .default_button = ok_button,
+            .cancel_button = cancel_button,
+            .entry_edit = typed_recipient,
+            .entry_button = add_button,
             .list_rows = list_rows,
             .text_percent = text_percent,
             .list_characters = 9600 / text_percent,

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pointer says that one has to wait, while one lives.
+// Shows the pointer for waiting as long as the object lives.
 #ifndef ZERDIX_DIALOGS_WAIT_CURSOR_H
 #define ZERDIX_DIALOGS_WAIT_CURSOR_H
 

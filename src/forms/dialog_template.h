@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a dialog is made of: its controls and their places, without a word in any language.
+// The template of a dialog: its controls and their places, without a word in any language.
 #ifndef ZERDIX_FORMS_DIALOG_TEMPLATE_H
 #define ZERDIX_FORMS_DIALOG_TEMPLATE_H
 

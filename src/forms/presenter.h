@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Who shows dialogs: a port. A porter derives from `presenter` and draws `dialog_view`s.
+// The port to the code that shows dialogs. A porter derives from `presenter` and draws
+// `dialog_view`s.
 //
 // Everything happens on the one thread that called the library. Texts are Windows-1252.
 #ifndef ZERDIX_FORMS_PRESENTER_H

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "forms/presenter_plugin.h"
 
+#include <zerdix/dialogs.h>
+
 #include "platform/windows_plugin.h"
 
 namespace zerdix::forms {
@@ -14,3 +16,7 @@ presenter* load_presenter() {
 }
 
 } // namespace zerdix::forms
+
+bool DialogsMayOpen() {
+    return zerdix::platform::windows_are_wanted();
+}

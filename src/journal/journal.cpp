@@ -2,6 +2,7 @@
 // Making a JOURNAL, and fetching single records. What it holds releases itself.
 
 #include <zerdix/journal.h>
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
 #include "rpc/call.h"
@@ -17,13 +18,13 @@ JOURNAL::JOURNAL() : pClient(ZERDIX::clsGetClient()) {}
 JOURNAL::~JOURNAL() = default;
 
 std::int32_t JOURNAL::clssetPCTAsIs() {
-    return 0;
+    return resolution_as_is;
 }
 std::int32_t JOURNAL::clssetPCTFine() {
-    return 1;
+    return resolution_fine;
 }
 std::int32_t JOURNAL::clssetPCTNormal() {
-    return 2;
+    return resolution_normal;
 }
 
 a_e_rec* JOURNAL::getEDoc(std::int32_t faxid) {

@@ -2,15 +2,14 @@
 // Operations on whole documents: each fills the argument of one procedure, in wire order.
 
 #include <zerdix/journal.h>
+#include <zerdix/values.h>
 
-#include "journal/print_user.h"
 #include "journal/sent_document.h"
 #include "rpc/call.h"
 #include "rpc/config_number.h"
 #include "rpc/fields.h"
 
 using namespace zerdix;
-using journal::print_user;
 using rpc::by_object;
 using rpc::field;
 using rpc::truth;

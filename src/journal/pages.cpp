@@ -4,14 +4,13 @@
 #include <algorithm>
 
 #include <zerdix/journal.h>
+#include <zerdix/values.h>
 
 #include "common/settings.h"
-#include "journal/print_user.h"
 #include "rpc/block_transfer.h"
 #include "rpc/fields.h"
 
 using namespace zerdix;
-using journal::print_user;
 using rpc::by_object;
 using rpc::field;
 using rpc::user_id;

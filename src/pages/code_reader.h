@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The expander's way in: takes codes out of a stream, group by group.
+// The expander's input: takes codes out of a stream, group by group.
 #ifndef ZERDIX_PAGES_CODE_READER_H
 #define ZERDIX_PAGES_CODE_READER_H
 

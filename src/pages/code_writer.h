@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The compressor's way out: packs codes into a growing block, lowest bit first.
+// The compressor's output: packs codes into a growing block, lowest bit first.
 #ifndef ZERDIX_PAGES_CODE_WRITER_H
 #define ZERDIX_PAGES_CODE_WRITER_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the two engines of the compressor share: the state of a run, from which either can go on.
+// The state of a compressor's run, from which either of its two engines can go on.
 #ifndef ZERDIX_PAGES_COMPRESS_RUN_H
 #define ZERDIX_PAGES_COMPRESS_RUN_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The expander's way out: a growing block to which pieces of itself are appended.
+// The expander's output: a growing block to which pieces of itself are appended.
 #ifndef ZERDIX_PAGES_EXPANDED_BLOCK_H
 #define ZERDIX_PAGES_EXPANDED_BLOCK_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The step between the forms of a page that every byte of it goes through.
+// Converts the bytes of a page from one of its forms to another.
 #ifndef ZERDIX_PAGES_MIRROR_H
 #define ZERDIX_PAGES_MIRROR_H
 

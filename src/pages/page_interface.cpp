@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The exported face of the pages (zerdix/page.h).
+// The exported functions on pages (zerdix/page.h).
 
 #include <cstdlib>
 #include <cstring>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Whether the processor has registers of 32 bytes (AVX2), for which three operations are compiled
-// a second time: mirroring bytes, turning a page and combining two. Both ways give the same bits.
+// Tells whether the processor has registers of 32 bytes (AVX2). Three operations are compiled for
+// them a second time: mirroring bytes, turning a page and combining two. Both ways give the same
+// bits.
 #ifndef ZERDIX_PAGES_WIDE_REGISTERS_H
 #define ZERDIX_PAGES_WIDE_REGISTERS_H
 

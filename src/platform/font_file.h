@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Which file a face comes from, as fontconfig has it.
+// Finds the file of a face by way of fontconfig.
 #ifndef ZERDIX_PLATFORM_FONT_FILE_H
 #define ZERDIX_PLATFORM_FONT_FILE_H
 

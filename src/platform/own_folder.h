@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where this code lies, so that files are found that were installed or built with it.
+// The folder that this code lies in, by which files are found that were installed or built with it.
 #ifndef ZERDIX_PLATFORM_OWN_FOLDER_H
 #define ZERDIX_PLATFORM_OWN_FOLDER_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Asking the application that called to end.
+// Asks the calling application to end.
 #ifndef ZERDIX_PLATFORM_QUIT_H
 #define ZERDIX_PLATFORM_QUIT_H
 

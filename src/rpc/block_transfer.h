@@ -31,10 +31,10 @@ template <class Answer>
 std::uint32_t take_block(const Answer& answer, page_dat& into, std::uint32_t gathered,
                          std::uint32_t room) {
     const auto told = static_cast<std::uint32_t>(std::max(answer.size, std::int32_t{0}));
-    const std::uint32_t taken = std::min({told, answer.data.length, room - gathered});
-    if (taken > 0)
-        std::memcpy(into.data + gathered, answer.data.data, taken);
-    return taken;
+    const std::uint32_t copied = std::min({told, answer.data.length, room - gathered});
+    if (copied > 0)
+        std::memcpy(into.data + gathered, answer.data.data, copied);
+    return copied;
 }
 
 // Where the next block begins: behind all that the answer tells of, whether it found room or not.

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include <zerdix/held_result.h>
+#include <zerdix/values.h>
 
 #include "rpc/session.h"
 #include "rpc/trace_lines.h"
@@ -23,10 +24,10 @@ using wire::none;
 namespace proc = wire::proc;
 
 enum result : std::int32_t {
-    success = 0,
-    refused = 4,
-    call_failed = 8,
-    no_client = 12,
+    success = call_succeeded,
+    refused = call_refused,
+    call_failed = zerdix::call_failed,
+    no_client = call_without_connection,
 };
 
 // Takes the error of the call that has just failed. When it timed out the handle is destroyed and

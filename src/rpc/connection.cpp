@@ -3,9 +3,9 @@
 
 #include <arpa/inet.h>
 #include <cctype>
-#include <cstdlib>
 #include <netinet/in.h>
 
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
 #include "platform/host_lookup.h"
@@ -126,9 +126,7 @@ void ZERDIX::CleanupHostConnection() {
 
 std::uint32_t ZERDIX::rpc_prog_nr(std::int32_t number) {
     trace_lines.entry("<-- ZERDIX::rpc_prog_nr: Old number: %ld", number);
-    const char* offset = std::getenv("ZERDIXRPCOFFSET");
-    const auto shift = static_cast<std::uint32_t>(offset != nullptr ? std::atol(offset) : 0);
-    const std::uint32_t shifted = static_cast<std::uint32_t>(number) + shift;
+    const std::uint32_t shifted = with_program_offset(static_cast<std::uint32_t>(number));
     trace_lines.exit("--> ZERDIX::rpc_prog_nr: New number: %ld", shifted);
     return shifted;
 }

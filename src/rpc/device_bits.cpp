@@ -1,91 +1,72 @@
 // SPDX-License-Identifier: MIT
 // The bits of a device's features and of a user's actions, by name.
 
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
-namespace {
-
-// Features, in the order of their bits.
-enum feature { normal, fine, res1, res2, scanning, halftone, printing, receiving, sending, telex };
-
-constexpr std::int32_t bit(feature which) {
-    return 1 << which;
-}
-
-// Each kind of action has three bits, one for each event.
-enum action { print, mail, lamp, voice };
-enum event { on_send, on_error, on_receive };
-
-constexpr std::int32_t bit(action what, event when) {
-    return 1 << (3 * what + when);
-}
-
-} // namespace
-
 std::int32_t ZERDIX::clssetHWFNormal() {
-    return bit(normal);
+    return zerdix::hwf_normal;
 }
 std::int32_t ZERDIX::clssetHWFFine() {
-    return bit(fine);
+    return zerdix::hwf_fine;
 }
 std::int32_t ZERDIX::clssetHWFRes1() {
-    return bit(res1);
+    return zerdix::hwf_res1;
 }
 std::int32_t ZERDIX::clssetHWFRes2() {
-    return bit(res2);
+    return zerdix::hwf_res2;
 }
 std::int32_t ZERDIX::clssetHWFScan() {
-    return bit(scanning);
+    return zerdix::hwf_scan;
 }
 std::int32_t ZERDIX::clssetHWFHalftone() {
-    return bit(halftone);
+    return zerdix::hwf_halftone;
 }
 std::int32_t ZERDIX::clssetHWFPrint() {
-    return bit(printing);
+    return zerdix::hwf_print;
 }
 std::int32_t ZERDIX::clssetHWFReceive() {
-    return bit(receiving);
+    return zerdix::hwf_receive;
 }
 std::int32_t ZERDIX::clssetHWFSend() {
-    return bit(sending);
+    return zerdix::hwf_send;
 }
 std::int32_t ZERDIX::clssetHWFTelex() {
-    return bit(telex);
+    return zerdix::hwf_telex;
 }
-
 std::int32_t ZERDIX::clssetATPrintSend() {
-    return bit(print, on_send);
+    return zerdix::at_print_send;
 }
 std::int32_t ZERDIX::clssetATPrintError() {
-    return bit(print, on_error);
+    return zerdix::at_print_error;
 }
 std::int32_t ZERDIX::clssetATPrintReceive() {
-    return bit(print, on_receive);
+    return zerdix::at_print_receive;
 }
 std::int32_t ZERDIX::clssetATMailSend() {
-    return bit(mail, on_send);
+    return zerdix::at_mail_send;
 }
 std::int32_t ZERDIX::clssetATMailError() {
-    return bit(mail, on_error);
+    return zerdix::at_mail_error;
 }
 std::int32_t ZERDIX::clssetATMailReceive() {
-    return bit(mail, on_receive);
+    return zerdix::at_mail_receive;
 }
 std::int32_t ZERDIX::clssetATLampSend() {
-    return bit(lamp, on_send);
+    return zerdix::at_lamp_send;
 }
 std::int32_t ZERDIX::clssetATLampError() {
-    return bit(lamp, on_error);
+    return zerdix::at_lamp_error;
 }
 std::int32_t ZERDIX::clssetATLampReceive() {
-    return bit(lamp, on_receive);
+    return zerdix::at_lamp_receive;
 }
 std::int32_t ZERDIX::clssetATVoiceSend() {
-    return bit(voice, on_send);
+    return zerdix::at_voice_send;
 }
 std::int32_t ZERDIX::clssetATVoiceError() {
-    return bit(voice, on_error);
+    return zerdix::at_voice_error;
 }
 std::int32_t ZERDIX::clssetATVoiceReceive() {
-    return bit(voice, on_receive);
+    return zerdix::at_voice_receive;
 }

@@ -22,16 +22,6 @@ namespace {
 constexpr std::int32_t compat_low = 1;
 constexpr std::int32_t compat_high = 8;
 
-// The results of a login that the server refused, beside rpc::result.
-enum login_result : std::int32_t {
-    already_logged_on = 4,
-    user_unknown = 6,
-    wrong_password = 9,
-    not_compatible = 10,
-    other_reason = 10,
-    omega_not_reached = 11,
-};
-
 // The policy of a login's own calls. The login closes the connection after one that failed.
 class by_login {
   public:
@@ -57,27 +47,27 @@ std::int32_t compare_versions() {
     trace_lines.error("ZERDIX::login(): compatibility range of client (1 - 8) must be within "
                       "server range (%ld - %ld)",
                       range->compat_low, range->compat_high);
-    return not_compatible;
+    return result_not_accepted;
 }
 
 std::int32_t refusal(std::int32_t status) {
     switch (status) {
     case login_omega_not_reached:
         trace_lines.error("ZERDIX::login(): Omega server cannot be reached");
-        return omega_not_reached;
+        return result_omega_not_reached;
     case login_present_already:
         trace_lines.error("ZERDIX::login(): The user %s has already logged on",
                           session().str10UserId.bytes);
-        return already_logged_on;
+        return result_present_already;
     case login_unknown_user:
         trace_lines.error("ZERDIX::login(): The user %s is unknown", session().str10UserId.bytes);
-        return user_unknown;
+        return result_unknown_user;
     case login_wrong_password:
         trace_lines.error("ZERDIX::login(): Wrong password!");
-        return wrong_password;
+        return result_wrong_password;
     default:
         trace_lines.error("ZERDIX::login(): Error No. %ld", status);
-        return other_reason;
+        return result_not_accepted;
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
 #include "rpc/call.h"
@@ -22,13 +23,7 @@ namespace proc = rpc::proc;
 
 namespace {
 
-// Results of their own, beside rpc::result.
-constexpr std::int32_t closes_a_cycle = 6;
-constexpr std::int32_t user_unknown = 6;
-constexpr std::int32_t wrong_password = 9;
-constexpr std::int32_t server_says_wrong_password = 8;
-
-constexpr std::int16_t highest_priority = 100;
+constexpr std::int32_t closes_a_cycle = 6; // a result of setReplacement's own
 
 // The kept record for a setter to change, or null and the setter's result.
 template <class Record>
@@ -71,12 +66,12 @@ std::int32_t put_record(const char* name, const typename P::argument& record) {
 }
 
 std::int32_t password_result(std::int32_t told) {
-    if (told == user_unknown)
+    if (told == login_unknown_user)
         trace_lines.error("ZERDIX::chgPassword(): user unknown");
-    if (told != server_says_wrong_password)
+    if (told != login_wrong_password)
         return told;
     trace_lines.error("ZERDIX::chgPassword(): wrong password");
-    return wrong_password;
+    return result_wrong_password;
 }
 
 } // namespace
@@ -141,7 +136,7 @@ std::int32_t ZERDIX::setPaperTrays(const std::int32_t* trays) {
 
 std::int32_t ZERDIX::setPriority(std::int16_t priority) {
     const by_session caller{"ZERDIX::setPriority()", "<-- ZERDIX::setPriority(): <%hd>", priority};
-    const bool in_range = priority >= 0 && priority <= highest_priority;
+    const bool in_range = priority >= 0 && priority <= highest_user_priority;
     if (!in_range && session().pclient != nullptr) {
         trace_lines.error("%s: a user's priority is 0 to 100, not %hd", caller.name(), priority);
         return rpc::refused;

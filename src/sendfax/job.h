@@ -14,6 +14,7 @@
 #include <zerdix/journal.h>
 #include <zerdix/records.h>
 #include <zerdix/sendfax.h>
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
 #include "imaging/bitmap.h"
@@ -25,9 +26,10 @@ namespace zerdix::sendfax {
 constexpr std::int32_t NO_FAXID = std::numeric_limits<std::int32_t>::max();
 
 enum result : std::int32_t {
-    success = 0,
-    declined = 4, // not a failure: another job, a cancelled dialog, a preparer that passes
-    failure = 8,
+    success = call_succeeded,
+    declined =
+        call_refused, // not a failure: another job, a cancelled dialog, a preparer that passes
+    failure = call_failed,
 };
 
 // A user of the session, and the server.

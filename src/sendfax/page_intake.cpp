@@ -180,11 +180,11 @@ extern "C" std::int32_t StoreFaxPage(const void* block, std::int32_t size, std::
         return failure;
     }
     const std::size_t bytes = block != nullptr && size > 0 ? static_cast<std::size_t>(size) : 0;
-    const bool taken =
+    const bool accepted =
         take_page({static_cast<const unsigned char*>(block), bytes}, paper_source, log);
-    if (!taken)
+    if (!accepted)
         sending::job_outcome().failed_so_far(failure);
-    return taken ? success : failure;
+    return accepted ? success : failure;
 }
 
 extern "C" std::int32_t DeleteFaxDoc() {

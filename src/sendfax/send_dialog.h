@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the print job runs the send dialog, which is a room above it.
+// Runs the send dialog for the print job. The dialog is a room above it.
 #ifndef ZERDIX_SENDFAX_SEND_DIALOG_H
 #define ZERDIX_SENDFAX_SEND_DIALOG_H
 

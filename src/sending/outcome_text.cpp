@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include <zerdix/values.h>
+
 #include "common/string_table.h"
 #include "rpc/session.h"
 #include "sending/outcome.h"
@@ -82,11 +84,11 @@ void sentences::add_names(const zx_outcome& outcome, zx_delivery wanted, std::in
 
 std::string reason(const zx_outcome& outcome) {
     switch (outcome.answer) {
-    case 4:
+    case call_refused:
         return string_text(by_refusal);
-    case 12:
+    case call_without_connection:
         return string_text(by_lack_of_connection);
-    case 8:
+    case call_failed:
         break;
     default:
         return {};

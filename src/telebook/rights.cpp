@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include <zerdix/telebook.h>
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
 #include "rpc/fields.h"
@@ -12,38 +13,28 @@ using zerdix::rpc::or_empty;
 
 namespace {
 
-enum right : unsigned char {
-    right_read = 1,
-    right_execute = 2,
-    right_add = 4,
-    right_modify = 8,
-    right_delete = 16,
-    right_perm = 32,
-    all_rights = 63,
-};
-
 // The bytes of a record's `perms`.
 enum { of_owner, of_group, of_everybody };
 
 } // namespace
 
 char TELEBOOK::clssetPRead() {
-    return right_read;
+    return zerdix::right_read;
 }
 char TELEBOOK::clssetPExecute() {
-    return right_execute;
+    return zerdix::right_use;
 }
 char TELEBOOK::clssetPAdd() {
-    return right_add;
+    return zerdix::right_add;
 }
 char TELEBOOK::clssetPModify() {
-    return right_modify;
+    return zerdix::right_change;
 }
 char TELEBOOK::clssetPDelete() {
-    return right_delete;
+    return zerdix::right_remove;
 }
 char TELEBOOK::clssetPPerm() {
-    return right_perm;
+    return zerdix::right_hold;
 }
 
 // An owner whose field has no NUL can be compared all the same: the user's id is shorter than it.
@@ -53,5 +44,5 @@ char TELEBOOK::getPermissions(const unsigned char* perms, const char* owner, con
         rights |= perms[of_owner];
     if (ZERDIX::clsSearchUserInGroup(group) == 0)
         rights |= perms[of_group];
-    return static_cast<char>(rights & all_rights);
+    return static_cast<char>(rights & zerdix::all_rights);
 }

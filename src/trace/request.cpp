@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How every trace request begins and ends, and the request for a message.
+// The beginning and the end of every trace request, and the request for a message.
 
 #include <zerdix/trace.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the tracer keeps once per process, beside the object.
+// State of the tracer that is kept once per process, beside the object.
 #ifndef ZERDIX_TRACE_STATE_H
 #define ZERDIX_TRACE_STATE_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the rooms write trace lines:
+// Writing trace lines from the rooms:
 //
 //     constexpr trace::tracer trace_lines{"sendfax"};
 //     trace_lines.entry("<-- StoreFaxPage(): page %d, size %ld", page, size);

@@ -109,6 +109,7 @@ TEST_F(Completion, OffersCommandsOptionsValuesAndFiles) {
         {"zerdix doc list --user list ou", "outgoing\nout\n"}, // "list" is a value here
         {"zerdix doc public in : 17 \"\"", "on\noff\n"},       // bash splits at the colon
         {"zerdix print --resolution = n", "normal\n"},
+        {"zerdix book import common x.csv --encoding u", "utf-8\n"},
         {"zerdix print --title \"\"", "\n"}, // a text of one's own
         {"zerdix print so", "some file.pdf\n"},
         {"zerdix doc page 17 -o so", "some file.pdf\n"},

@@ -125,6 +125,12 @@ TEST_F(Print, NamesTheCommandThatSendsTheRest) {
     EXPECT_THAT(lost.errors, HasSubstr("sending to 2 failed: the connection to the server broke; "
                                        "0 of 2 send jobs had been made"));
     EXPECT_EQ(server_.jobs().size(), 1U);
+    server_.lose_reply(send_document);
+    EXPECT_THAT(
+        print({"--to", "1", "--to", "2"}).errors,
+        testing::ContainsRegex("sending failed: the connection to the server broke; 1 of 2 send "
+                               "jobs had been made; document .* --to \"1\" sends it to the rest"));
+    EXPECT_EQ(server_.jobs().size(), 2U);
 
     const std::string password = server_.folder() / "password";
     std::ofstream(password) << "zerdix\n";
@@ -136,17 +142,29 @@ TEST_F(Print, NamesTheCommandThatSendsTheRest) {
         send({"--to", "1", "--to", "2", "--group", "kunden", "--at", "night", "--priority", "100"});
     EXPECT_EQ(sent.status, 0) << sent.errors;
     const auto jobs = server_.jobs();
-    EXPECT_THAT(sent.output, HasSubstr(std::to_string(jobs.size() - 1) + " send jobs made"));
-    ASSERT_GT(jobs.size(), 3U);
-    EXPECT_EQ(jobs[1].receiver, "1");
-    EXPECT_EQ(jobs[1].record.priority, 32767);
-    EXPECT_TRUE(jobs[1].record.nighttariff);
-    EXPECT_EQ(jobs[1].record.pages, 3);
+    EXPECT_THAT(sent.output, HasSubstr(std::to_string(jobs.size() - 2) + " send jobs made"));
+    ASSERT_GT(jobs.size(), 4U);
+    EXPECT_EQ(jobs[2].receiver, "1");
+    EXPECT_EQ(jobs[2].record.priority, 32767);
+    EXPECT_TRUE(jobs[2].record.nighttariff);
+    EXPECT_EQ(jobs[2].record.pages, 3);
     server_.refuse(send_document, 2);
     EXPECT_THAT(send({"--to", "7", "--to", "8", "--to", "9"}).errors,
                 HasSubstr("sending to 8 failed: the server refused it; 1 of 3 send jobs had been "
                           "made; zerdix send " +
                           id + " --to \"8\" --to \"9\" sends it to the rest"));
+    // Here, too; send jobs that were made of the document before don't count.
+    server_.drop(send_document, 2);
+    EXPECT_THAT(send({"--to", "7", "--to", "8"}).errors,
+                HasSubstr("sending to 8 failed: the connection to the server broke; 1 of 2 send "
+                          "jobs had been made; zerdix send " +
+                          id + " --to \"8\" sends"));
+    server_.lose_reply(send_document, 2);
+    EXPECT_THAT(send({"--to", "7", "--to", "8", "--to", "9"}).errors,
+                HasSubstr("sending failed: the connection to the server broke; 2 of 3 send jobs "
+                          "had been made; zerdix send " +
+                          id + " --to \"9\" sends"));
+    EXPECT_EQ(server_.jobs().size(), jobs.size() + 4);
 }
 
 TEST_F(Print, SaysWhenADocumentStays) {

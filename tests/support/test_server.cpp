@@ -16,7 +16,7 @@ namespace zerdix::test {
 
 namespace {
 
-enum fault_kind { fault_refuse, fault_fail, fault_drop, fault_stall };
+enum fault_kind { fault_refuse, fault_fail, fault_drop, fault_lose, fault_stall };
 
 struct fault {
     std::atomic<int> left; // calls until it happens, 0: free
@@ -55,6 +55,8 @@ class faulty_gate : public alphad::gate {
             return alphad::verdict::fail;
         case fault_drop:
             return alphad::verdict::drop;
+        case fault_lose:
+            return alphad::verdict::lose;
         default:
             sleep(static_cast<unsigned>(now.seconds));
             return alphad::verdict::serve;
@@ -163,6 +165,9 @@ void test_server::fail(int procedure, int nth) {
 }
 void test_server::drop(int procedure, int nth) {
     add_fault(procedure, nth, fault_drop, 0);
+}
+void test_server::lose_reply(int procedure, int nth) {
+    add_fault(procedure, nth, fault_lose, 0);
 }
 void test_server::stall(int procedure, int nth, int seconds) {
     add_fault(procedure, nth, fault_stall, seconds);

@@ -61,11 +61,12 @@ class test_server {
     void clear_calls();
 
     // The n-th call of a procedure from now on goes wrong, once: it answers false, 0 or an empty
-    // record; it ends in an RPC error; the connection closes without a reply; the answer comes
-    // late, and so does everything behind it.
+    // record; it ends in an RPC error; the connection closes without a reply, before the call is
+    // carried out or behind it; the answer comes late, and so does everything behind it.
     void refuse(int procedure, int nth = 1);
     void fail(int procedure, int nth = 1);
     void drop(int procedure, int nth = 1);
+    void lose_reply(int procedure, int nth = 1);
     void stall(int procedure, int nth, int seconds);
 
     // What the server has stored, fit for looking and for setting up.

@@ -46,7 +46,7 @@ class control_widget {
     // Shows the control's present state.
     void refresh();
     // Before the dialog's controls go, when the window outlives them.
-    virtual void let_go() {}
+    virtual void detach() {}
 
     QWidget* widget() const { return widget_; }
     // In front of the widget, or above it; null for none.

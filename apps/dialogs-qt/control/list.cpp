@@ -24,10 +24,10 @@ list_control::list_control(window_port& window, forms::control& control, QWidget
 
 list_control::~list_control() = default;
 
-void list_control::let_go() {
+void list_control::detach() {
     list().view = nullptr;
     quiet_ = true;
-    model_->let_go();
+    model_->detach();
 }
 
 void list_control::listen() {

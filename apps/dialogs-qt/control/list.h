@@ -13,7 +13,7 @@ class list_control final : public control_widget, private forms::tree_list_view 
     list_control(window_port& window, forms::control& control, QWidget* parent);
     ~list_control() override;
 
-    void let_go() override;
+    void detach() override;
     bool grows_high() const override { return true; }
     bool grows_wide() const override { return true; }
     // The room for columns, once the window knows how wide it will be.

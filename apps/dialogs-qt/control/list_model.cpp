@@ -83,7 +83,7 @@ void list_model::flush() {
     endInsertRows();
 }
 
-void list_model::let_go() {
+void list_model::detach() {
     list_ = nullptr;
     start_anew();
 }

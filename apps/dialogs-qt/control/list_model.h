@@ -2,7 +2,7 @@
 // The rows of a list control, for the toolkit's views. It has no copy of them.
 //
 // Rows come singly and cell by cell, a block of them in one handler: views are told of the whole
-// block at once, when the loop comes round or somebody asks for what only a view knows.
+// block at once, when the message loop runs again or somebody asks for what only a view knows.
 #ifndef ZERDIX_CONTROL_LIST_MODEL_H
 #define ZERDIX_CONTROL_LIST_MODEL_H
 
@@ -29,7 +29,7 @@ class list_model final : public QAbstractTableModel {
     // Views know now what the list has.
     void flush();
     // The list goes; nothing is shown from now on.
-    void let_go();
+    void detach();
 
   private:
     void flush_later();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Is there a screen? Asked before the toolkit is started, which ends the process without one.
+// Tells whether there is a screen, before the toolkit is started, which ends the process without
+// one.
 #ifndef ZERDIX_PRESENTER_DISPLAY_H
 #define ZERDIX_PRESENTER_DISPLAY_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The loop for those who have one of their own, and the end of the program.
+// Takes input for code that has a loop of its own, and ends the program.
 #include "presenter/qt_presenter.h"
 
 #include <QAbstractEventDispatcher>

@@ -59,7 +59,7 @@ void qt_presenter::destroy(forms::window_handle window) {
     // Not every screen has somebody who gives the focus to the window behind.
     const QPointer<QWindow> behind(gone->isActiveWindow() ? gone->owner() : nullptr);
     std::erase(windows_, gone);
-    gone->let_go();
+    gone->detach();
     if (behind != nullptr && !gate_.is_disabled(behind))
         behind->requestActivate();
 }

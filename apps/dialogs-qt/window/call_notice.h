@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// While the thread waits for the server: the window in front says so, and all of them go on being
-// painted. Nothing else happens in them.
+// Says in the window in front that the thread waits for the server, and keeps all windows painted
+// meanwhile. Nothing else happens in them.
 #ifndef ZERDIX_WINDOW_CALL_NOTICE_H
 #define ZERDIX_WINDOW_CALL_NOTICE_H
 

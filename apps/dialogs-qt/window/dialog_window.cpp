@@ -36,10 +36,10 @@ dialog_window::~dialog_window() {
         child->blockSignals(true);
 }
 
-void dialog_window::let_go() {
+void dialog_window::detach() {
     ++updating_;
     for (const auto& one : controls_)
-        one->let_go();
+        one->detach();
     dialog_ = nullptr;
     hide();
     if (handlers_ == 0)

@@ -22,7 +22,7 @@ class dialog_window final : public QDialog, private window_port {
 
     // The dialog goes, and its controls with it. The window deletes itself, now or when its
     // handlers are done.
-    void let_go();
+    void detach();
 
     forms::dialog_view* view() { return dialog_; }
     // Made when it is first asked for; the window's flags don't change afterwards.

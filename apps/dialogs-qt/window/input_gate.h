@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What may reach the dialogs when: nothing while a remote call runs, no input into a window that is
-// disabled, and posted commands once the handler that posted them is done.
+// Decides what reaches the dialogs: nothing while a remote call runs, no input into a window that
+// is disabled, and posted commands once the handler that posted them is done.
 //
-// A disabled window keeps its looks, as windows do that wait for a dialog in front of them.
+// A disabled window looks as before, as windows do that wait for a dialog in front of them.
 #ifndef ZERDIX_WINDOW_INPUT_GATE_H
 #define ZERDIX_WINDOW_INPUT_GATE_H
 

@@ -23,14 +23,14 @@ std::string undone(std::size_t all, std::size_t done) {
 
 void for_each_name(const report& out, const std::vector<std::string>& names,
                    const std::function<named_act(const std::string&)>& work) {
-    json deeds = json::array();
+    json done_objects = json::array();
     std::optional<failure> first;
     for (const std::string& name : names) {
         try {
             named_act done = work(name);
             if (!out.is_json())
                 out.done(done.sentence);
-            deeds.push_back(std::move(done.object));
+            done_objects.push_back(std::move(done.object));
         } catch (const failure& error) {
             if (names.size() > 1)
                 std::fprintf(stderr, "zerdix: %s\n", error.what());
@@ -40,10 +40,10 @@ void for_each_name(const report& out, const std::vector<std::string>& names,
                 break;
         }
     }
-    if (out.is_json() && !deeds.empty())
-        out.rows(deeds, {}, "");
+    if (out.is_json() && !done_objects.empty())
+        out.rows(done_objects, {}, "");
     if (first && names.size() > 1)
-        throw failure(first->code(), undone(names.size(), deeds.size()));
+        throw failure(first->code(), undone(names.size(), done_objects.size()));
     if (first)
         throw failure(*first);
 }

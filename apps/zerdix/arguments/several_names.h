@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Several things that the user named, one after the other: what can't be done is told, and the rest
-// is done all the same.
+// Carries out a command for several names, one after the other. It tells of each that fails, and
+// goes on with the rest.
 #ifndef ZERDIX_APP_ARGUMENTS_SEVERAL_NAMES_H
 #define ZERDIX_APP_ARGUMENTS_SEVERAL_NAMES_H
 

@@ -3,10 +3,8 @@
 
 #include <memory>
 
-#include "books/book_transfer.h"
-#include "books/commands.h"
+#include "arguments/commands.h"
 #include "books/entry_walk.h"
-#include "books/external_query.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "books/owned_commands.h"
@@ -34,34 +32,17 @@ json book_json(const o_tebu& book) {
 }
 
 void list(user_session& user) {
-    const PTRLIST& books =
-        user.fetch("listing the phone books", [&] { return user.books().getTBooks(); });
-    json all = json::array();
-    for (const auto* book : records<o_tebu>(books))
-        all.push_back(book_json(*book));
-    user.out().rows(all,
-                    {{"book", "Book"},
-                     {"comment", "Comment"},
-                     {"owner", "Owner"},
-                     {"user_group", "User group"},
-                     {"rights", "Rights"},
-                     {"external", "External"}},
-                    "there are no phone books");
+    list_all<book_kind>(user, book_json, {{"external", "External"}});
 }
 
 void info(user_session& user, owned_line& line) {
     const o_tebu book = known<book_kind>(user, line.id);
     json object = book_json(book);
     object["your_rights"] = rights_letters(rights_on(user, book));
-    user.out().properties(object, {{"book", "Book"},
-                                   {"comment", "Comment"},
-                                   {"owner", "Owner"},
-                                   {"user_group", "User group"},
-                                   {"rights", "Rights"},
-                                   {"your_rights", "Your rights"},
-                                   {"server", "Server"},
-                                   {"external", "External"},
-                                   {"parameters", "Parameters"}});
+    user.out().properties(object, columns_of<book_kind>({{"your_rights", "Your rights"},
+                                                         {"server", "Server"},
+                                                         {"external", "External"},
+                                                         {"parameters", "Parameters"}}));
 }
 
 struct show_line {
@@ -101,39 +82,36 @@ void show(user_session& user, const show_line& line) {
                     line.match.empty() ? "there are no entries" : "no entry matches");
 }
 
-void add_show(CLI::App& group) {
+void add_show(cli::command group) {
     auto line = std::make_shared<show_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         group, "show", "Show the entries of a phone book",
         [line](user_session& user) { show(user, *line); },
         [line] { line->id = id_text("the phone book", line->typed); });
-    command->add_option("ID", line->typed, "Id of the phone book")->required()->option_text(" ");
-    add_net_type(*command, line->type);
-    command->add_option("--from", line->from, "Begin at this entry")->option_text("ENTRY");
-    command
-        ->add_option("-m,--match", line->match,
-                     "Only entries that hold this text, in any case of letters, in their id, "
-                     "number, station or comment")
-        ->option_text("TEXT");
-    command->add_option("-n,--most", line->most, "Stop after so many entries")
-        ->check(CLI::Range(1, 2147483647).description(""))
-        ->option_text("N");
-    command->footer("Example: zerdix book show common --match berlin");
+    command.add_argument("ID", line->typed, "Id of the phone book");
+    add_net_type(command, line->type);
+    command.add_option("--from", line->from, "Begin at this entry", "ENTRY");
+    command.add_option("-m,--match", line->match,
+                       "Only entries that hold this text, in any case of letters, in their id, "
+                       "number, station or comment");
+    command.add_option("-n,--most", line->most, "Stop after so many entries", "N")
+        .in_range(1, 2147483647);
+    command.footer("Example: zerdix book show common --match berlin");
 }
 
 } // namespace
 
-void add_book_commands(CLI::App& app) {
-    CLI::App* group = add_command_group(app, "book", "Phone books: list, show, create, export ...");
-    group->alias("books");
-    add_user_command(*group, "list", "List the phone books", list)->alias("ls");
-    add_show(*group);
+void add_book_commands(cli::command app) {
+    cli::command group = app.add_group("book", "Phone books: list, show, create, export ...");
+    group.alias("books");
+    add_user_command(group, "list", "List the phone books", list).alias("ls");
+    add_show(group);
     auto line = std::make_shared<owned_line>();
-    add_owned_command<book_kind>(*group, "info", "Show what stands about a phone book", line, info);
-    add_owned_commands<book_kind>(*group);
-    add_book_export(*group);
-    add_book_import(*group);
-    add_external_query(*group);
+    add_owned_command<book_kind>(group, "info", "Show what stands about a phone book", line, info);
+    add_owned_commands<book_kind>(group);
+    add_book_export(group);
+    add_book_import(group);
+    add_external_query(group);
 }
 
 } // namespace zerdix::app

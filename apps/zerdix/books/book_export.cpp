@@ -9,7 +9,7 @@
 #include <memory>
 #include <optional>
 
-#include "books/book_transfer.h"
+#include "arguments/commands.h"
 #include "books/file_growth.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"
@@ -53,8 +53,8 @@ std::string so_far(const std::string& path) {
 
 void export_to(user_session& user, const export_line& line, const std::string& path) {
     const call_probe watch;
-    const file_growth shown_growth(path, !user.out().is_json() && !user.out().is_quiet() &&
-                                             line.file != "-");
+    const file_growth growth(path,
+                             !user.out().is_json() && !user.out().is_quiet() && line.file != "-");
     errno = 0;
     const std::int32_t result = user.books().exportTBook(
         line.id.c_str(), static_cast<nettypetype>(net_type_of(line.type)), path.c_str());
@@ -101,26 +101,24 @@ void run(user_session& user, const export_line& line) {
 
 } // namespace
 
-void add_book_export(CLI::App& group) {
+void add_book_export(cli::command group) {
     auto line = std::make_shared<export_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         group, "export", "Write the entries of a phone book to a text file",
         [line](user_session& user) { run(user, *line); },
         [line] { line->id = id_text("the phone book", line->typed); });
-    command->add_option("ID", line->typed, "Id of the phone book")->required()->option_text(" ");
-    command->add_option("FILE", line->file, "The file to write; - for standard output")
-        ->required()
-        ->option_text(" ");
-    add_net_type(*command, line->type);
+    command.add_argument("ID", line->typed, "Id of the phone book");
+    command.add_argument("FILE", line->file, "The file to write; - for standard output");
+    add_net_type(command, line->type);
     command
-        ->add_option("--encoding", line->encoding,
-                     "windows-1252 (the default, as other programs of this system write it) or "
-                     "utf-8")
-        ->check(CLI::IsMember({"windows-1252", "utf-8"}).description(""))
-        ->option_text("NAME");
-    command->footer("A line is an entry: id;number;station;I or E;F or T;comment;\n"
-                    "(in the house or external, fax or telex). A file that is there is "
-                    "overwritten.\n\nExample: zerdix book export common telebuch.csv");
+        .add_option("--encoding", line->encoding,
+                    "windows-1252 (the default, as other programs of this system write it) or "
+                    "utf-8",
+                    "NAME")
+        .one_of({"windows-1252", "utf-8"});
+    command.footer("A line is an entry: id;number;station;I or E;F or T;comment;\n"
+                   "(in the house or external, fax or telex). A file that is there is "
+                   "overwritten.\n\nExample: zerdix book export common telebuch.csv");
 }
 
 } // namespace zerdix::app

@@ -5,10 +5,11 @@
 // entries go to the server in batches, which tell how far it has come.
 
 #include <algorithm>
+#include <cstdio>
 #include <memory>
 
+#include "arguments/commands.h"
 #include "books/book_file.h"
-#include "books/book_transfer.h"
 #include "books/kinds.h"
 #include "books/known_entry.h"
 #include "books/scratch_file.h"
@@ -76,7 +77,7 @@ class book_import {
         scratch_.write(text);
         const call_probe watch;
         const std::int32_t result = user_.books().importTBook(line_.id.c_str(), scratch_.path());
-        if (result != 0 && result != 4)
+        if (result != call_succeeded && result != call_refused)
             user_.lost("importing " + line_.file + " (" + uncertain(batch_end) + ')', watch);
         return result == 0;
     }
@@ -89,7 +90,7 @@ class book_import {
     // The line at hand wasn't stored.
     void refuse() {
         const book_line& line = lines_[at_];
-        const entry_name name{line_.id, std::string(line.entry.teleid.view())};
+        const book_entry name{line_.id, std::string(line.entry.teleid.view())};
         const bool there = find_entry(user_, name).has_value();
         const std::string why = why_refused<book_kind>(
             user_, line_.id, there ? TELEBOOK::clssetPModify() : TELEBOOK::clssetPAdd(),
@@ -205,10 +206,10 @@ void run(user_session& user, const import_line& line, const book_file& file) {
 
 } // namespace
 
-void add_book_import(CLI::App& group) {
+void add_book_import(cli::command group) {
     auto line = std::make_shared<import_line>();
     auto file = std::make_shared<book_file>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         group, "import", "Store the lines of a text file as entries of a phone book",
         [line, file](user_session& user) { run(user, *line, *file); },
         [line, file] {
@@ -216,20 +217,17 @@ void add_book_import(CLI::App& group) {
             *file = read_book_file(line->file, told_encoding(line->encoding));
             tell_file(*line, *file);
         });
-    command->add_option("ID", line->typed, "Id of the phone book")->required()->option_text(" ");
-    command->add_option("FILE", line->file, "The file to read; - for standard input")
-        ->required()
-        ->option_text(" ");
+    command.add_argument("ID", line->typed, "Id of the phone book");
+    command.add_argument("FILE", line->file, "The file to read; - for standard input");
     command
-        ->add_option("--encoding", line->encoding,
-                     "windows-1252, utf-8, or auto (the default), which finds it out")
-        ->check(CLI::IsMember({"auto", "windows-1252", "utf-8"}).description(""))
-        ->option_text("NAME");
-    command->add_flag("-k,--keep-going", line->keep_going,
-                      "Leave out bad lines and refused entries, and store the others");
-    command->footer("A line is an entry: id;number;station;I or E;F or T;comment;\n"
-                    "(in the house or external, fax or telex). An entry that is there already\n"
-                    "is changed.\n\nExample: zerdix book import private telebuch.csv");
+        .add_option("--encoding", line->encoding,
+                    "windows-1252, utf-8, or auto (the default), which finds it out", "NAME")
+        .one_of({"auto", "windows-1252", "utf-8"});
+    command.add_flag("-k,--keep-going", line->keep_going,
+                     "Leave out bad lines and refused entries, and store the others");
+    command.footer("A line is an entry: id;number;station;I or E;F or T;comment;\n"
+                   "(in the house or external, fax or telex). An entry that is there already\n"
+                   "is changed.\n\nExample: zerdix book import private telebuch.csv");
 }
 
 } // namespace zerdix::app

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// All entries of a phone book, block by block.
+// Reads all entries of a phone book, block by block.
 #ifndef ZERDIX_APP_BOOKS_ENTRY_WALK_H
 #define ZERDIX_APP_BOOKS_ENTRY_WALK_H
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "books/external_query.h"
+// zerdix book external: recipients out of an external phone book.
+#include "arguments/commands.h"
 
 #include <algorithm>
 #include <array>
@@ -104,27 +105,28 @@ void run(user_session& user, const query_line& line) {
 
 } // namespace
 
-void add_external_query(CLI::App& group) {
+void add_external_query(cli::command group) {
     auto line = std::make_shared<query_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         group, "external", "Look recipients up in an external phone book",
         [line](user_session& user) { run(user, *line); },
         [line] {
             line->id = id_text("the phone book", line->typed);
             convert(line->values);
         });
-    command->alias("search-external");
-    command->add_option("ID", line->typed, "Id of the phone book")->required()->option_text(" ");
+    command.alias("search-external");
+    command.add_argument("ID", line->typed, "Id of the phone book");
     command
-        ->add_option("PARAMETER", line->values,
-                     "What to look for, up to 10; zerdix book info names their meanings in order. "
-                     "\"\" leaves one out")
-        ->expected(0, most_parameters)
-        ->option_text("...");
-    command->add_option("--timeout", line->timeout, "Seconds to wait for the answer (default: 30)")
-        ->check(CLI::Range(1, 86400).description(""))
-        ->option_text("SECONDS");
-    command->footer("Example: zerdix book external auskunft Meier Berlin");
+        .add_argument("PARAMETER", line->values,
+                      "What to look for, up to 10; zerdix book info names their meanings in order. "
+                      "\"\" leaves one out")
+        .optional()
+        .takes(0, most_parameters);
+    command
+        .add_option("--timeout", line->timeout, "Seconds to wait for the answer (default: 30)",
+                    "SECONDS")
+        .in_range(1, 86400);
+    command.footer("Example: zerdix book external auskunft Meier Berlin");
 }
 
 } // namespace zerdix::app

@@ -20,7 +20,9 @@ struct book_kind {
     using record = o_tebu;
     static constexpr const char* word = "phone book";
     static constexpr const char* key = "book";
+    static constexpr const char* heading = "Book";
     static str10& id(o_tebu& book) { return book.tbookid; }
+    static PTRLIST* all(TELEBOOK& books) { return books.getTBooks(); }
     static o_tebu* get(TELEBOOK& books, const char* id) { return books.getTBook(id); }
     static std::int32_t put(TELEBOOK& books, const o_tebu& book) { return books.putTBook(&book); }
     static std::int32_t remove(TELEBOOK& books, const char* id) { return books.delTBook(id); }
@@ -30,7 +32,9 @@ struct group_kind {
     using record = o_tgroup;
     static constexpr const char* word = "group";
     static constexpr const char* key = "group";
+    static constexpr const char* heading = "Group";
     static str10& id(o_tgroup& group) { return group.groupid; }
+    static PTRLIST* all(TELEBOOK& books) { return books.getTGroups(); }
     static o_tgroup* get(TELEBOOK& books, const char* id) { return books.getTGroup(id); }
     static std::int32_t put(TELEBOOK& books, const o_tgroup& group) {
         return books.putTGroup(&group);

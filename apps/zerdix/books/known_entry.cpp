@@ -5,8 +5,8 @@
 
 namespace zerdix::app {
 
-std::optional<o_tebul> find_entry(user_session& user, const entry_name& name) {
-    const o_tebul& entry = user.fetch("looking up " + name.shown(), [&] {
+std::optional<o_tebul> find_entry(user_session& user, const book_entry& name) {
+    const o_tebul& entry = user.fetch("looking up " + shown(name.text()), [&] {
         return user.books().getTBookEntry(name.book.c_str(), name.entry.c_str(), 1);
     });
     if (entry.tbookid.empty())
@@ -14,7 +14,7 @@ std::optional<o_tebul> find_entry(user_session& user, const entry_name& name) {
     return entry;
 }
 
-o_tebul known_entry(user_session& user, const entry_name& name) {
+o_tebul known_entry(user_session& user, const book_entry& name) {
     if (const auto entry = find_entry(user, name))
         return *entry;
     known<book_kind>(user, name.book); // says so when it is the book that isn't there
@@ -26,10 +26,9 @@ const char* net_word(std::int16_t nettype) {
     return nettype == NETTYPE_TELEX ? "telex" : "fax";
 }
 
-void add_net_type(CLI::App& command, std::string& place) {
-    command.add_option("--type", place, "Only entries for fax, or for telex")
-        ->check(CLI::IsMember({"fax", "telex"}).description(""))
-        ->option_text("fax|telex");
+void add_net_type(cli::command command, std::string& place) {
+    command.add_option("--type", place, "Only entries for fax, or for telex", "fax|telex")
+        .one_of({"fax", "telex"});
 }
 
 std::int16_t net_type_of(const std::string& word) {

@@ -24,14 +24,13 @@ void require_sound(const std::string& what, const std::string& typed) {
 }
 
 template <class Take>
-entry_name split_entry(const std::string& typed, Take take) {
-    const auto colon = typed.find(':');
-    if (colon == std::string::npos || colon == 0 || colon + 1 == typed.size())
+book_entry split_entry(const std::string& typed, Take take) {
+    const auto parts = parse_book_entry(typed);
+    if (!parts || parts->book.empty() || parts->entry.empty())
         throw failure(exit_usage, "\"" + typed +
                                       "\" isn't a phone book entry: BOOK:ENTRY is "
                                       "expected");
-    return {take("the phone book", typed.substr(0, colon)),
-            take("the entry", typed.substr(colon + 1))};
+    return {take("the phone book", parts->book), take("the entry", parts->entry)};
 }
 
 } // namespace
@@ -51,15 +50,11 @@ std::string exact_id(const std::string& what, const std::string& typed) {
     return id;
 }
 
-std::string entry_name::shown() const {
-    return app::shown(book) + ':' + app::shown(entry);
-}
-
-entry_name entry_named(const std::string& typed) {
+book_entry entry_named(const std::string& typed) {
     return split_entry(typed, id_text);
 }
 
-entry_name exact_entry(const std::string& typed) {
+book_entry exact_entry(const std::string& typed) {
     return split_entry(typed, exact_id);
 }
 

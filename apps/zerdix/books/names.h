@@ -6,6 +6,8 @@
 #include <cstddef>
 #include <string>
 
+#include <zerdix/book_entry.h>
+
 namespace zerdix::app {
 
 // An id of at most 10 characters. One that is too long is cut, with a note that begins with `what`:
@@ -15,15 +17,9 @@ std::string id_text(const std::string& what, const std::string& typed);
 // The same for what is to be deleted: an id that would have to be cut or changed is refused.
 std::string exact_id(const std::string& what, const std::string& typed);
 
-struct entry_name {
-    std::string book, entry;
-
-    std::string shown() const; // BOOK:ENTRY in UTF-8
-};
-
-// BOOK:ENTRY, taken apart at the first colon. Throws failure for any other form.
-entry_name entry_named(const std::string& typed);
-entry_name exact_entry(const std::string& typed);
+// BOOK:ENTRY in Windows-1252. Throws failure for any other form.
+book_entry entry_named(const std::string& typed);
+book_entry exact_entry(const std::string& typed);
 
 // "1 entry", "2 entries".
 std::string count_of_entries(std::size_t n);

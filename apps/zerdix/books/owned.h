@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What phone books and groups have in common: a comment, an owner, a user group, and rights.
+// The fields that phone books and groups have in common: a comment, an owner, a user group, and
+// rights.
 #ifndef ZERDIX_APP_BOOKS_OWNED_H
 #define ZERDIX_APP_BOOKS_OWNED_H
 
@@ -7,9 +8,7 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments/options.h"
+#include "arguments/command.h"
 #include "books/names.h"
 #include "books/rights_text.h"
 #include "output/failure.h"
@@ -25,20 +24,20 @@ struct owned_options {
     bool any() const { return comment || owner || group || !rights.empty(); }
 };
 
-inline void add_owned_options(CLI::App& command, owned_options& options) {
-    add_text(command, "-c,--comment", options.comment, "What it is for, 30 characters");
-    add_text(command, "--owner", options.owner, "The user who owns it", "USER");
-    add_text(command, "--group", options.group, "The user group that has rights of its own on it",
-             "GROUP");
+inline void add_owned_options(cli::command command, owned_options& options) {
+    command.add_option("-c,--comment", options.comment, "What it is for, 30 characters");
+    command.add_option("--owner", options.owner, "The user who owns it", "USER");
+    command.add_option("--group", options.group, "The user group that has rights of its own on it",
+                       "GROUP");
 }
 
-inline void add_rights_argument(CLI::App& command, owned_options& options) {
+inline void add_rights_argument(cli::command command, owned_options& options) {
     command
         .add_option("RIGHTS", options.rights,
                     "The new rights of the owner, the user group and all others: letters of "
-                    "ruacdp, or none")
-        ->expected(3)
-        ->option_text("[OWNER GROUP ALL]");
+                    "ruacdp, or none",
+                    "[OWNER GROUP ALL]")
+        .takes(3, 3);
 }
 
 inline rights_bytes rights_of(const std::vector<std::string>& letters) {

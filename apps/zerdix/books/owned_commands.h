@@ -28,6 +28,30 @@ std::string the() {
     return std::string("the ") + Kind::word;
 }
 
+// The columns that both kinds have, and more behind them.
+template <class Kind>
+std::vector<column> columns_of(const std::vector<column>& more) {
+    std::vector<column> all{{Kind::key, Kind::heading},
+                            {"comment", "Comment"},
+                            {"owner", "Owner"},
+                            {"user_group", "User group"},
+                            {"rights", "Rights"}};
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+}
+
+template <class Kind>
+void list_all(user_session& user, json (*as_json)(const typename Kind::record&),
+              const std::vector<column>& more) {
+    const std::string word = Kind::word;
+    const PTRLIST& found =
+        user.fetch("listing the " + word + 's', [&] { return Kind::all(user.books()); });
+    json all = json::array();
+    for (const auto* record : records<typename Kind::record>(found))
+        all.push_back(as_json(*record));
+    user.out().rows(all, columns_of<Kind>(more), "there are no " + word + 's');
+}
+
 template <class Kind>
 void put_record(user_session& user, const std::string& doing, typename Kind::record& record) {
     const std::string id(Kind::id(record).view());
@@ -123,10 +147,10 @@ void rights(user_session& user, owned_line& line) {
 
 // Adds a command about one record, whose id is looked at first.
 template <class Kind>
-CLI::App* add_owned_command(CLI::App& parent, const char* name, const std::string& description,
-                            std::shared_ptr<owned_line> line,
-                            void (*work)(user_session&, owned_line&)) {
-    CLI::App* command = add_user_command(
+cli::command add_owned_command(cli::command parent, const char* name,
+                               const std::string& description, std::shared_ptr<owned_line> line,
+                               void (*work)(user_session&, owned_line&)) {
+    cli::command command = add_user_command(
         parent, name, description.c_str(), [line, work](user_session& user) { work(user, *line); },
         [line, name] {
             line->id = id_text(the<Kind>(), line->typed);
@@ -138,46 +162,44 @@ CLI::App* add_owned_command(CLI::App& parent, const char* name, const std::strin
             for (const std::string& letters : line->options.rights)
                 rights_bits(letters);
         });
-    command->add_option("ID", line->typed, "Id of " + the<Kind>() + ", 10 characters")
-        ->required()
-        ->option_text(" ");
+    command.add_argument("ID", line->typed, "Id of " + the<Kind>() + ", 10 characters");
     return command;
 }
 
 template <class Kind>
-void add_owned_commands(CLI::App& parent) {
+void add_owned_commands(cli::command parent) {
     const std::string word = Kind::word;
     const std::string program = std::string("zerdix ") + Kind::key;
     auto line = std::make_shared<owned_line>();
-    CLI::App* command =
+    cli::command command =
         add_owned_command<Kind>(parent, "create", "Create a " + word, line, create<Kind>);
-    add_owned_options(*command, line->options);
-    command->footer("The owner is you, unless --owner says otherwise, and has all rights; the user "
-                    "group\nhas read and use, all others have none.\n\nExample: " +
-                    program + " create kunden --comment \"Customers in the north\"");
+    add_owned_options(command, line->options);
+    command.footer("The owner is you, unless --owner says otherwise, and has all rights; the user "
+                   "group\nhas read and use, all others have none.\n\nExample: " +
+                   program + " create kunden --comment \"Customers in the north\"");
 
     line = std::make_shared<owned_line>();
     command = add_owned_command<Kind>(parent, "change", "Change what stands about a " + word, line,
                                       change<Kind>);
-    add_owned_options(*command, line->options);
-    command->footer("What isn't named stays as it is.\n\nExample: " + program +
-                    " change kunden --owner meier");
+    add_owned_options(command, line->options);
+    command.footer("What isn't named stays as it is.\n\nExample: " + program +
+                   " change kunden --owner meier");
 
     line = std::make_shared<owned_line>();
     command = add_owned_command<Kind>(
         parent, "rights", "Show the rights on a " + word + ", or set them", line, rights<Kind>);
-    add_rights_argument(*command, line->options);
-    command->footer("Rights are letters: r read, u use (send to it), a add, c change, d delete,\n"
-                    "p hold the rights.\n\nExample: " +
-                    program + " rights kunden ruacdp ru none");
+    add_rights_argument(command, line->options);
+    command.footer("Rights are letters: r read, u use (send to it), a add, c change, d delete,\n"
+                   "p hold the rights.\n\nExample: " +
+                   program + " rights kunden ruacdp ru none");
 
     line = std::make_shared<owned_line>();
     command = add_user_command(parent, "delete", ("Delete " + word + "s").c_str(),
                                [line](user_session& user) { remove_all<Kind>(user, *line); });
-    command->alias("rm");
-    command->add_option("ID", line->all, "Id of " + the<Kind>())->required()->option_text("...");
-    command->footer("All of them go without a question, with what is in them.\n\nExample: " +
-                    program + " delete kunden");
+    command.alias("rm");
+    command.add_argument("ID", line->all, "Id of " + the<Kind>());
+    command.footer("All of them go without a question, with what is in them.\n\nExample: " +
+                   program + " delete kunden");
 }
 
 } // namespace zerdix::app

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A file for a moment, which nobody else may read.
+// A temporary file that nobody else may read.
 #ifndef ZERDIX_APP_BOOKS_SCRATCH_FILE_H
 #define ZERDIX_APP_BOOKS_SCRATCH_FILE_H
 

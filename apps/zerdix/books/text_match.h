@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Whether a text holds another one, whatever the case of letters.
+// Tells whether a text holds another one, whatever the case of letters.
 #ifndef ZERDIX_APP_BOOKS_TEXT_MATCH_H
 #define ZERDIX_APP_BOOKS_TEXT_MATCH_H
 

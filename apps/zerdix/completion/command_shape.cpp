@@ -44,7 +44,8 @@ void add_all_commands(const std::string& name, const command_shape& shape,
 
 } // namespace
 
-command_shape shape_of(CLI::App& app) {
+command_shape shape_of(cli::command command) {
+    CLI::App& app = command.known();
     command_shape shape{{app.get_name()}, app.get_description(), {}, {}, {}};
     for (const std::string& alias : app.get_aliases())
         shape.names.push_back(alias);
@@ -55,7 +56,7 @@ command_shape shape_of(CLI::App& app) {
             shape.arguments.push_back(argument_of(*option));
     }
     for (CLI::App* below : app.get_subcommands([](CLI::App*) { return true; }))
-        shape.commands.push_back(shape_of(*below));
+        shape.commands.push_back(shape_of(cli::command(*below)));
     return shape;
 }
 

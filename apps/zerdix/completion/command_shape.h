@@ -7,9 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
+#include "arguments/command.h"
 
 namespace zerdix::app {
 
@@ -40,7 +38,7 @@ struct command_shape {
     std::vector<command_shape> commands;
 };
 
-command_shape shape_of(CLI::App& app);
+command_shape shape_of(cli::command command);
 
 // A command with its full name, such as "zerdix doc list".
 struct named_command {

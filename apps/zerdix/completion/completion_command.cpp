@@ -4,24 +4,18 @@
 #include <cstdio>
 #include <memory>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments/one_of.h"
-#include "completion/commands.h"
+#include "arguments/commands.h"
 #include "completion/scripts.h"
 
 namespace zerdix::app {
 
-void add_completion_command(CLI::App& app) {
+void add_completion_command(cli::command app) {
     auto shell = std::make_shared<std::string>();
-    CLI::App* command =
-        app.add_subcommand("completion", "Print a script for completion in bash, zsh or fish");
-    command->add_option("SHELL", *shell, "bash, zsh or fish")
-        ->required()
-        ->check(one_of({"bash", "zsh", "fish"}))
-        ->option_text(" ");
-    command->footer("Example: source <(zerdix completion bash)");
-    command->callback([&app, shell] {
+    cli::command command =
+        app.add_command("completion", "Print a script for completion in bash, zsh or fish");
+    command.add_argument("SHELL", *shell, "bash, zsh or fish").one_of({"bash", "zsh", "fish"});
+    command.footer("Example: source <(zerdix completion bash)");
+    command.callback([app, shell] {
         const command_shape program = shape_of(app);
         const std::string script = *shell == "bash"  ? bash_script(program)
                                    : *shell == "zsh" ? zsh_script(program)

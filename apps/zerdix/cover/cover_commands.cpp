@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "cover/commands.h"
+#include "arguments/commands.h"
 #include "cover/form_file.h"
 #include "cover/preview.h"
 #include "cover/template_document.h"
@@ -51,27 +51,22 @@ void preview(user_session& user, const preview_line& line) {
                         {{"file", line.output}, {"width", page.width}, {"height", page.rows}});
 }
 
-void add_preview(CLI::App& group) {
+void add_preview(cli::command group) {
     auto line = std::make_shared<preview_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         group, "preview", "Draw the cover page of a receiver, without sending",
         [line](user_session& user) { preview(user, *line); }, [line] { check(*line); });
-    command->add_option("-t,--to", line->to, "A fax number, or a phone book entry as BOOK:ENTRY")
-        ->option_text("RECEIVER");
-    command->add_option("-T,--title", line->title, "Title of the fax, 30 characters")
-        ->option_text("TEXT");
-    auto* form =
-        command
-            ->add_option("--form", line->form,
-                         "Draw on this PNG, or this PDF's first page, not on the server's form")
-            ->option_text("FILE");
-    command->add_option("--commands", line->commands, "What to draw on it")
-        ->needs(form)
-        ->option_text("FILE");
-    command->add_option("-o,--output", line->output, "PNG file to write; - for standard output")
-        ->required()
-        ->option_text("FILE");
-    command->footer("Example: zerdix cover preview --to common:kanzlei -o cover.png");
+    command.add_option("-t,--to", line->to, "A fax number, or a phone book entry as BOOK:ENTRY",
+                       "RECEIVER");
+    command.add_option("-T,--title", line->title, "Title of the fax, 30 characters");
+    const cli::option form = command.add_option(
+        "--form", line->form,
+        "Draw on this PNG, or this PDF's first page, not on the server's form", "FILE");
+    command.add_option("--commands", line->commands, "What to draw on it", "FILE").needs(form);
+    command
+        .add_option("-o,--output", line->output, "PNG file to write; - for standard output", "FILE")
+        .required();
+    command.footer("Example: zerdix cover preview --to common:kanzlei -o cover.png");
 }
 
 struct install_line {
@@ -116,30 +111,26 @@ void install(user_session& user, const install_line& line) {
                     {{"id", id}, {"in_use", in_use}});
 }
 
-void add_install(CLI::App& group) {
+void add_install(cli::command group) {
     auto line = std::make_shared<install_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         group, "install", "Store a form and its commands as the cover template",
         [line](user_session& user) { install(user, *line); },
         [line] {
             line->files = {store_page(read_form(line->form)),
                            bytes_of(read_commands(line->commands))};
         });
-    command->add_option("FORM", line->form, "PNG, or PDF, whose first page is taken")
-        ->required()
-        ->option_text(" ");
-    command->add_option("COMMANDS", line->commands, "What to draw on it, a text file")
-        ->required()
-        ->option_text(" ");
-    command->footer("Example: zerdix cover install form.pdf commands.txt");
+    command.add_argument("FORM", line->form, "PNG, or PDF, whose first page is taken");
+    command.add_argument("COMMANDS", line->commands, "What to draw on it, a text file");
+    command.footer("Example: zerdix cover install form.pdf commands.txt");
 }
 
 } // namespace
 
-void add_cover_commands(CLI::App& app) {
-    CLI::App* group = add_command_group(app, "cover", "The cover page that receivers get");
-    add_preview(*group);
-    add_install(*group);
+void add_cover_commands(cli::command app) {
+    cli::command group = app.add_group("cover", "The cover page that receivers get");
+    add_preview(group);
+    add_install(group);
 }
 
 } // namespace zerdix::app

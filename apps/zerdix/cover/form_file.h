@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files that a site draws its cover page and its letterhead in.
+// Reads the files that hold the cover page and the letterhead of a site.
 #ifndef ZERDIX_APP_COVER_FORM_FILE_H
 #define ZERDIX_APP_COVER_FORM_FILE_H
 

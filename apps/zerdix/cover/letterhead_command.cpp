@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "cover/commands.h"
+#include "arguments/commands.h"
 #include "cover/form_file.h"
 #include "cover/template_document.h"
 #include "documents/new_document.h"
@@ -47,20 +47,17 @@ void install(user_session& user, const letterhead_line& line) {
 
 } // namespace
 
-void add_letterhead_commands(CLI::App& app) {
-    CLI::App* group = add_command_group(app, "letterhead", "The paper that your pages are laid on");
+void add_letterhead_commands(cli::command app) {
+    cli::command group = app.add_group("letterhead", "The paper that your pages are laid on");
     auto line = std::make_shared<letterhead_line>();
-    CLI::App* command = add_user_command(
-        *group, "install", "Store a page as letterhead",
+    cli::command command = add_user_command(
+        group, "install", "Store a page as letterhead",
         [line](user_session& user) { install(user, *line); },
         [line] { line->form = store_page(read_form(line->file)); });
-    command->add_option("FILE", line->file, "PNG, or PDF, whose first page is taken")
-        ->required()
-        ->option_text(" ");
-    command->add_option("--paper", line->paper, "Paper source, 1 to 9 (default: 1)")
-        ->check(CLI::Range(1, 9).description(""))
-        ->option_text("N");
-    command->footer("Example: zerdix letterhead install letterhead.pdf --paper 2");
+    command.add_argument("FILE", line->file, "PNG, or PDF, whose first page is taken");
+    command.add_option("--paper", line->paper, "Paper source, 1 to 9 (default: 1)", "N")
+        .in_range(1, 9);
+    command.footer("Example: zerdix letterhead install letterhead.pdf --paper 2");
 }
 
 } // namespace zerdix::app

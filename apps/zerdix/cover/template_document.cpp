@@ -30,7 +30,7 @@ std::int32_t put_form(user_session& user, std::int32_t document, std::int16_t ty
     std::int32_t result = 0;
     user.expect(storing(document), [&] {
         result = user.journal().putDocPage(document, only_page, type, &page);
-        return result == 4 ? 0 : result;
+        return result == call_refused ? 0 : result;
     });
     return result;
 }

@@ -6,20 +6,16 @@
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
+#include "arguments/command.h"
 
 namespace zerdix::app {
 
-inline void add_document(CLI::App& command, std::string& place) {
-    command.add_option("ID", place, "The document: 17, in:17, out:17 or desk:17")
-        ->required()
-        ->option_text(" ");
+inline void add_document(cli::command command, std::string& place) {
+    command.add_argument("ID", place, "The document: 17, in:17, out:17 or desk:17");
 }
 
-inline void add_documents(CLI::App& command, std::vector<std::string>& places) {
-    command.add_option("ID", places, "The documents: 17, in:17, out:17 or desk:17")
-        ->required()
-        ->option_text("...");
+inline void add_documents(cli::command command, std::vector<std::string>& places) {
+    command.add_argument("ID", places, "The documents: 17, in:17, out:17 or desk:17");
 }
 
 } // namespace zerdix::app

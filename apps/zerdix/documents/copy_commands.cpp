@@ -6,12 +6,9 @@
 #include <limits>
 #include <memory>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments/one_of.h"
+#include "arguments/commands.h"
 #include "arguments/several_names.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_name.h"
 #include "documents/new_document.h"
 #include "output/progress.h"
@@ -56,20 +53,19 @@ void copy(user_session& user, const copy_line& line) {
                     {{"pool", pool_word(TOPF_P)}, {"id", target}});
 }
 
-void add_copy_command(CLI::App& parent) {
+void add_copy_command(cli::command parent) {
     auto line = std::make_shared<copy_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "copy", "Copy a document to the desk",
         [line](user_session& user) { copy(user, *line); },
         [line] { read_document_name(line->document); });
-    command->alias("cp");
-    add_document(*command, line->document);
-    command
-        ->add_option("--to", line->target,
-                     "Desk document that gets the pages and the title in place of its own "
-                     "(default: a new one)")
-        ->option_text("ID");
-    command->footer("Example: zerdix doc copy in:17");
+    command.alias("cp");
+    add_document(command, line->document);
+    command.add_option("--to", line->target,
+                       "Desk document that gets the pages and the title in place of its own "
+                       "(default: a new one)",
+                       "ID");
+    command.footer("Example: zerdix doc copy in:17");
 }
 
 struct forward_line {
@@ -125,23 +121,20 @@ void forward_all(user_session& user, const forward_line& line) {
                   [&](const std::string& typed) { return forward(user, typed, line, to); });
 }
 
-void add_forward_command(CLI::App& parent) {
+void add_forward_command(cli::command parent) {
     auto line = std::make_shared<forward_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "forward", "Hand documents on to another user",
         [line](user_session& user) { forward_all(user, *line); },
         [line] {
             check_document_names(line->documents);
             check_address(line->to);
         });
-    add_documents(*command, line->documents);
-    command->add_option("-t,--to", line->to, "The user who gets a copy")
-        ->required()
-        ->option_text("USER[@SERVER]");
-    command->add_option("--pool", line->pool, "Where it goes: in (default) or desk")
-        ->check(one_of({"in", "desk"}))
-        ->option_text("POOL");
-    command->footer("Example: zerdix doc forward 17 --to meier");
+    add_documents(command, line->documents);
+    command.add_option("-t,--to", line->to, "The user who gets a copy", "USER[@SERVER]").required();
+    command.add_option("--pool", line->pool, "Where it goes: in (default) or desk", "POOL")
+        .one_of({"in", "desk"});
+    command.footer("Example: zerdix doc forward 17 --to meier");
 }
 
 // 17, 17:2, in:17, in:17:2. A second number is how many pages are taken, 0 all.
@@ -220,21 +213,20 @@ void check_parts(const std::vector<std::string>& parts) {
         throw failure(exit_usage, "at most 65535 documents can be combined");
 }
 
-void add_combine_command(CLI::App& parent) {
+void add_combine_command(cli::command parent) {
     auto parts = std::make_shared<std::vector<std::string>>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "combine", "Make one desk document of the pages of several",
         [parts](user_session& user) { combine(user, *parts); }, [parts] { check_parts(*parts); });
-    command
-        ->add_option("ID", *parts, "The documents; 17:2 or in:17:2 takes the first two pages alone")
-        ->required()
-        ->option_text("[:PAGES] ...");
-    command->footer("Example: zerdix doc combine 17 in:23:1");
+    command.add_argument("ID", *parts,
+                         "The documents; 17:2 or in:17:2 takes the first two pages alone",
+                         "[:PAGES] ...");
+    command.footer("Example: zerdix doc combine 17 in:23:1");
 }
 
 } // namespace
 
-void add_copy_commands(CLI::App& parent) {
+void add_copy_commands(cli::command parent) {
     add_copy_command(parent);
     add_forward_command(parent);
     add_combine_command(parent);

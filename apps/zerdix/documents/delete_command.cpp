@@ -3,11 +3,9 @@
 
 #include <memory>
 
-#include <CLI/CLI.hpp>
-
+#include "arguments/commands.h"
 #include "arguments/several_names.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_name.h"
 #include "session/user_command.h"
 
@@ -25,18 +23,18 @@ named_act remove(user_session& user, const std::string& typed) {
 
 } // namespace
 
-void add_delete_command(CLI::App& parent) {
+void add_delete_command(cli::command parent) {
     auto documents = std::make_shared<std::vector<std::string>>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "delete", "Delete documents, without asking",
         [documents](user_session& user) {
             for_each_name(user.out(), *documents,
                           [&](const std::string& typed) { return remove(user, typed); });
         },
         [documents] { check_document_names(*documents); });
-    command->alias("rm")->alias("remove");
-    add_documents(*command, *documents);
-    command->footer("Example: zerdix doc delete 17 in:23");
+    command.alias("rm").alias("remove");
+    add_documents(command, *documents);
+    command.footer("Example: zerdix doc delete 17 in:23");
 }
 
 } // namespace zerdix::app

@@ -3,11 +3,8 @@
 
 #include <memory>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments/one_of.h"
+#include "arguments/commands.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_name.h"
 #include "documents/page_range.h"
 #include "documents/pool_list.h"
@@ -84,21 +81,19 @@ void print(user_session& user, const print_line& line) {
                      {"printer", shown(printer)}});
 }
 
-void add_print_command(CLI::App& parent) {
+void add_print_command(cli::command parent) {
     auto line = std::make_shared<print_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "print", "Print a document on a printer of the server",
         [line](user_session& user) { print(user, *line); }, [line] { check_print(*line); });
-    command->alias("lp");
-    add_document(*command, line->document);
-    command->add_option("-d,--printer", line->printer, "The printer (default: the user's own)")
-        ->option_text("ID");
-    command->add_option("-P,--pages", line->pages, "3, 1-3 or 2- (default: all pages)")
-        ->option_text("RANGE");
-    command->add_option("-n,--copies", line->copies, "How many copies (default: 1)")
-        ->check(CLI::Range(1, 999).description(""))
-        ->option_text("N");
-    command->footer("Example: zerdix doc print in:17 --printer laser1 --pages 1-3");
+    command.alias("lp");
+    add_document(command, line->document);
+    command.add_option("-d,--printer", line->printer, "The printer (default: the user's own)",
+                       "ID");
+    command.add_option("-P,--pages", line->pages, "3, 1-3 or 2- (default: all pages)", "RANGE");
+    command.add_option("-n,--copies", line->copies, "How many copies (default: 1)", "N")
+        .in_range(1, 999);
+    command.footer("Example: zerdix doc print in:17 --printer laser1 --pages 1-3");
 }
 
 struct scan_line {
@@ -139,7 +134,7 @@ std::string why_not_scanned(user_session& user, const std::string& id, std::int3
 // The desk documents from an id on, itself included.
 std::int32_t newest_from(user_session& user, std::int32_t id) {
     const json found = list_pool(user, TOPF_P, select_all, id);
-    return found.empty() ? id : found.back()["id"].get<std::int32_t>();
+    return found.empty() ? id : found.back()["id"].as_int();
 }
 
 void scan(user_session& user, const scan_line& line) {
@@ -158,25 +153,25 @@ void scan(user_session& user, const scan_line& line) {
                     {{"scanner", shown(scanner)}, {"id", there ? json(scanned) : json()}});
 }
 
-void add_scan_command(CLI::App& parent) {
+void add_scan_command(cli::command parent) {
     auto line = std::make_shared<scan_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "scan", "Make a desk document of what lies on a scanner of the server",
         [line](user_session& user) { scan(user, *line); });
-    command->add_option("-s,--scanner", line->scanner, "The scanner (default: the user's own)")
-        ->option_text("ID");
-    command->add_option("-T,--title", line->title, "Title of the document, 30 characters")
-        ->option_text("TEXT");
-    command->add_option("--resolution", line->resolution, "fine or normal (default: the scanner's)")
-        ->check(one_of({"fine", "normal"}))
-        ->option_text("HOW");
-    command->add_flag("--halftone", line->halftone, "Turn greys into patterns of dots");
-    command->footer("Example: zerdix doc scan --scanner flatbed --title \"Contract\"");
+    command.add_option("-s,--scanner", line->scanner, "The scanner (default: the user's own)",
+                       "ID");
+    command.add_option("-T,--title", line->title, "Title of the document, 30 characters");
+    command
+        .add_option("--resolution", line->resolution, "fine or normal (default: the scanner's)",
+                    "HOW")
+        .one_of({"fine", "normal"});
+    command.add_flag("--halftone", line->halftone, "Turn greys into patterns of dots");
+    command.footer("Example: zerdix doc scan --scanner flatbed --title \"Contract\"");
 }
 
 } // namespace
 
-void add_device_commands(CLI::App& parent) {
+void add_device_commands(cli::command parent) {
     add_print_command(parent);
     add_scan_command(parent);
 }

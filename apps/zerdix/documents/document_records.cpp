@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "documents/document_records.h"
 
+#include <initializer_list>
+
 #include "output/value_text.h"
 #include <zerdix/values.h>
 
 namespace zerdix::app {
 
 namespace {
-
-constexpr int full_priority = 32767;
 
 json time_or_null(std::int32_t seconds) {
     return seconds != 0 ? json(iso_time(seconds)) : json();
@@ -67,9 +67,8 @@ std::string state_of(const a_s_rec& out) {
 
 json first_of(const json& object, std::initializer_list<const char*> keys) {
     for (const char* key : keys) {
-        const auto found = object.find(key);
-        if (found != object.end() && !found->is_null() && *found != "")
-            return *found;
+        if (!object[key].as_text().empty())
+            return object[key];
     }
     return {};
 }
@@ -104,7 +103,7 @@ json as_json(const a_s_rec& out) {
             {"kind", net_word(out.nettype)},
             {"receiver", shown(out.phone)},
             {"station", shown(out.tsi)},
-            {"priority", percent_of_priority(out.priority)},
+            {"priority", user_priority(out.priority)},
             {"retries", out.retries},
             {"retries_allowed", out.maxretries},
             {"resolution", resolution_word(out.resolution)},
@@ -173,14 +172,6 @@ json with_shared_names(json document) {
 std::vector<column> shared_columns() {
     return {{"pool", "Pool"}, {"id", "Id"},       {"title", "Title"},     {"pages", "Pages"},
             {"time", "Time"}, {"state", "State"}, {"party", "From or to"}};
-}
-
-int percent_of_priority(std::int16_t priority) {
-    return (priority * 100 + full_priority / 2) / full_priority;
-}
-
-std::int16_t priority_of_percent(int percent) {
-    return static_cast<std::int16_t>((percent * full_priority + 50) / 100);
 }
 
 const char* resolution_word(std::int32_t resolution) {

@@ -24,10 +24,6 @@ std::vector<column> property_columns(topftype pool);
 json with_shared_names(json document);
 std::vector<column> shared_columns();
 
-// The priority of a send job as 0 to 100, and back.
-int percent_of_priority(std::int16_t priority);
-std::int16_t priority_of_percent(int percent);
-
 // The words for the field `resolution` of a send job.
 const char* resolution_word(std::int32_t resolution);
 std::int32_t resolution_of_word(const std::string& word);

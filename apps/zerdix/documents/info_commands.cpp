@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 // zerdix doc info, zerdix doc log.
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <memory>
+#include <utility>
 
-#include <CLI/CLI.hpp>
-
+#include "arguments/commands.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_records.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
@@ -36,7 +37,7 @@ json type_words(std::int32_t mask) {
 std::string joined(const json& words) {
     std::string all;
     for (const json& word : words)
-        all += (all.empty() ? "" : ", ") + word.get<std::string>();
+        all += (all.empty() ? "" : ", ") + word.as_text();
     return all.empty() ? "nothing" : all;
 }
 
@@ -79,8 +80,8 @@ json whole_info(user_session& user, const document& which, bool mark_read) {
 
 void print_page_types(const json& document) {
     for (const json& run : document["page_types"]) {
-        const auto first = run["first"].get<int>();
-        const auto last = run["last"].get<int>();
+        const auto first = run["first"].as_int();
+        const auto last = run["last"].as_int();
         const std::string pages =
             first == last ? "Page " + std::to_string(first)
                           : "Pages " + std::to_string(first) + '-' + std::to_string(last);
@@ -150,24 +151,24 @@ void log(user_session& user, const std::string& typed) {
 
 } // namespace
 
-void add_info_commands(CLI::App& parent) {
+void add_info_commands(cli::command parent) {
     auto line = std::make_shared<info_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "info", "Show all about documents",
         [line](user_session& user) { info(user, *line); },
         [line] { check_document_names(line->documents); });
-    command->alias("show");
-    add_documents(*command, line->documents);
-    command->add_flag("--mark-read", line->mark_read, "Mark them as read");
-    command->footer("Example: zerdix doc info 17 in:23");
+    command.alias("show");
+    add_documents(command, line->documents);
+    command.add_flag("--mark-read", line->mark_read, "Mark them as read");
+    command.footer("Example: zerdix doc info 17 in:23");
 
     auto typed = std::make_shared<std::string>();
-    CLI::App* log_command = add_user_command(
+    cli::command log_command = add_user_command(
         parent, "log", "Print the log of a document",
         [typed](user_session& user) { log(user, *typed); },
         [typed] { read_document_name(*typed); });
-    add_document(*log_command, *typed);
-    log_command->footer("Example: zerdix doc log 17");
+    add_document(log_command, *typed);
+    log_command.footer("Example: zerdix doc log 17");
 }
 
 } // namespace zerdix::app

@@ -5,14 +5,10 @@
 #include <memory>
 #include <optional>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments/one_of.h"
-#include "arguments/options.h"
+#include "arguments/commands.h"
 #include "arguments/send_time.h"
 #include "arguments/several_names.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_records.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
@@ -63,17 +59,17 @@ named_act restart(user_session& user, const std::string& typed) {
     return {name_of(job) + " restarted", job_json(job)};
 }
 
-CLI::App* add_for_each_job(CLI::App& parent, const char* name, const char* description,
-                           named_act (*work)(user_session&, const std::string&)) {
+cli::command add_for_each_job(cli::command parent, const char* name, const char* description,
+                              named_act (*work)(user_session&, const std::string&)) {
     auto documents = std::make_shared<std::vector<std::string>>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, name, description,
         [documents, work](user_session& user) {
             for_each_name(user.out(), *documents,
                           [&](const std::string& typed) { return work(user, typed); });
         },
         [documents] { check_document_names(*documents); });
-    add_documents(*command, *documents);
+    add_documents(command, *documents);
     return command;
 }
 
@@ -113,7 +109,7 @@ a_s_rec changed(a_s_rec record, const change_line& line) {
     if (line.retries)
         record.maxretries = static_cast<std::int16_t>(*line.retries);
     if (line.priority)
-        record.priority = priority_of_percent(*line.priority);
+        record.priority = send_priority(*line.priority);
     if (line.resolution)
         record.resolution = resolution_of_word(*line.resolution);
     return record;
@@ -135,44 +131,47 @@ void change(user_session& user, const change_line& line) {
     user.out().done(name_of(job) + " changed", job_json(job));
 }
 
-void add_change_options(CLI::App& command, change_line& line) {
-    add_text(command, "-T,--title", line.title, "Title of the document, 30 characters");
-    add_text(command, "-a,--at", line.at,
-             "When to send, in the server's time: now, night (the cheap tariff), 20:15, or "
-             "\"2026-12-31 20:15\"",
-             "TIME");
-    auto* night = command.add_flag_callback(
+void add_change_options(cli::command command, change_line& line) {
+    command.add_option("-T,--title", line.title, "Title of the document, 30 characters");
+    command.add_option(
+        "-a,--at", line.at,
+        "When to send, in the server's time: now, night (the cheap tariff), 20:15, or "
+        "\"2026-12-31 20:15\"",
+        "TIME");
+    const cli::option night = command.add_flag(
         "--night", [&line] { line.night = true; }, "Wait for the cheap tariff");
     command
-        .add_flag_callback(
+        .add_flag(
             "--no-night", [&line] { line.night = false; }, "Don't wait for the cheap tariff")
-        ->excludes(night);
-    add_number(command, "--retries", line.retries, "Retries for a busy number, 0 to 9", 0, 9);
-    add_number(command, "-q,--priority", line.priority, "0 (the lowest) to 100", 0, 100);
-    add_text(command, "--resolution", line.resolution, "fine, normal, or as-is (as stored)", "HOW")
-        ->check(one_of({"fine", "normal", "as-is"}));
+        .excludes(night);
+    command.add_option("--retries", line.retries, "Retries for a busy number, 0 to 9", "N")
+        .in_range(0, 9);
+    command.add_option("-q,--priority", line.priority, "0 (the lowest) to 100", "N")
+        .in_range(0, 100);
+    command.add_option("--resolution", line.resolution, "fine, normal, or as-is (as stored)", "HOW")
+        .one_of({"fine", "normal", "as-is"});
 }
 
-void add_change_command(CLI::App& parent) {
+void add_change_command(cli::command parent) {
     auto line = std::make_shared<change_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "change", "Change the settings of a send job that hasn't gone out yet",
         [line](user_session& user) { change(user, *line); }, [line] { check_change(*line); });
-    add_document(*command, line->document);
-    add_change_options(*command, *line);
-    command->footer("Example: zerdix doc change 17 --at 20:15 --priority 100");
+    add_document(command, line->document);
+    add_change_options(command, *line);
+    command.footer("Example: zerdix doc change 17 --at 20:15 --priority 100");
 }
 
 } // namespace
 
-void add_cancel_command(CLI::App& parent) {
+void add_cancel_command(cli::command parent) {
     add_for_each_job(parent, "cancel", "Stop send jobs that haven't gone out yet", cancel)
-        ->footer("Example: zerdix cancel 17 18");
+        .footer("Example: zerdix cancel 17 18");
 }
 
-void add_job_commands(CLI::App& parent) {
+void add_job_commands(cli::command parent) {
     add_for_each_job(parent, "restart", "Start cancelled send jobs anew", restart)
-        ->footer("Example: zerdix doc restart 17");
+        .footer("Example: zerdix doc restart 17");
     add_change_command(parent);
 }
 

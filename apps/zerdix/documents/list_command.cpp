@@ -3,10 +3,7 @@
 
 #include <memory>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments/one_of.h"
-#include "documents/commands.h"
+#include "arguments/commands.h"
 #include "documents/document_records.h"
 #include "documents/pool_list.h"
 #include "session/user_command.h"
@@ -88,42 +85,40 @@ void list(user_session& user, const list_line& line) {
     user.out().rows(all, shared_columns(), "no such documents");
 }
 
-CLI::App* add_list(CLI::App& parent, const char* name, const char* description,
-                   const std::shared_ptr<list_line>& line) {
-    CLI::App* command = add_user_command(
+cli::command add_list(cli::command parent, const char* name, const char* description,
+                      const std::shared_ptr<list_line>& line) {
+    cli::command command = add_user_command(
         parent, name, description, [line](user_session& user) { list(user, *line); },
         [line] { check(*line); });
-    command->add_flag("--errors", line->only_errors, "Only outgoing documents with an error");
-    command->add_option("--block", line->block, "At most N documents, in one block (default: all)")
-        ->check(CLI::Range(1, 1000000).description(""))
-        ->option_text("N");
-    command->add_option("--from", line->from, "From this document on")
-        ->check(CLI::Range(0, 2147483647).description(""))
-        ->option_text("ID");
+    command.add_flag("--errors", line->only_errors, "Only outgoing documents with an error");
+    command
+        .add_option("--block", line->block, "At most N documents, in one block (default: all)", "N")
+        .in_range(1, 1000000);
+    command.add_option("--from", line->from, "From this document on", "ID").in_range(0, 2147483647);
     return command;
 }
 
 } // namespace
 
-void add_list_command(CLI::App& parent) {
+void add_list_command(cli::command parent) {
     auto line = std::make_shared<list_line>();
-    CLI::App* command = add_list(parent, "list", "List documents", line);
-    command->alias("ls");
-    command->add_option("POOL", line->pool, "incoming, outgoing or desk (default: all three)")
-        ->check(one_of({"incoming", "outgoing", "desk", "in", "out"}))
-        ->option_text(" ");
-    command->add_flag("--new", line->only_new, "Only documents that nobody has looked at yet");
-    command->add_flag("--public", line->only_public, "Only public documents of all desks");
-    command->footer("Example: zerdix doc list incoming --new");
+    cli::command command = add_list(parent, "list", "List documents", line);
+    command.alias("ls");
+    command.add_argument("POOL", line->pool, "incoming, outgoing or desk (default: all three)")
+        .optional()
+        .one_of({"incoming", "outgoing", "desk", "in", "out"});
+    command.add_flag("--new", line->only_new, "Only documents that nobody has looked at yet");
+    command.add_flag("--public", line->only_public, "Only public documents of all desks");
+    command.footer("Example: zerdix doc list incoming --new");
 }
 
-void add_status_command(CLI::App& parent) {
+void add_status_command(cli::command parent) {
     auto line = std::make_shared<list_line>();
     line->pool = "outgoing";
-    CLI::App* command =
+    cli::command command =
         add_list(parent, "status", "Show the outgoing documents and how far they are", line);
-    command->alias("lpstat");
-    command->footer("The same as zerdix doc list outgoing.\nExample: zerdix status --errors");
+    command.alias("lpstat");
+    command.footer("The same as zerdix doc list outgoing.\nExample: zerdix status --errors");
 }
 
 } // namespace zerdix::app

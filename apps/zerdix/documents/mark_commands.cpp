@@ -3,12 +3,9 @@
 
 #include <memory>
 
-#include <CLI/CLI.hpp>
-
-#include "arguments/one_of.h"
+#include "arguments/commands.h"
 #include "arguments/several_names.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_name.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
@@ -42,17 +39,15 @@ void comment(user_session& user, const comment_line& line) {
                     {{"pool", pool_word(which.pool)}, {"id", which.id}, {"title", shown(text)}});
 }
 
-void add_comment_command(CLI::App& parent) {
+void add_comment_command(cli::command parent) {
     auto line = std::make_shared<comment_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "comment", "Give a document another title",
         [line](user_session& user) { comment(user, *line); },
         [line] { read_document_name(line->document); });
-    add_document(*command, line->document);
-    command->add_option("TEXT", line->text, "The title, 30 characters")
-        ->required()
-        ->option_text(" ");
-    command->footer("Example: zerdix doc comment 17 \"Offer of Monday\"");
+    add_document(command, line->document);
+    command.add_argument("TEXT", line->text, "The title, 30 characters");
+    command.footer("Example: zerdix doc comment 17 \"Offer of Monday\"");
 }
 
 struct public_line {
@@ -71,18 +66,15 @@ void set_public(user_session& user, const public_line& line) {
                     {{"pool", pool_word(which.pool)}, {"id", which.id}, {"public", on}});
 }
 
-void add_public_command(CLI::App& parent) {
+void add_public_command(cli::command parent) {
     auto line = std::make_shared<public_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "public", "Let all users read a desk document, or no longer",
         [line](user_session& user) { set_public(user, *line); },
         [line] { read_document_name(line->document); });
-    add_document(*command, line->document);
-    command->add_option("STATE", line->state, "on or off")
-        ->required()
-        ->check(one_of({"on", "off"}))
-        ->option_text(" ");
-    command->footer("Example: zerdix doc public 17 on");
+    add_document(command, line->document);
+    command.add_argument("STATE", line->state, "on or off").one_of({"on", "off"});
+    command.footer("Example: zerdix doc public 17 on");
 }
 
 struct read_line {
@@ -103,9 +95,9 @@ named_act mark(user_session& user, const std::string& typed, bool unread) {
             {{"pool", pool_word(which.pool)}, {"id", which.id}, {"new", unread}}};
 }
 
-void add_read_command(CLI::App& parent) {
+void add_read_command(cli::command parent) {
     auto line = std::make_shared<read_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "read", "Mark documents as read",
         [line](user_session& user) {
             for_each_name(user.out(), line->documents, [&](const std::string& typed) {
@@ -113,15 +105,15 @@ void add_read_command(CLI::App& parent) {
             });
         },
         [line] { check_document_names(line->documents); });
-    command->alias("mark-read");
-    add_documents(*command, line->documents);
-    command->add_flag("--unread", line->unread, "Mark them as new again");
-    command->footer("Example: zerdix doc read 17 18");
+    command.alias("mark-read");
+    add_documents(command, line->documents);
+    command.add_flag("--unread", line->unread, "Mark them as new again");
+    command.footer("Example: zerdix doc read 17 18");
 }
 
 } // namespace
 
-void add_mark_commands(CLI::App& parent) {
+void add_mark_commands(cli::command parent) {
     add_comment_command(parent);
     add_public_command(parent);
     add_read_command(parent);

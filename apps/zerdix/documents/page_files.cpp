@@ -14,7 +14,7 @@
 #include "output/progress.h"
 #include "pictures/page_fetch.h"
 #include "pictures/png_file.h"
-#include "pictures/tiff_file.h"
+#include "tiff/fax_tiff.h"
 
 namespace zerdix::app {
 
@@ -81,15 +81,19 @@ void for_each_page(user_session& user, const document& which, const std::vector<
 
 std::vector<std::string> write_tiff(user_session& user, const document& which,
                                     const std::vector<int>& pages, const std::string& path) {
-    std::optional<tiff_file> file; // not made before a page is there to go in
-    for_each_page(user, which, pages, [&](const wanted_page& wanted) {
-        const page_picture picture = fetch_picture(user.journal(), wanted, user.host());
-        if (!file)
-            file.emplace(path);
-        file->add(picture);
-    });
-    if (file)
-        file->close();
+    std::optional<tiff::fax_tiff> file; // not made before a page is there to go in
+    try {
+        for_each_page(user, which, pages, [&](const wanted_page& wanted) {
+            const page_picture picture = fetch_picture(user.journal(), wanted, user.host());
+            if (!file)
+                file.emplace(path, static_cast<int>(pages.size()));
+            file->add({picture.width, picture.rows, picture.bits});
+        });
+        if (file)
+            file->close();
+    } catch (const tiff::fax_tiff_error& error) {
+        not_written(path, error.what());
+    }
     return {path};
 }
 

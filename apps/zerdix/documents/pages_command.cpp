@@ -3,10 +3,8 @@
 
 #include <memory>
 
-#include <CLI/CLI.hpp>
-
+#include "arguments/commands.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/page_files.h"
 #include "output/progress.h"
 #include "session/user_command.h"
@@ -71,24 +69,24 @@ void write(user_session& user, const pages_line& line) {
 
 } // namespace
 
-void add_pages_command(CLI::App& parent) {
+void add_pages_command(cli::command parent) {
     auto line = std::make_shared<pages_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         parent, "page", "Write pages of a document to files",
         [line](user_session& user) { write(user, *line); }, [line] { check(*line); });
-    command->alias("pages");
-    add_document(*command, line->document);
-    command->add_option("PAGES", line->pages, "3, 1-3, 2- or 1-3,7 (default: all pages)")
-        ->option_text(" ");
+    command.alias("pages");
+    add_document(command, line->document);
+    command.add_argument("PAGES", line->pages, "3, 1-3, 2- or 1-3,7 (default: all pages)")
+        .optional();
     command
-        ->add_option("-o,--output", line->output,
-                     "By its ending a TIFF (.tif), a text (.txt) or a PNG; %d becomes the page's "
-                     "number, - is a PNG on standard output")
-        ->required()
-        ->option_text("FILE");
-    command->add_flag("--mark-read", line->mark_read, "Mark the document as read");
-    command->footer("Examples: zerdix doc page 17 -o fax.tif\n"
-                    "          zerdix doc page in:17 1-3 -o page%d.png");
+        .add_option("-o,--output", line->output,
+                    "By its ending a TIFF (.tif), a text (.txt) or a PNG; %d becomes the page's "
+                    "number, - is a PNG on standard output",
+                    "FILE")
+        .required();
+    command.add_flag("--mark-read", line->mark_read, "Mark the document as read");
+    command.footer("Examples: zerdix doc page 17 -o fax.tif\n"
+                   "          zerdix doc page in:17 1-3 -o page%d.png");
 }
 
 } // namespace zerdix::app

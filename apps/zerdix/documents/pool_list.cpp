@@ -48,7 +48,7 @@ const PTRLIST& load_block(user_session& user, topftype pool, list_selection whic
 std::int32_t block_size(user_session& user) {
     const call_probe watch;
     const std::int32_t size = ZERDIX::clsGetJournalBlockSize();
-    if (size == -1 || (size == 12 && ZERDIX::clsGetClient() == nullptr))
+    if (size == -1 || (size == call_without_connection && ZERDIX::clsGetClient() == nullptr))
         user.lost("asking for the size of a block", watch);
     return std::max(size, smallest_block);
 }

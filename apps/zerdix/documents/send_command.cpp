@@ -1,22 +1,23 @@
 // SPDX-License-Identifier: MIT
 // zerdix send: documents of the desk go out, to named receivers or as a dialog asks.
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
-
-#include <CLI/CLI.hpp>
+#include <optional>
 
 #include <zerdix/dialogs.h>
 #include <zerdix/outcome.h>
 #include <zerdix/values.h>
 
+#include "arguments/commands.h"
 #include "documents/arguments.h"
-#include "documents/commands.h"
 #include "documents/document_name.h"
 #include "documents/sending_to_receivers.h"
 #include "output/progress.h"
 #include "output/value_text.h"
 #include "print/job_options.h"
+#include "print/lost_reply.h"
 #include "print/outcome_words.h"
 #include "session/user_command.h"
 
@@ -56,28 +57,29 @@ stored_documents read_documents(user_session& user, const std::vector<std::strin
 }
 
 // Receivers of all documents; those that have none are counted by the dialog's own messages.
-void tell_end(user_session& user, const zx_outcome& outcome) {
-    const std::string made =
-        counted(static_cast<int>(receivers_that_are(outcome, ZX_HANDED_OVER).size()), "send job");
+void tell_end(user_session& user, const zx_outcome& outcome, std::optional<std::int32_t> before) {
+    const reached_receivers reached = reached_by(outcome, before, user.host());
+    const std::string made = counted(static_cast<int>(reached.handed_over.size()), "send job");
     std::string unknown;
-    for (const zx_receiver* each : receivers_that_are(outcome, ZX_UNKNOWN))
+    for (const zx_receiver* each : reached.unknown)
         unknown += (unknown.empty() ? "" : ", ") + shown_receiver(*each);
     if (!unknown.empty())
         throw failure(exit_unavailable,
                       made + " made; no answer came to the sending to " + unknown +
                           ", and whether that was taken isn't known: \"zerdix doc list outgoing\" "
                           "shows it");
-    if (receivers_that_are(outcome, ZX_HANDED_OVER).empty())
+    if (reached.handed_over.empty())
         throw failure(exit_refused, "nothing was sent; the messages of the dialog say why");
     if (outcome.step != ZX_STEP_NONE)
         throw failure(cause_of(outcome).code,
                       made + " of " + std::to_string(outcome.receiver_count) +
                           " made; the messages of the dialog say why the others weren't");
-    user.out().done(made + " made", {{"jobs", receivers_that_are(outcome, ZX_HANDED_OVER).size()}});
+    user.out().done(made + " made", {{"jobs", reached.handed_over.size()}});
 }
 
 void ask_and_send(user_session& user, const std::vector<std::string>& typed) {
     stored_documents documents = read_documents(user, typed);
+    const auto before = id_given_now(user.journal());
     const std::int32_t ended = SendStoredDocuments(nullptr, &user.journal(), documents.ids.data(),
                                                    documents.comments.data());
     if (ended == send_dialog_cancelled)
@@ -85,34 +87,27 @@ void ask_and_send(user_session& user, const std::vector<std::string>& typed) {
     if (ended != send_dialog_accepted)
         throw failure(exit_no_dialog, "the send dialog can't be shown here; it asks for the "
                                       "receivers");
-    tell_end(user, *LastStoredOutcome());
+    tell_end(user, *LastStoredOutcome(), before);
 }
 
 struct send_line {
     std::vector<std::string> documents;
     print_options options;
-    std::string at, resolution;
-    int retries = 0, priority = 0;
+    std::optional<std::string> at;
 };
 
-void check(const CLI::App& command, send_line& line) {
+void check(send_line& line) {
     check_document_names(line.documents);
     check_receivers(line.options);
     const bool names_receivers = !line.options.to.empty() || !line.options.groups.empty();
     if (names_receivers && line.documents.size() != 1)
         throw failure(exit_usage, "with --to and --group one document is sent at a time");
-    if (!names_receivers && (command.count("--at") + command.count("--retries") +
-                             command.count("--priority") + command.count("--resolution")) > 0)
+    const print_options& options = line.options;
+    if (!names_receivers && (line.at || options.retries || options.priority || options.resolution))
         throw failure(exit_usage, "the dialog asks for these settings; they go with --to and "
                                   "--group");
-    if (command.count("--at") > 0)
-        line.options.at = required_send_time(line.at);
-    if (command.count("--retries") > 0)
-        line.options.retries = line.retries;
-    if (command.count("--priority") > 0)
-        line.options.priority = line.priority;
-    if (command.count("--resolution") > 0)
-        line.options.resolution = line.resolution;
+    if (line.at)
+        line.options.at = required_send_time(*line.at);
 }
 
 void send(user_session& user, const send_line& line) {
@@ -123,17 +118,16 @@ void send(user_session& user, const send_line& line) {
 
 } // namespace
 
-void add_send_command(CLI::App& parent) {
+void add_send_command(cli::command parent) {
     auto line = std::make_shared<send_line>();
-    auto command = std::make_shared<CLI::App*>(nullptr);
-    *command = add_user_command(
+    cli::command command = add_user_command(
         parent, "send", "Send documents of the desk: to named receivers, or a dialog asks to whom",
-        [line](user_session& user) { send(user, *line); },
-        [line, command] { check(**command, *line); });
-    add_documents(**command, line->documents);
-    add_receiver_options(**command, line->options, "fax");
-    add_settings_of_jobs(**command, {line->at, line->retries, line->priority, line->resolution});
-    (*command)->footer("Examples: zerdix send 17 18\n          zerdix send 17 --to \"030 123456\"");
+        [line](user_session& user) { send(user, *line); }, [line] { check(*line); });
+    add_documents(command, line->documents);
+    add_receiver_options(command, line->options, "fax");
+    add_retries_and_time(command, line->options, line->at, fax_times);
+    add_quality(command, line->options);
+    command.footer("Examples: zerdix send 17 18\n          zerdix send 17 --to \"030 123456\"");
 }
 
 } // namespace zerdix::app

@@ -11,6 +11,7 @@
 #include "output/progress.h"
 #include "output/value_text.h"
 #include "platform/encoding.h"
+#include "print/lost_reply.h"
 
 namespace zerdix::app {
 
@@ -44,7 +45,7 @@ void require_fax_entry(user_session& user, const std::string& receiver) {
     const auto named = parse_book_entry(receiver);
     if (!named)
         return;
-    if (known_entry(user, {named->book, named->entry}).nettype != NETTYPE_FAX)
+    if (known_entry(user, *named).nettype != NETTYPE_FAX)
         throw failure(exit_no_receiver,
                       platform::cp1252_to_utf8(receiver) + " has no fax: it is an entry for telex");
 }
@@ -58,7 +59,7 @@ void add_group(user_session& user, const std::string& typed, std::vector<std::st
     for (const o_tgroupl* member : records<o_tgroupl>(members)) {
         const book_entry named{std::string{member->tbookid.view()},
                                std::string{member->teleid.view()}};
-        const auto entry = find_entry(user, {named.book, named.entry});
+        const auto entry = find_entry(user, named);
         if (entry && entry->nettype == NETTYPE_FAX)
             receivers.push_back(named.text());
     }
@@ -86,18 +87,31 @@ std::string rest_command(std::int32_t document, const std::vector<std::string>& 
     return command;
 }
 
-// A reply that was lost leaves open whether the job at hand was made.
+// Of the receiver at which the sending stopped: whether it has its send job all the same.
+lost_job state_of_last(std::int32_t result, std::int32_t document, std::size_t made,
+                       std::optional<std::int32_t> before, bool timed_out,
+                       const std::string& host) {
+    if (result != call_failed)
+        return lost_job::not_made;
+    return before ? look_up({document, *before, {}, made, timed_out}, host) : lost_job::unknown;
+}
+
+// What was made when the sending stopped at `receivers[made]`.
 failure stopped(std::int32_t document, const std::vector<std::string>& receivers, std::size_t made,
-                std::int32_t result, const failure_cause& why) {
-    const bool is_open = result == call_failed;
-    std::string sentence = "sending to " + platform::cp1252_to_utf8(receivers[made]) +
-                           " failed: " + why.cause + "; " + std::to_string(made) + " of " +
-                           std::to_string(receivers.size()) + " send jobs had been made";
-    if (is_open)
-        sentence += ", and whether this one was isn't known: \"zerdix doc list outgoing\" shows it";
-    const std::size_t rest = made + (is_open ? 1 : 0);
-    if (rest < receivers.size())
-        sentence += "; " + rest_command(document, receivers, rest) + " sends it to the rest";
+                lost_job last, const failure_cause& why) {
+    const std::string of_all = " of " + std::to_string(receivers.size()) + " send jobs ";
+    const std::size_t most = made + (last == lost_job::not_made ? 0 : 1);
+    std::string sentence = "sending";
+    if (last != lost_job::made)
+        sentence += " to " + platform::cp1252_to_utf8(receivers[made]);
+    sentence += " failed: " + why.cause + "; ";
+    if (last == lost_job::unknown)
+        sentence += "at least " + std::to_string(made) + " and at most " + std::to_string(most) +
+                    of_all + "were made, \"zerdix doc list outgoing\" shows them";
+    else
+        sentence += std::to_string(most) + of_all + "had been made";
+    if (most < receivers.size())
+        sentence += "; " + rest_command(document, receivers, most) + " sends it to the rest";
     return {why.code, sentence};
 }
 
@@ -106,15 +120,19 @@ failure stopped(std::int32_t document, const std::vector<std::string>& receivers
 void send_to_receivers(user_session& user, std::int32_t document, const print_options& options) {
     a_s_rec record = send_record(user, document, options);
     const std::vector<std::string> receivers = all_receivers(user, options);
+    const auto before = id_given_now(user.journal());
     for (std::size_t made = 0; made < receivers.size(); ++made) {
         const call_probe watch;
         record.phone.assign(receivers[made]);
         const std::int32_t result = user.journal().sendDoc(document, &record);
-        if (result != call_succeeded)
-            throw stopped(document, receivers, made, result,
-                          result == call_refused
-                              ? failure_cause{exit_refused, "the server refused it"}
-                              : watch.explain(user.host()));
+        if (result == call_succeeded)
+            continue;
+        const failure_cause why = result == call_refused
+                                      ? failure_cause{exit_refused, "the server refused it"}
+                                      : watch.explain(user.host());
+        const lost_job last =
+            state_of_last(result, document, made, before, watch.timed_out(), user.host());
+        throw stopped(document, receivers, made, last, why);
     }
     user.out().done(counted(static_cast<int>(receivers.size()), "send job") + " made",
                     {{"jobs", receivers.size()}});

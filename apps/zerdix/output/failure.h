@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How a command ends when it can't do what it was asked: a sentence and an exit code by kind. The
+// The end of a command that can't do what it was asked: a sentence and an exit code by kind. The
 // codes are those of sysexits.h, and they stand in the man pages.
 #ifndef ZERDIX_APP_OUTPUT_FAILURE_H
 #define ZERDIX_APP_OUTPUT_FAILURE_H

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// SIGINT and SIGTERM as a question that is asked where stopping is safe.
+// Notes SIGINT and SIGTERM, and tells of them where stopping is safe.
 #ifndef ZERDIX_APP_OUTPUT_INTERRUPT_H
 #define ZERDIX_APP_OUTPUT_INTERRUPT_H
 

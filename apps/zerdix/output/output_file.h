@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the writers of files share.
+// Functions that the writers of files share.
 #ifndef ZERDIX_APP_OUTPUT_OUTPUT_FILE_H
 #define ZERDIX_APP_OUTPUT_OUTPUT_FILE_H
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How far long work has come: a bar on a terminal, a line a step elsewhere, or nothing.
+// Shows how far long work has come: a bar on a terminal, a line a step elsewhere, or nothing.
 #ifndef ZERDIX_APP_OUTPUT_PROGRESS_H
 #define ZERDIX_APP_OUTPUT_PROGRESS_H
 

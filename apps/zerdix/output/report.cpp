@@ -23,10 +23,10 @@ std::string cell_text(const std::string& text) {
 }
 
 std::string cell(const json& value) {
-    if (value.is_string())
-        return cell_text(value.get<std::string>());
+    if (value.is_text())
+        return cell_text(value.as_text());
     if (value.is_boolean())
-        return value.get<bool>() ? "yes" : "no";
+        return value.as_bool() ? "yes" : "no";
     if (value.is_null())
         return "";
     if (!value.is_array())
@@ -37,18 +37,13 @@ std::string cell(const json& value) {
     return all;
 }
 
-json member(const json& object, const char* key) {
-    const auto found = object.find(key);
-    return found != object.end() ? *found : json();
-}
-
 void put(const std::string& text, std::size_t width, bool right) {
     const std::string blanks(width - std::min(width, width_of(text)), ' ');
     std::fputs(right ? (blanks + text).c_str() : (text + blanks).c_str(), stdout);
 }
 
 void print_json(const json& value) {
-    std::puts(value.dump(2, ' ', false, json::error_handler_t::replace).c_str());
+    std::puts(value.dump(2).c_str());
 }
 
 // One column of a table with everything in it.
@@ -60,7 +55,7 @@ struct strip {
     strip(const json& objects, const column& what) {
         cells.emplace_back(what.heading);
         for (const json& object : objects) {
-            const json value = member(object, what.key);
+            const json& value = object[what.key];
             right = right && value.is_number();
             cells.push_back(cell(value));
         }
@@ -100,7 +95,7 @@ void report::properties(const json& object, const std::vector<column>& columns) 
         width = std::max(width, width_of(what.heading) + 1);
     for (const column& what : columns) {
         put(what.heading + std::string(":"), width, false);
-        std::printf(" %s\n", cell(member(object, what.key)).c_str());
+        std::printf(" %s\n", cell(object[what.key]).c_str());
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a command tells its user on standard output: a table or a list of properties, or the same
+// The output of a command on standard output: a table or a list of properties, or the same
 // as JSON.
 //
 // The data are JSON objects in either case, so that both forms say the same. Text is UTF-8. Times
@@ -10,12 +10,9 @@
 #include <string>
 #include <vector>
 
-#include <nlohmann/json.hpp>
+#include "output/json.h"
 
 namespace zerdix::app {
-
-// Keeps its members in the order in which they were put in.
-using json = nlohmann::ordered_json;
 
 struct column {
     const char* key;     // of the JSON objects

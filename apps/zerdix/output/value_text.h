@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Text on its way from the command line to a field of the server, and back to a reader.
+// Converts texts from the command line to the fields of the server, and back for a reader.
 #ifndef ZERDIX_APP_OUTPUT_VALUE_TEXT_H
 #define ZERDIX_APP_OUTPUT_VALUE_TEXT_H
 

@@ -5,12 +5,9 @@
 #include <memory>
 #include <string>
 
-#include <CLI/CLI.hpp>
-
 #include <zerdix/journal.h>
 
-#include "arguments/one_of.h"
-#include "pictures/commands.h"
+#include "arguments/commands.h"
 #include "pictures/page_fetch.h"
 #include "pictures/png_file.h"
 #include "session/plain_session.h"
@@ -47,29 +44,23 @@ void run(const page_line& line, char** arguments) {
 
 } // namespace
 
-void add_page_command(CLI::App& app, char** arguments) {
+void add_page_command(cli::command app, char** arguments) {
     auto line = std::make_shared<page_line>();
-    CLI::App* command = app.add_subcommand("page", "Fetch a page of a document as a picture");
-    command->add_option("ID", line->document, "Number of the document")
-        ->required()
-        ->check(CLI::Range(1, 2147483647).description(""))
-        ->option_text(" ");
-    command->add_option("N", line->page, "Number of the page, from 1")
-        ->required()
-        ->check(CLI::Range(1, 32767).description(""))
-        ->option_text(" ");
-    command->add_option("-o,--output", line->output, "PNG file to write; - for standard output")
-        ->required()
-        ->option_text("FILE");
+    cli::command command = app.add_command("page", "Fetch a page of a document as a picture");
+    command.add_argument("ID", line->document, "Number of the document").in_range(1, 2147483647);
+    command.add_argument("N", line->page, "Number of the page, from 1").in_range(1, 32767);
     command
-        ->add_option("--pool", line->pool,
-                     "Where the document lies: desk, out or in "
-                     "(default: desk)")
-        ->check(one_of({"desk", "out", "in"}))
-        ->option_text("POOL");
-    command->add_option("--settings", line->settings, "Settings file to use")->option_text("FILE");
-    command->footer("Example: zerdix page 17 1 -o page.png --pool out");
-    command->callback([line, arguments] { run(*line, arguments); });
+        .add_option("-o,--output", line->output, "PNG file to write; - for standard output", "FILE")
+        .required();
+    command
+        .add_option("--pool", line->pool,
+                    "Where the document lies: desk, out or in "
+                    "(default: desk)",
+                    "POOL")
+        .one_of({"desk", "out", "in"});
+    command.add_option("--settings", line->settings, "Settings file to use", "FILE");
+    command.footer("Example: zerdix page 17 1 -o page.png --pool out");
+    command.callback([line, arguments] { run(*line, arguments); });
 }
 
 } // namespace zerdix::app

@@ -9,8 +9,9 @@
 
 #include <png.h>
 
+#include <zerdix/page.h>
+
 #include "output/output_file.h"
-#include "print/page_placement.h"
 
 namespace zerdix::app {
 
@@ -49,7 +50,7 @@ class png_writer {
     void put_header(const page_picture& picture) {
         png_set_IHDR(png_, info_, picture.width, picture.rows, 1, PNG_COLOR_TYPE_GRAY,
                      PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-        png_set_pHYs(png_, info_, per_metre(fax_dpi_across), per_metre(fax_dpi_down),
+        png_set_pHYs(png_, info_, per_metre(ZX_DPI_ACROSS), per_metre(ZX_DPI_FINE),
                      PNG_RESOLUTION_METER);
         png_write_info(png_, info_);
     }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A page as it comes from the server, made readable: zerdix/page.h, with failures of this program.
+// Expands and makes stored pages: zerdix/page.h, with failures of this program.
 #ifndef ZERDIX_APP_PICTURES_STORED_PAGE_H
 #define ZERDIX_APP_PICTURES_STORED_PAGE_H
 

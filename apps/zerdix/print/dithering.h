@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// From shades of grey to the page block that the print job takes: width and height, 32 bits each,
-// most significant byte first, then the rows, the last row of the picture first, eight pixels a
-// byte, leftmost pixel in bit 7, a set bit white.
+// Turns shades of grey into the page block that the print job takes: width and height, 32 bits
+// each, most significant byte first, then the rows, the last row of the picture first, eight pixels
+// a byte, leftmost pixel in bit 7, a set bit white.
 #ifndef ZERDIX_APP_PRINT_DITHERING_H
 #define ZERDIX_APP_PRINT_DITHERING_H
 

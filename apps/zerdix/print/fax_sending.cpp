@@ -10,6 +10,7 @@
 #include "output/progress.h"
 #include "output/value_text.h"
 #include "print/leftover.h"
+#include "print/lost_reply.h"
 #include "print/outcome_words.h"
 #include "print/step_failure.h"
 
@@ -19,7 +20,6 @@ namespace {
 
 constexpr std::int32_t success = 0;
 constexpr std::int32_t declined = 4;
-constexpr std::int32_t timed_out = 5; // of the RPC library
 constexpr const char* how_to_look = "\"zerdix doc list outgoing\" shows them";
 
 // What a job that didn't reach all of its receivers has done.
@@ -27,16 +27,12 @@ class stopped_job {
   public:
     stopped_job(const zx_outcome& outcome, std::int32_t document, std::string host)
         : outcome_(outcome), document_(document), host_(std::move(host)),
-          handed_over_(receivers_that_are(outcome, ZX_HANDED_OVER)) {
-        for (const zx_receiver* each : receivers_that_are(outcome, ZX_UNKNOWN))
-            look_up(*each);
-    }
+          reached_(reached_by(outcome, document, host_)) {}
 
     // Takes away what can't be sent any more. The failure to throw.
     failure settle();
 
   private:
-    void look_up(const zx_receiver& receiver);
     bool is_settled(const zx_receiver& receiver) const;
     std::string step() const;
     std::string count() const;
@@ -46,32 +42,22 @@ class stopped_job {
     const zx_outcome& outcome_;
     std::int32_t document_;
     std::string host_;
-    std::vector<const zx_receiver*> handed_over_;
-    std::vector<const zx_receiver*> unknown_;
+    reached_receivers reached_;
 };
-
-// A server that was only slow may still be at it.
-void stopped_job::look_up(const zx_receiver& receiver) {
-    std::vector<std::int32_t> known;
-    for (const zx_receiver* each : handed_over_)
-        known.push_back(each->outgoing);
-    const auto found = has_further_job(receiver.document, known, host_);
-    if (found && *found)
-        handed_over_.push_back(&receiver);
-    else if (!found || outcome_.rpc_status == timed_out)
-        unknown_.push_back(&receiver);
-}
 
 // Whether it has its send job, or may have it.
 bool stopped_job::is_settled(const zx_receiver& receiver) const {
-    return std::find(handed_over_.begin(), handed_over_.end(), &receiver) != handed_over_.end() ||
-           std::find(unknown_.begin(), unknown_.end(), &receiver) != unknown_.end();
+    return std::find(reached_.handed_over.begin(), reached_.handed_over.end(), &receiver) !=
+               reached_.handed_over.end() ||
+           std::find(reached_.unknown.begin(), reached_.unknown.end(), &receiver) !=
+               reached_.unknown.end();
 }
 
 std::string stopped_job::step() const {
     const zx_receiver* at = stopped_at(outcome_);
-    const bool is_open = at != nullptr && std::find(handed_over_.begin(), handed_over_.end(), at) ==
-                                              handed_over_.end();
+    const bool is_open =
+        at != nullptr && std::find(reached_.handed_over.begin(), reached_.handed_over.end(), at) ==
+                             reached_.handed_over.end();
     if (is_open && outcome_.step != ZX_STEP_DELETE)
         return "sending to " + shown_receiver(*at);
     return outcome_.step == ZX_STEP_DELETE ? "deleting the document after sending" : "sending";
@@ -79,11 +65,11 @@ std::string stopped_job::step() const {
 
 std::string stopped_job::count() const {
     const std::string of_all = " of " + std::to_string(outcome_.receiver_count) + " send jobs ";
-    const std::size_t made = handed_over_.size();
-    if (unknown_.empty())
+    const std::size_t made = reached_.handed_over.size();
+    if (reached_.unknown.empty())
         return std::to_string(made) + of_all + "had been made";
     return "at least " + std::to_string(made) + " and at most " +
-           std::to_string(made + unknown_.size()) + of_all + "were made, " + how_to_look;
+           std::to_string(made + reached_.unknown.size()) + of_all + "were made, " + how_to_look;
 }
 
 // The document of a job without cover pages stays as long as somebody is to get it; one with cover

@@ -7,8 +7,8 @@
 #include <zerdix/sendfax.h>
 #include <zerdix/zerdix.h>
 
-#include "cover/kept_picture.h"
 #include "output/failure.h"
+#include "pictures/stored_page.h"
 
 namespace zerdix::app {
 
@@ -22,8 +22,11 @@ void require_form(JOURNAL& journal, std::int32_t document, const std::string& na
     const std::string which = name + ", document " + std::to_string(document) + ',';
     if (form->size == 0)
         throw failure(exit_no_input, which + " has no form that you may read");
-    if (cover::kept_picture{}.expand(*form) != 0)
-        throw failure(exit_bad_data, which + " is damaged");
+    try {
+        expand_page(form->data, form->size);
+    } catch (const failure& why) {
+        throw failure(why.code(), which + ' ' + why.what());
+    }
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What the pages of a job are put on, asked for before the first page goes: the library tells of
-// neither form why it couldn't be used, and does without a letterhead that isn't there.
+// Checks the form of the cover page and the letterhead before the first page of a job: the library
+// tells of neither why it couldn't be used, and does without a letterhead that isn't there.
 //
 // They ask over the connection of the open job, and throw failure. A call that fails is left to the
 // job, which will fail with it and tell why.

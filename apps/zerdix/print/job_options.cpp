@@ -3,67 +3,43 @@
 
 #include <ctime>
 
-#include <CLI/CLI.hpp>
-
 #include <zerdix/zerdix.h>
 
-#include "arguments/one_of.h"
 #include "output/value_text.h"
 
 namespace zerdix::app {
 
-void add_receiver_options(CLI::App& command, print_options& options, const std::string& kind) {
+void add_receiver_options(cli::command command, print_options& options, const std::string& kind) {
     // One value each time: what follows may be the file.
     command
         .add_option("-t,-d,--to", options.to,
-                    "A " + kind + " number, or an entry of a phone book as BOOK:ENTRY")
-        ->option_text("RECEIVER ...")
-        ->expected(1)
-        ->allow_extra_args(false)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-    command.add_option("-g,--group", options.groups, "All " + kind + " receivers of a group")
-        ->option_text("ID ...")
-        ->expected(1)
-        ->allow_extra_args(false)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-}
-
-namespace {
-
-void add_time_and_retries(CLI::App& command, std::string& at, int& retries) {
-    command.add_option("--retries", retries, "Retries for a busy number, 0 to 9")
-        ->check(CLI::Range(0, 9).description(""))
-        ->option_text("N");
+                    "A " + kind + " number, or an entry of a phone book as BOOK:ENTRY",
+                    "RECEIVER ...")
+        .repeats();
     command
-        .add_option("-a,--at", at,
-                    "When to send, in the server's time: now, night (the cheap tariff), "
-                    "20:15, or \"2026-12-31 20:15\"")
-        ->option_text("TIME");
+        .add_option("-g,--group", options.groups, "All " + kind + " receivers of a group", "ID ...")
+        .repeats();
 }
 
-} // namespace
+void add_title(cli::command command, print_options& options, const std::string& otherwise) {
+    command.add_option("-T,--title", options.title,
+                       "Title of the document, 30 characters (default: " + otherwise + ")");
+}
 
-void add_job_options(CLI::App& command, const job_places& places,
-                     const std::string& default_title) {
+void add_retries_and_time(cli::command command, print_options& options,
+                          std::optional<std::string>& at, const std::string& times) {
+    command.add_option("--retries", options.retries, "Retries for a busy number, 0 to 9", "N")
+        .in_range(0, 9);
+    command.add_option("-a,--at", at, "When to send, in the server's time: " + times, "TIME");
+}
+
+void add_quality(cli::command command, print_options& options) {
     command
-        .add_option("-T,--title", places.title,
-                    "Title of the document, 30 characters (default: " + default_title + ")")
-        ->option_text("TEXT");
-    add_time_and_retries(command, places.at, places.retries);
-}
-
-void add_quality(CLI::App& command, int& priority, std::string& resolution) {
-    command.add_option("--resolution", resolution, "fine or normal (default: as rendered)")
-        ->check(one_of({"fine", "normal"}))
-        ->option_text("HOW");
-    command.add_option("-q,--priority", priority, "0 (the lowest) to 100")
-        ->check(CLI::Range(0, 100).description(""))
-        ->option_text("N");
-}
-
-void add_settings_of_jobs(CLI::App& command, const fax_settings& places) {
-    add_time_and_retries(command, places.at, places.retries);
-    add_quality(command, places.priority, places.resolution);
+        .add_option("--resolution", options.resolution, "fine or normal (default: as rendered)",
+                    "HOW")
+        .one_of({"fine", "normal"});
+    command.add_option("-q,--priority", options.priority, "0 (the lowest) to 100", "N")
+        .in_range(0, 100);
 }
 
 void check_receivers(const print_options& options) {

@@ -1,41 +1,33 @@
 // SPDX-License-Identifier: MIT
-// What the commands that send share: receivers, title, time and retries.
+// Options that the commands that send share: receivers, title, time and retries.
 #ifndef ZERDIX_APP_PRINT_JOB_OPTIONS_H
 #define ZERDIX_APP_PRINT_JOB_OPTIONS_H
 
+#include <optional>
 #include <string>
 
+#include "arguments/command.h"
 #include "print/merge_text.h"
 #include "print/print_job.h"
-
-namespace CLI {
-class App;
-}
 
 namespace zerdix::app {
 
 // `kind` is "fax" or "telex".
-void add_receiver_options(CLI::App& command, print_options& options, const std::string& kind);
+void add_receiver_options(cli::command command, print_options& options, const std::string& kind);
 
-// --title, --at and --retries, as they are typed.
-struct job_places {
-    std::string& title;
-    std::string& at;
-    int& retries;
-};
-void add_job_options(CLI::App& command, const job_places& places, const std::string& default_title);
+// `otherwise` says what the title is without it.
+void add_title(cli::command command, print_options& options, const std::string& otherwise);
+
+// What --at takes.
+constexpr const char* fax_times = "now, night (the cheap tariff), 20:15, or \"2026-12-31 20:15\"";
+constexpr const char* telex_times = "now, 20:15, or \"2026-12-31 20:15\"";
+
+// --retries, and --at as it is typed.
+void add_retries_and_time(cli::command command, print_options& options,
+                          std::optional<std::string>& at, const std::string& times);
 
 // --resolution and --priority of a fax.
-void add_quality(CLI::App& command, int& priority, std::string& resolution);
-
-// --at, --retries, --priority and --resolution of a fax, as they are typed.
-struct fax_settings {
-    std::string& at;
-    int& retries;
-    int& priority;
-    std::string& resolution;
-};
-void add_settings_of_jobs(CLI::App& command, const fax_settings& places);
+void add_quality(cli::command command, print_options& options);
 
 // What can be told wrong of the receivers without the server. Throws failure.
 void check_receivers(const print_options& options);

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "print/outcome_words.h"
 
+#include <zerdix/call_time.h>
+#include <zerdix/values.h>
+
 #include "platform/encoding.h"
 
 namespace zerdix::app {
@@ -8,12 +11,13 @@ namespace zerdix::app {
 namespace {
 
 // Numbers of the ONC RPC library.
-enum rpc_status : std::int32_t { cant_send = 3, cant_receive = 4, timed_out = 5 };
+enum rpc_status : std::int32_t { cant_send = 3, cant_receive = 4, no_answer_in_time = 5 };
 
 failure_cause lost_call(std::int32_t status) {
     switch (status) {
-    case timed_out:
-        return {exit_unavailable, "the server didn't answer within 25 seconds"};
+    case no_answer_in_time:
+        return {exit_unavailable,
+                "the server didn't answer within " + std::to_string(call_seconds) + " seconds"};
     case cant_send:
     case cant_receive:
         return {exit_unavailable, "the connection to the server broke"};
@@ -41,11 +45,11 @@ const zx_receiver* stopped_at(const zx_outcome& outcome) {
 
 failure_cause cause_of(const zx_outcome& outcome) {
     switch (outcome.answer) {
-    case 4:
+    case call_refused:
         return {exit_refused, "the server refused it"};
-    case 8:
+    case call_failed:
         return lost_call(outcome.rpc_status);
-    case 12:
+    case call_without_connection:
         return {exit_unavailable, "the connection to the server is gone"};
     default:
         break;
@@ -55,6 +59,10 @@ failure_cause cause_of(const zx_outcome& outcome) {
     if (outcome.step == ZX_STEP_INSPECT)
         return {exit_refused, "the document has no data for this way of sending"};
     return {exit_internal, "the library couldn't carry it out"};
+}
+
+bool timed_out(const zx_outcome& outcome) {
+    return outcome.rpc_status == no_answer_in_time;
 }
 
 std::string shown_receiver(const zx_receiver& receiver) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the library's outcome of a job says, in the words of this program.
+// The library's outcome of a job in the words of this program.
 #ifndef ZERDIX_APP_PRINT_OUTCOME_WORDS_H
 #define ZERDIX_APP_PRINT_OUTCOME_WORDS_H
 
@@ -22,6 +22,9 @@ const zx_receiver* stopped_at(const zx_outcome& outcome);
 
 // Why the job stopped, with the exit code for it.
 failure_cause cause_of(const zx_outcome& outcome);
+
+// Whether the failed call got no answer in time.
+bool timed_out(const zx_outcome& outcome);
 
 // UTF-8.
 std::string shown_receiver(const zx_receiver& receiver);

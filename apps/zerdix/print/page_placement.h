@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where a page of a PDF comes to lie on a fax page.
+// Places a page of a PDF on a fax page.
 //
 // A fax page is 1,728 pixels wide at 204 pixels to the inch across and 196 down. A page that is
 // wider than it is high is turned, its top to the left. A page that is too wide is made smaller as

@@ -6,16 +6,14 @@
 #include <memory>
 #include <optional>
 
-#include <CLI/CLI.hpp>
-
 #include <zerdix/sendfax.h>
 #include <zerdix/zerdix.h>
 
+#include "arguments/commands.h"
 #include "output/failure.h"
 #include "output/interrupt.h"
 #include "output/progress.h"
 #include "output/value_text.h"
-#include "print/commands.h"
 #include "print/forms.h"
 #include "print/job_options.h"
 #include "print/merge_text.h"
@@ -29,11 +27,8 @@ namespace {
 
 struct print_line {
     print_options options;
-    std::string title;
-    std::string at;
+    std::optional<std::string> at;
     std::string settings;
-    int paper = 0, retries = 0, priority = 0;
-    std::string resolution;
 };
 
 void store_pages(print_job& job, const pdf_file& pdf, progress& shown) {
@@ -84,49 +79,36 @@ void print(const print_options& options) {
     shown.done(options.file + ": " + counted(pdf.pages(), "page") + ", " + done);
 }
 
-template <class Value>
-void take(const CLI::App& command, const char* option, std::optional<Value>& place,
-          const Value& value) {
-    if (command.count(option) > 0)
-        place = value;
-}
-
-void run(const CLI::App& command, print_line& line, char** arguments) {
+void run(print_line& line, char** arguments) {
     use_settings(line.settings, arguments);
-    take(command, "--title", line.options.title, line.title);
-    take(command, "--paper", line.options.paper, line.paper);
-    take(command, "--retries", line.options.retries, line.retries);
-    take(command, "--priority", line.options.priority, line.priority);
-    take(command, "--resolution", line.options.resolution, line.resolution);
-    if (command.count("--at") > 0)
-        line.options.at = required_send_time(line.at);
+    if (line.at)
+        line.options.at = required_send_time(*line.at);
     print(line.options);
 }
 
-void add_settings(CLI::App& command, print_line& line) {
-    command.add_option("--paper", line.paper, "Letterhead to print on, 0 to 9; 0 is none")
-        ->check(CLI::Range(0, 9).description(""))
-        ->option_text("N");
+void add_settings(cli::command command, print_line& line) {
+    command
+        .add_option("--paper", line.options.paper, "Letterhead to print on, 0 to 9; 0 is none", "N")
+        .in_range(0, 9);
     command.add_flag("--cover", line.options.cover, "Put a cover page in front, one for each");
-    add_quality(command, line.priority, line.resolution);
-    add_job_options(command, {line.title, line.at, line.retries}, "the PDF's own");
-    command.add_option("--settings", line.settings, "Settings file to use")->option_text("FILE");
+    add_quality(command, line.options);
+    add_title(command, line.options, "the PDF's own");
+    add_retries_and_time(command, line.options, line.at, fax_times);
+    command.add_option("--settings", line.settings, "Settings file to use", "FILE");
     command.add_flag("--quiet", line.options.quiet, "Don't show progress, and no last line");
 }
 
 } // namespace
 
-void add_print_command(CLI::App& app, char** arguments) {
+void add_print_command(cli::command app, char** arguments) {
     auto line = std::make_shared<print_line>();
-    CLI::App* command = app.add_subcommand("print", "Send a PDF as a fax");
-    command->alias("lp")->alias("sendfax");
-    command->add_option("FILE", line->options.file, "The PDF to send")
-        ->required()
-        ->option_text(" ");
-    add_receiver_options(*command, line->options, "fax");
-    add_settings(*command, *line);
-    command->footer("Example: zerdix print offer.pdf --to \"+49 30 123456\" --group kunden");
-    command->callback([command, line, arguments] { run(*command, *line, arguments); });
+    cli::command command = app.add_command("print", "Send a PDF as a fax");
+    command.alias("lp").alias("sendfax");
+    command.add_argument("FILE", line->options.file, "The PDF to send");
+    add_receiver_options(command, line->options, "fax");
+    add_settings(command, *line);
+    command.footer("Example: zerdix print offer.pdf --to \"+49 30 123456\" --group kunden");
+    command.callback([line, arguments] { run(*line, arguments); });
 }
 
 } // namespace zerdix::app

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <limits>
 
+#include <zerdix/dialogs.h>
 #include <zerdix/journal.h>
 #include <zerdix/sendfax.h>
 #include <zerdix/telebook.h>
@@ -12,7 +13,6 @@
 
 #include "output/value_text.h"
 #include "platform/encoding.h"
-#include "platform/windows_plugin.h"
 #include "print/fax_sending.h"
 #include "print/leftover.h"
 #include "print/outcome_words.h"
@@ -130,7 +130,7 @@ std::int32_t print_job::receivers() const {
 }
 
 void print_job::require_receivers_or_dialog() const {
-    if (receivers() == 0 && !platform::windows_are_wanted())
+    if (receivers() == 0 && !DialogsMayOpen())
         throw nobody_named();
 }
 

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
-// How a print job tells of a step that failed.
+// The failure of a step of a print job.
 #ifndef ZERDIX_APP_PRINT_STEP_FAILURE_H
 #define ZERDIX_APP_PRINT_STEP_FAILURE_H
 
 #include <string>
 
+#include <zerdix/settings.h>
+
 #include "session/connection_probe.h"
-#include "session/error_log.h"
 
 namespace zerdix::app {
 
 inline failure failed_step(const std::string& step, const failure_cause& why) {
-    return {why.code,
-            step + " failed: " + why.cause + " (the error log is " + error_log_path() + ")"};
+    return {why.code, step + " failed: " + why.cause + " (the error log is " +
+                          ReadSettings()->error_file + ")"};
 }
 
 inline failure nobody_named() {

@@ -6,13 +6,11 @@
 #include <memory>
 #include <optional>
 
-#include <CLI/CLI.hpp>
-
+#include "arguments/commands.h"
 #include "output/failure.h"
 #include "output/interrupt.h"
 #include "output/progress.h"
 #include "output/value_text.h"
-#include "print/commands.h"
 #include "print/job_options.h"
 #include "print/telex_text.h"
 #include "session/settings_choice.h"
@@ -23,8 +21,8 @@ namespace {
 
 struct telex_line_options {
     print_options options;
-    std::string title, at, settings;
-    int retries = 0;
+    std::optional<std::string> at;
+    std::string settings;
 };
 
 telex_text read_telex(const std::string& path) {
@@ -70,33 +68,27 @@ send_time telex_time(const std::string& typed) {
     return time;
 }
 
-void run(const CLI::App& command, telex_line_options& line, char** arguments) {
+void run(telex_line_options& line, char** arguments) {
     use_settings(line.settings, arguments);
-    if (command.count("--title") > 0)
-        line.options.title = line.title;
-    if (command.count("--retries") > 0)
-        line.options.retries = line.retries;
-    if (command.count("--at") > 0)
-        line.options.at = telex_time(line.at);
+    if (line.at)
+        line.options.at = telex_time(*line.at);
     send(line.options);
 }
 
 } // namespace
 
-void add_telex_command(CLI::App& app, char** arguments) {
+void add_telex_command(cli::command app, char** arguments) {
     auto line = std::make_shared<telex_line_options>();
-    CLI::App* command = app.add_subcommand("telex", "Send a text as a telex");
-    command->add_option("FILE", line->options.file, "The text to send, UTF-8; - for standard input")
-        ->required()
-        ->option_text(" ");
-    add_receiver_options(*command, line->options, "telex");
-    add_job_options(*command, {line->title, line->at, line->retries}, "the name of the file");
-    command->get_option("--at")->description(
-        "When to send, in the server's time: now, 20:15, or \"2026-12-31 20:15\"");
-    command->add_option("--settings", line->settings, "Settings file to use")->option_text("FILE");
-    command->add_flag("--quiet", line->options.quiet, "No last line");
-    command->footer("Example: zerdix telex order.txt --to 402195 --to common:hansen");
-    command->callback([command, line, arguments] { run(*command, *line, arguments); });
+    cli::command command = app.add_command("telex", "Send a text as a telex");
+    command.add_argument("FILE", line->options.file,
+                         "The text to send, UTF-8; - for standard input");
+    add_receiver_options(command, line->options, "telex");
+    add_title(command, line->options, "the name of the file");
+    add_retries_and_time(command, line->options, line->at, telex_times);
+    command.add_option("--settings", line->settings, "Settings file to use", "FILE");
+    command.add_flag("--quiet", line->options.quiet, "No last line");
+    command.footer("Example: zerdix telex order.txt --to 402195 --to common:hansen");
+    command.callback([line, arguments] { run(*line, arguments); });
 }
 
 } // namespace zerdix::app

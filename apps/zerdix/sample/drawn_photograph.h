@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A computed still life: a picture with the soft gradients and fine texture of a photograph, and
-// nobody's rights in it.
+// A computed picture with the soft gradients and the fine texture of a photograph. Nobody has
+// rights in it.
 #ifndef ZERDIX_SAMPLE_STILL_LIFE_H
 #define ZERDIX_SAMPLE_STILL_LIFE_H
 

@@ -5,7 +5,6 @@
 #include <cctype>
 #include <cerrno>
 #include <cstdint>
-#include <cstdlib>
 #include <fcntl.h>
 #include <memory>
 #include <netdb.h>
@@ -20,6 +19,7 @@
 #include <rpc/pmap_clnt.h>
 
 #include <zerdix/call_time.h>
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
 #include "platform/encoding.h"
@@ -28,15 +28,12 @@ namespace zerdix::app {
 
 namespace {
 
-constexpr std::uint32_t server_program = 0xF452BF;
-constexpr std::uint32_t server_version = 1;
 constexpr std::uint16_t mapper_port = 111;
 constexpr int probe_seconds = 5;
 constexpr std::chrono::seconds call_limit{call_seconds};
 
 std::uint32_t program_number() {
-    const char* offset = std::getenv("ZERDIXRPCOFFSET");
-    return server_program + static_cast<std::uint32_t>(offset != nullptr ? std::atol(offset) : 0);
+    return with_program_offset(ZERDIX_PROG);
 }
 
 class socket_handle {
@@ -112,7 +109,7 @@ bool answers(CLIENT* handle) {
 
 bool server_answers(sockaddr_in address, const socket_handle& connected) {
     int fd = connected.fd();
-    CLIENT* handle = clnttcp_create(&address, program_number(), server_version, &fd, 0, 0);
+    CLIENT* handle = clnttcp_create(&address, program_number(), ZERDIX_VERS, &fd, 0, 0);
     if (handle == nullptr)
         return false;
     const bool good = answers(handle);
@@ -125,8 +122,7 @@ std::string quoted(const std::string& host) {
 }
 
 failure_cause probe_port(sockaddr_in address, const std::string& name) {
-    const std::uint16_t port =
-        pmap_getport(&address, program_number(), server_version, IPPROTO_TCP);
+    const std::uint16_t port = pmap_getport(&address, program_number(), ZERDIX_VERS, IPPROTO_TCP);
     if (port == 0 && rpc_createerr.cf_stat == RPC_PMAPFAILURE)
         return {exit_unavailable, "no port mapper answers on " + name};
     if (port == 0)
@@ -158,8 +154,12 @@ failure_cause probe_server(const std::string& host) {
     return probe_port(*address, name);
 }
 
+bool call_probe::timed_out() const {
+    return std::chrono::steady_clock::now() - start_ >= call_limit;
+}
+
 failure_cause call_probe::explain(const std::string& host) const {
-    if (std::chrono::steady_clock::now() - start_ >= call_limit)
+    if (timed_out())
         return {exit_unavailable,
                 "the server didn't answer within " + std::to_string(call_seconds) + " seconds"};
     if (ZERDIX::clsGetClient() == nullptr)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Why there is no connection, or why a call failed: the library says only that it did.
+// Finds out why there is no connection, or why a call failed: the library says only that it did.
 //
 // The probes go the way that a connection goes, one step at a time: name, port mapper,
 // registration, port, an empty call. Each gives up after a few seconds.
@@ -30,6 +30,9 @@ class call_probe {
     // What was wrong with the call that has just failed. With a connection still open that very
     // connection is probed, else the server anew.
     failure_cause explain(const std::string& host) const;
+
+    // Whether a call that ends now has taken all its time.
+    bool timed_out() const;
 
   private:
     std::chrono::steady_clock::time_point start_;

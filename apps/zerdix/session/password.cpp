@@ -13,19 +13,13 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <zerdix/settings.h>
+
 #include "output/failure.h"
-#include "platform/home.h"
-#include "platform/profile.h"
 
 namespace zerdix::app {
 
 namespace {
-
-// What is set to nothing counts as not set.
-std::optional<platform::profile_entry> setting(const char* key) {
-    auto entry = platform::find_profile_entry("Zerdix", key);
-    return entry && !entry->value.empty() ? entry : std::nullopt;
-}
 
 // While it stands nothing that is typed shows, and the signals of the keyboard wait.
 class no_echo {
@@ -139,18 +133,18 @@ std::string ask_password(const std::string& prompt) {
 std::string login_password(const std::string& file, const std::string& user) {
     if (!file.empty())
         return password_from_file(file);
-    if (const auto password = setting("Password")) {
+    if (const zx_setting* password = FindSetting("Password")) {
         require_private(password->file);
         return password->value;
     }
-    if (const auto path = setting("PasswordFile"))
-        return password_from_file(platform::from_home(path->value));
+    if (const zx_setting* named = FindSetting("PasswordFile"))
+        return password_from_file(named->path);
     return ask_password("Password of " + user + ": ");
 }
 
 std::string settings_with_password() {
     for (const char* key : {"Password", "PasswordFile"}) {
-        if (const auto entry = setting(key))
+        if (const zx_setting* entry = FindSetting(key))
             return entry->file;
     }
     return "";

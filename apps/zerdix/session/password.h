@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where a password comes from: never from the command line, where others could read it.
+// Reads passwords, but never from the command line, where others could read them.
 #ifndef ZERDIX_APP_SESSION_PASSWORD_H
 #define ZERDIX_APP_SESSION_PASSWORD_H
 

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "session/plain_session.h"
 
-#include "common/settings.h"
+#include <zerdix/settings.h>
+
 #include "session/connection_probe.h"
 
 namespace zerdix::app {
 
-server_session::server_session() : host_(common::setting_host()) {
-    session_.setUserId(common::setting_user().c_str());
+server_session::server_session() : host_(ReadSettings()->host) {
+    session_.setUserId(ReadSettings()->user);
     session_.setAlphaserver(host_.c_str());
     if (session_.GetClientAddr(host_.c_str()) != nullptr)
         return;

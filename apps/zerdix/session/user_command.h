@@ -7,8 +7,7 @@
 #include <memory>
 #include <string>
 
-#include <CLI/CLI.hpp>
-
+#include "arguments/command.h"
 #include "session/user_session.h"
 
 namespace zerdix::app {
@@ -16,17 +15,14 @@ namespace zerdix::app {
 // The arguments of the program, for use_settings(). Set once, by main.
 void set_program_arguments(char** arguments);
 
-// A command that is only a name for the commands below it, and prints its help without one.
-CLI::App* add_command_group(CLI::App& parent, const char* name, const char* description);
-
 // Adds a command with the options that all of them share (--user, --host, --password-file,
 // --settings, --json, --quiet). It runs `work` logged on as that user. What is wrong with the
 // arguments is told before that: `check`, when given, runs first and may throw failure. `shared`
 // is where the options are put, for a command that wants a second name for one of them.
-CLI::App* add_user_command(CLI::App& parent, const char* name, const char* description,
-                           std::function<void(user_session&)> work,
-                           std::function<void()> check = nullptr,
-                           std::shared_ptr<session_options> shared = nullptr);
+cli::command add_user_command(cli::command parent, const char* name, const char* description,
+                              std::function<void(user_session&)> work,
+                              std::function<void()> check = nullptr,
+                              std::shared_ptr<session_options> shared = nullptr);
 
 } // namespace zerdix::app
 

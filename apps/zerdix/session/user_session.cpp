@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "session/user_session.h"
 
+#include <zerdix/settings.h>
 #include <zerdix/timetext.h>
+#include <zerdix/values.h>
 
-#include "common/settings.h"
 #include "output/value_text.h"
 #include "platform/encoding.h"
 #include "session/password.h"
@@ -25,17 +26,17 @@ failure login_failure(std::int32_t result, const std::string& user, const std::s
                       const call_probe& watch) {
     const std::string name = "the user " + shown(user);
     switch (result) {
-    case 4:
+    case result_present_already:
         return {exit_refused, name + " is already logged on"};
-    case 6:
+    case result_unknown_user:
         return {exit_no_permission, name + " is unknown on " + shown(host)};
-    case 9:
+    case result_wrong_password:
         return {exit_no_permission, "wrong password for " + name};
-    case 10:
+    case result_not_accepted:
         return {exit_refused, "the server on " + shown(host) +
                                   " doesn't fit this client, or refused the login for a reason of "
                                   "its own; the trace tells which"};
-    case 11:
+    case result_omega_not_reached:
         return {exit_unavailable, "the Alpha server can't reach its Omega server"};
     default:
         const failure_cause why =
@@ -60,8 +61,8 @@ user_session::~user_session() {
 }
 
 void user_session::log_on(const session_options& options) {
-    const std::string user = chosen(options.user, "the user", user_width, common::setting_user());
-    host_ = chosen(options.host, "the server's name", host_width, common::setting_host());
+    const std::string user = chosen(options.user, "the user", user_width, ReadSettings()->user);
+    host_ = chosen(options.host, "the server's name", host_width, ReadSettings()->host);
     password_ = field_text("the password", login_password(options.password_file, shown(user)),
                            password_width);
     const call_probe watch;
@@ -86,7 +87,7 @@ void user_session::check(const std::string& doing, std::int32_t result, const st
                          const call_probe& watch) const {
     if (result == 0)
         return;
-    if (result == 8 || result == 12)
+    if (result == call_failed || result == call_without_connection)
         lost(doing, watch);
     throw failure(exit_refused, doing + " failed: " + refused);
 }

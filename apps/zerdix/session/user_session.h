@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A user at work: logged on for the length of a command, with the ways to say how it went.
+// The session of a user, logged on for the length of a command, with the ways to say how it went.
 //
 // Every operation of the three classes goes through expect() or fetch(), which turn a result into a
 // sentence and an exit code.
@@ -13,6 +13,7 @@
 
 #include <zerdix/journal.h>
 #include <zerdix/telebook.h>
+#include <zerdix/values.h>
 #include <zerdix/zerdix.h>
 
 #include "output/failure.h"
@@ -66,7 +67,7 @@ class user_session {
     void expect(const std::string& doing, Operation operation, Reason why) {
         const call_probe watch;
         const std::int32_t result = operation();
-        check(doing, result, result == 4 ? why() : "the server refused", watch);
+        check(doing, result, result == call_refused ? why() : "the server refused", watch);
     }
 
     // Runs an operation that gives a pointer, and null when it failed.

@@ -7,7 +7,7 @@
 #include <span>
 #include <string_view>
 
-#include <zerdix/zerdix.h>
+#include <zerdix/values.h>
 
 #include "output/failure.h"
 
@@ -17,30 +17,23 @@ namespace {
 
 struct bit_word {
     const char* word;
-    std::int32_t (*bit)();
+    std::int32_t bit;
 };
 
 constexpr bit_word features[] = {
-    {"normal", ZERDIX::clssetHWFNormal}, {"fine", ZERDIX::clssetHWFFine},
-    {"res1", ZERDIX::clssetHWFRes1},     {"res2", ZERDIX::clssetHWFRes2},
-    {"scan", ZERDIX::clssetHWFScan},     {"halftone", ZERDIX::clssetHWFHalftone},
-    {"print", ZERDIX::clssetHWFPrint},   {"receive", ZERDIX::clssetHWFReceive},
-    {"send", ZERDIX::clssetHWFSend},     {"telex", ZERDIX::clssetHWFTelex},
+    {"normal", hwf_normal}, {"fine", hwf_fine},       {"res1", hwf_res1},
+    {"res2", hwf_res2},     {"scan", hwf_scan},       {"halftone", hwf_halftone},
+    {"print", hwf_print},   {"receive", hwf_receive}, {"send", hwf_send},
+    {"telex", hwf_telex},
 };
 
 constexpr bit_word actions[] = {
-    {"print-send", ZERDIX::clssetATPrintSend},
-    {"print-error", ZERDIX::clssetATPrintError},
-    {"print-receive", ZERDIX::clssetATPrintReceive},
-    {"mail-send", ZERDIX::clssetATMailSend},
-    {"mail-error", ZERDIX::clssetATMailError},
-    {"mail-receive", ZERDIX::clssetATMailReceive},
-    {"lamp-send", ZERDIX::clssetATLampSend},
-    {"lamp-error", ZERDIX::clssetATLampError},
-    {"lamp-receive", ZERDIX::clssetATLampReceive},
-    {"voice-send", ZERDIX::clssetATVoiceSend},
-    {"voice-error", ZERDIX::clssetATVoiceError},
-    {"voice-receive", ZERDIX::clssetATVoiceReceive},
+    {"print-send", at_print_send},       {"print-error", at_print_error},
+    {"print-receive", at_print_receive}, {"mail-send", at_mail_send},
+    {"mail-error", at_mail_error},       {"mail-receive", at_mail_receive},
+    {"lamp-send", at_lamp_send},         {"lamp-error", at_lamp_error},
+    {"lamp-receive", at_lamp_receive},   {"voice-send", at_voice_send},
+    {"voice-error", at_voice_error},     {"voice-receive", at_voice_receive},
 };
 
 using bit_table = std::span<const bit_word>;
@@ -55,7 +48,7 @@ json words_of(bit_table table, std::int32_t bits) {
     json words = json::array();
     auto left = static_cast<std::uint32_t>(bits);
     for (const bit_word& one : table) {
-        const auto bit = static_cast<std::uint32_t>(one.bit());
+        const auto bit = static_cast<std::uint32_t>(one.bit);
         if ((left & bit) != 0)
             words.push_back(one.word);
         left &= ~bit;
@@ -75,7 +68,7 @@ std::string all_words(bit_table table) {
 std::int32_t bit_of(bit_table table, std::string_view word) {
     for (const bit_word& one : table) {
         if (word == one.word)
-            return one.bit();
+            return one.bit;
     }
     std::uint32_t bits = 0;
     if (word.starts_with("0x") &&
@@ -115,9 +108,6 @@ std::int32_t action_bits(const std::string& words) {
 }
 std::string all_features() {
     return all_words(features);
-}
-std::string all_actions() {
-    return all_words(actions);
 }
 
 } // namespace zerdix::app

@@ -21,7 +21,6 @@ std::int32_t action_bits(const std::string& words);
 
 // All words, with commas between them.
 std::string all_features();
-std::string all_actions();
 
 } // namespace zerdix::app
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // zerdix board: the bulletin board.
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
-#include "settings/commands.h"
 #include <zerdix/values.h>
 
 namespace zerdix::app {
@@ -30,9 +30,9 @@ void list(user_session& user) {
 
 } // namespace
 
-void add_board_commands(CLI::App& app) {
-    CLI::App* group = add_command_group(app, "board", "The bulletin board");
-    add_user_command(*group, "list", "Show the bulletin board", list)->alias("ls")->alias("show");
+void add_board_commands(cli::command app) {
+    cli::command group = app.add_group("board", "The bulletin board");
+    add_user_command(group, "list", "Show the bulletin board", list).alias("ls").alias("show");
 }
 
 } // namespace zerdix::app

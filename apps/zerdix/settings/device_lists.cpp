@@ -4,11 +4,10 @@
 #include <memory>
 #include <optional>
 
-#include "arguments/options.h"
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
 #include "settings/bit_words.h"
-#include "settings/commands.h"
 #include <zerdix/values.h>
 
 namespace zerdix::app {
@@ -63,27 +62,26 @@ void list_scanners(user_session& user, const scanner_line& line) {
 
 } // namespace
 
-void add_printer_commands(CLI::App& app) {
-    CLI::App* printers = add_command_group(app, "printer", "The server's printers: list");
-    printers->alias("printers");
-    add_user_command(*printers, "list", "List the printers", list_printers)->alias("ls");
+void add_printer_commands(cli::command app) {
+    cli::command printers = app.add_group("printer", "The server's printers: list");
+    printers.alias("printers");
+    add_user_command(printers, "list", "List the printers", list_printers).alias("ls");
 }
 
-void add_scanner_commands(CLI::App& app) {
-    CLI::App* scanners = add_command_group(app, "scanner", "The server's scanners: list");
-    scanners->alias("scanners");
+void add_scanner_commands(cli::command app) {
+    cli::command scanners = app.add_group("scanner", "The server's scanners: list");
+    scanners.alias("scanners");
     auto line = std::make_shared<scanner_line>();
-    CLI::App* command = add_user_command(
-        *scanners, "list", "List the scanners",
+    cli::command command = add_user_command(
+        scanners, "list", "List the scanners",
         [line](user_session& user) { list_scanners(user, *line); },
         [line] { line->bits = feature_bits(line->words); });
-    command->alias("ls");
-    command->add_flag("--free", line->free, "Only those that are free");
-    command->add_option("--for", line->words, "Only those that can do all of this")
-        ->option_text("FEATURE,...");
-    command->footer("Features: " + all_features() +
-                    "\n\nExample: zerdix scanner list --free "
-                    "--for scan,fine");
+    command.alias("ls");
+    command.add_flag("--free", line->free, "Only those that are free");
+    command.add_option("--for", line->words, "Only those that can do all of this", "FEATURE,...");
+    command.footer("Features: " + all_features() +
+                   "\n\nExample: zerdix scanner list --free "
+                   "--for scan,fine");
 }
 
 } // namespace zerdix::app

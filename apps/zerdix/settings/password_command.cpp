@@ -4,10 +4,10 @@
 #include <memory>
 #include <string>
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/password.h"
 #include "session/user_command.h"
-#include "settings/commands.h"
 
 namespace zerdix::app {
 
@@ -39,11 +39,11 @@ void run(user_session& user, const session_options& options, const std::string& 
     const std::string wanted = new_password(user.user(), file);
     const call_probe watch;
     const std::int32_t result = user.session().chgPassword(user.password().c_str(), wanted.c_str());
-    if (result == 8 || result == 12)
+    if (result == call_failed || result == call_without_connection)
         user.lost("changing the password", watch);
-    if (result == 6)
+    if (result == result_unknown_user)
         throw failure(exit_no_permission, "the user " + user.user() + " is unknown");
-    if (result == 9)
+    if (result == result_wrong_password)
         throw failure(exit_no_permission, "the old password is wrong");
     if (result != 0)
         throw failure(exit_refused,
@@ -55,21 +55,19 @@ void run(user_session& user, const session_options& options, const std::string& 
 
 } // namespace
 
-void add_password_command(CLI::App& app) {
+void add_password_command(cli::command app) {
     auto options = std::make_shared<session_options>();
     auto file = std::make_shared<std::string>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         app, "password", "Change your password",
         [options, file](user_session& user) { run(user, *options, *file); }, nullptr, options);
-    command->alias("passwd");
-    command
-        ->add_option("--old-file", options->password_file,
-                     "Read the old password from a file, the same as --password-file")
-        ->option_text("FILE");
-    command->add_option("--new-file", *file, "Read the new password from the first line of a file")
-        ->option_text("FILE");
-    command->footer("Without files it asks, and shows nothing of what is typed. A password has at "
-                    "most 20\ncharacters and crosses the network in plain text.");
+    command.alias("passwd");
+    command.add_option("--old-file", options->password_file,
+                       "Read the old password from a file, the same as --password-file", "FILE");
+    command.add_option("--new-file", *file, "Read the new password from the first line of a file",
+                       "FILE");
+    command.footer("Without files it asks, and shows nothing of what is typed. A password has at "
+                   "most 20\ncharacters and crosses the network in plain text.");
 }
 
 } // namespace zerdix::app

@@ -8,11 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "arguments/options.h"
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
 #include "settings/bit_words.h"
-#include "settings/commands.h"
 
 namespace zerdix::app {
 
@@ -182,40 +181,39 @@ void check(const preference_line& line) {
         action_bits(*line.actions);
 }
 
-void add_set(CLI::App& group) {
+void add_set(cli::command group) {
     auto line = std::make_shared<preference_line>();
-    CLI::App* command = add_user_command(
+    cli::command command = add_user_command(
         group, "set", "Set your preferences", [line](user_session& user) { set(user, *line); },
         [line] { check(*line); });
-    add_text(*command, "--printer", line->printer, "Printer, \"\" for none", "ID");
-    add_text(*command, "--scanner", line->scanner, "Scanner, \"\" for none", "ID");
-    add_text(*command, "--features", line->features, "What the scanner is used for, or none",
-             "FEATURE,...");
+    command.add_option("--printer", line->printer, "Printer, \"\" for none", "ID");
+    command.add_option("--scanner", line->scanner, "Scanner, \"\" for none", "ID");
+    command.add_option("--features", line->features, "What the scanner is used for, or none",
+                       "FEATURE,...");
     command
-        ->add_option("--paper", line->paper,
-                     "Background paper of a paper source, 0 to 9: a desk document, or 0")
-        ->expected(1)
-        ->allow_extra_args(false)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-        ->option_text("SOURCE=DOCUMENT ...");
-    add_number(*command, "-q,--priority", line->priority, "Send priority, 0 to 100", 0, 100);
-    add_text(*command, "--actions", line->actions,
-             "What the server does when a document was sent, failed or came, or none",
-             "ACTION,...");
-    command->footer("What isn't named stays as it is.\n\nFeatures: " + all_features() +
-                    "\nActions: print-, mail-, lamp- or voice- with send, error or receive\n\n"
-                    "Example: zerdix preferences set --actions mail-error,print-receive");
+        .add_option("--paper", line->paper,
+                    "Background paper of a paper source, 0 to 9: a desk document, or 0",
+                    "SOURCE=DOCUMENT ...")
+        .repeats();
+    command.add_option("-q,--priority", line->priority, "Send priority, 0 to 100", "N")
+        .in_range(0, 100);
+    command.add_option("--actions", line->actions,
+                       "What the server does when a document was sent, failed or came, or none",
+                       "ACTION,...");
+    command.footer("What isn't named stays as it is.\n\nFeatures: " + all_features() +
+                   "\nActions: print-, mail-, lamp- or voice- with send, error or receive\n\n"
+                   "Example: zerdix preferences set --actions mail-error,print-receive");
 }
 
 } // namespace
 
-void add_preference_commands(CLI::App& app) {
-    CLI::App* group =
-        add_command_group(app, "preferences", "Your defaults for printing, scanning and sending");
-    group->alias("prefs");
-    add_user_command(*group, "show", "Show your preferences",
+void add_preference_commands(cli::command app) {
+    cli::command group =
+        app.add_group("preferences", "Your defaults for printing, scanning and sending");
+    group.alias("prefs");
+    add_user_command(group, "show", "Show your preferences",
                      [](user_session& user) { report_preferences(user, fetch_record(user)); });
-    add_set(*group);
+    add_set(group);
 }
 
 } // namespace zerdix::app

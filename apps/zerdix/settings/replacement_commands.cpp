@@ -4,9 +4,9 @@
 #include <memory>
 #include <string>
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
-#include "settings/commands.h"
 
 namespace zerdix::app {
 
@@ -101,19 +101,17 @@ void end(user_session& user) {
 
 } // namespace
 
-void add_replacement_commands(CLI::App& app) {
-    CLI::App* group = add_command_group(app, "replacement", "Who stands in for you");
-    add_user_command(*group, "show", "Show who stands in for you", show);
+void add_replacement_commands(cli::command app) {
+    cli::command group = app.add_group("replacement", "Who stands in for you");
+    add_user_command(group, "show", "Show who stands in for you", show);
     auto typed = std::make_shared<std::string>();
     auto to = std::make_shared<target>();
-    CLI::App* command = add_user_command(
-        *group, "set", "Name who stands in for you, from now on",
+    cli::command command = add_user_command(
+        group, "set", "Name who stands in for you, from now on",
         [to](user_session& user) { set(user, *to); }, [typed, to] { *to = target_named(*typed); });
-    command->add_option("USER[@SERVER]", *typed, "A user, of this server unless another is named")
-        ->required()
-        ->option_text(" ");
-    command->footer("Example: zerdix replacement set meier");
-    add_user_command(*group, "off", "End the replacement; who it was stays noted", end);
+    command.add_argument("USER[@SERVER]", *typed, "A user, of this server unless another is named");
+    command.footer("Example: zerdix replacement set meier");
+    add_user_command(group, "off", "End the replacement; who it was stays noted", end);
 }
 
 } // namespace zerdix::app

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-// zerdix signature: the picture that stands for the user's hand on cover pages.
+// zerdix signature: the picture of the user's signature on cover pages.
 
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "pictures/png_file.h"
 #include "pictures/png_picture.h"
 #include "pictures/stored_page.h"
 #include "print/page_placement.h"
 #include "session/user_command.h"
-#include "settings/commands.h"
 
 namespace zerdix::app {
 
@@ -73,28 +73,25 @@ void remove(user_session& user) {
 
 } // namespace
 
-void add_signature_commands(CLI::App& app) {
-    CLI::App* group = add_command_group(app, "signature", "Your signature on cover pages");
+void add_signature_commands(cli::command app) {
+    cli::command group = app.add_group("signature", "Your signature on cover pages");
 
     auto file = std::make_shared<std::string>();
-    CLI::App* command = add_user_command(*group, "get", "Fetch your signature as a picture",
-                                         [file](user_session& user) { get(user, *file); });
-    command->add_option("-o,--output", *file, "PNG file to write; - for standard output")
-        ->required()
-        ->option_text("FILE");
+    cli::command command = add_user_command(group, "get", "Fetch your signature as a picture",
+                                            [file](user_session& user) { get(user, *file); });
+    command.add_option("-o,--output", *file, "PNG file to write; - for standard output", "FILE")
+        .required();
 
     auto line = std::make_shared<put_line>();
     command = add_user_command(
-        *group, "put", "Store a picture as your signature",
+        group, "put", "Store a picture as your signature",
         [line](user_session& user) { put(user, *line); }, [line] { check_file(*line); });
-    command->add_option("FILE", line->file, "PNG file to read; - for standard input")
-        ->required()
-        ->option_text(" ");
-    command->footer("At most 1728 by 2286 pixels, a fax page. Cover pages show it pixel by pixel\n"
-                    "at 204 by 196 dots to the inch: 600 by 200 pixels are some 75 by 26 mm.\n\n"
-                    "Example: zerdix signature put hand.png");
+    command.add_argument("FILE", line->file, "PNG file to read; - for standard input");
+    command.footer("At most 1728 by 2286 pixels, a fax page. Cover pages show it pixel by pixel\n"
+                   "at 204 by 196 dots to the inch: 600 by 200 pixels are some 75 by 26 mm.\n\n"
+                   "Example: zerdix signature put hand.png");
 
-    add_user_command(*group, "none", "Remove your signature", remove)->alias("remove")->alias("rm");
+    add_user_command(group, "none", "Remove your signature", remove).alias("remove").alias("rm");
 }
 
 } // namespace zerdix::app

@@ -4,9 +4,9 @@
 #include <memory>
 #include <optional>
 
+#include "arguments/commands.h"
 #include "output/value_text.h"
 #include "session/user_command.h"
-#include "settings/commands.h"
 
 namespace zerdix::app {
 
@@ -63,7 +63,7 @@ bool is_member(user_session& user, const a_group_rec& group) {
     const std::string id(group.groupid.view());
     const call_probe watch;
     const std::int32_t result = ZERDIX::clsSearchUserInGroup(id.c_str());
-    if (result != 0 && result != 4)
+    if (result != call_succeeded && result != call_refused)
         user.lost("looking into the group " + shown(id), watch);
     return result == 0;
 }
@@ -86,22 +86,22 @@ void groups(user_session& user, bool with_member) {
 
 } // namespace
 
-void add_user_commands(CLI::App& app) {
-    CLI::App* group = add_command_group(app, "user", "Users and user groups: list, show, groups");
-    group->alias("users");
-    add_user_command(*group, "list", "List the users", list)->alias("ls");
+void add_user_commands(cli::command app) {
+    cli::command group = app.add_group("user", "Users and user groups: list, show, groups");
+    group.alias("users");
+    add_user_command(group, "list", "List the users", list).alias("ls");
 
     auto typed = std::make_shared<std::string>();
-    CLI::App* command = add_user_command(*group, "show", "Show what stands about a user",
-                                         [typed](user_session& user) { show(user, *typed); });
-    command->add_option("ID", *typed, "Id of the user (default: you)")->option_text(" ");
-    command->footer("Example: zerdix user show meier");
+    cli::command command = add_user_command(group, "show", "Show what stands about a user",
+                                            [typed](user_session& user) { show(user, *typed); });
+    command.add_argument("ID", *typed, "Id of the user (default: you)").optional();
+    command.footer("Example: zerdix user show meier");
 
     auto with_member = std::make_shared<bool>(false);
-    command = add_user_command(*group, "groups", "List the user groups",
+    command = add_user_command(group, "groups", "List the user groups",
                                [with_member](user_session& user) { groups(user, *with_member); });
-    command->add_flag("-m,--member", *with_member, "Tell for each whether you are in it");
-    command->footer("The rights on phone books and groups name user groups.");
+    command.add_flag("-m,--member", *with_member, "Tell for each whether you are in it");
+    command.footer("The rights on phone books and groups name user groups.");
 }
 
 } // namespace zerdix::app
