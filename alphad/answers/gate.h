@@ -12,6 +12,7 @@ enum class verdict {
     refuse, // false, 0, an empty record: what a server says that doesn't want to
     fail,   // an RPC error
     drop,   // no reply; the connection is closed
+    lose,   // served, and then as with drop
 };
 
 class gate {

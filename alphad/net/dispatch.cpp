@@ -87,6 +87,8 @@ void dispatcher::serve_procedure(call& taken) {
         return taken.drop();
     if (said == verdict::fail)
         return taken.fail(SYSTEM_ERR);
+    if (said == verdict::lose)
+        taken.drop(); // what is sent from here on goes nowhere
     held<typename P::argument> argument;
     if (!taken.argument(argument.record))
         return taken.fail(GARBAGE_ARGS);
