@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Phone books and groups from the command line.
 
+#include <pty.h>
 #include <set>
+#include <unistd.h>
 
 #include "cli/desk_test.h"
 #include "output/failure.h"
@@ -129,6 +131,22 @@ TEST_F(Books, RefuseBadFilesBeforeAnythingIsStored) {
                     .output,
                 HasSubstr("neu: 2 entries stored"));
     EXPECT_THAT(entries("neu"), ElementsAre("a=1", "c=3"));
+}
+
+// A terminal whose other end has gone gives what was typed, then an error.
+TEST_F(Books, TakeNoErrorForTheEndOfALine) {
+    done("book create neu");
+    int other_end = -1, terminal = -1;
+    ASSERT_EQ(openpty(&terminal, &other_end, nullptr, nullptr, nullptr), 0);
+    const std::string cut = "a;1;;E;F;x;\nb;23;;E;F;Half a comm";
+    ASSERT_EQ(::write(other_end, cut.data(), cut.size()), static_cast<ssize_t>(cut.size()));
+    close(other_end);
+    fails("book import -k neu -", exit_no_input, "standard input can't be read: Input/output error",
+          {}, {.input = terminal});
+    close(terminal);
+    fails("book import -k neu /proc/self/mem", exit_no_input,
+          "/proc/self/mem can't be read: Input");
+    EXPECT_THAT(entries("neu"), ElementsAre());
 }
 
 TEST_F(Books, MendWhatIsClearInAFile) {
