@@ -13,6 +13,7 @@ namespace zerdix {
 namespace {
 
 using namespace test;
+using namespace wire::proc;
 using ::testing::HasSubstr;
 
 constexpr int page_width = 72, page_height = 7;
@@ -89,21 +90,18 @@ class Jobs : public client_test {
   protected:
     void SetUp() override {
         record.nettype = NETTYPE_FAX;
-        record.comment.assign("Gr\xfc\xdf"
-                              "e");
+        record.comment.assign("Gr\xfc\xdf");
         record.phone.assign("+49 30/123");
         for (std::int16_t page = 1; page <= 2; ++page)
-            ASSERT_TRUE(put_block(client, document, page, 0, compressed(page_block(page))));
+            ASSERT_TRUE(put_block(document, page, 0, compressed(page_block(page))));
     }
 
     std::int32_t send(std::string_view user = "zerdix") {
-        return client.call(proc::a_send_doc_1{}, {id(user), document, record});
+        return call(a_send_doc_1{}, {id(user), document, record});
     }
-    const a_s_rec& job(std::int32_t number) {
-        return client.call(proc::a_get_s_1{}, {id("zerdix"), number});
-    }
+    const a_s_rec& job(std::int32_t number) { return call(a_get_s_1{}, {me, number}); }
 
-    std::int32_t document = create(client);
+    std::int32_t document = create();
     a_s_rec record{};
 };
 
@@ -120,8 +118,7 @@ TEST_F(Jobs, SpoolWhatTheReceiverWouldGet) {
         EXPECT_EQ(one.pages, 2);
         EXPECT_EQ(one.across, 204);
         EXPECT_EQ(one.down, 196);
-        EXPECT_EQ(one.title, "Gr\xc3\xbc\xc3\x9f"
-                             "e");
+        EXPECT_EQ(one.title, "Grüß");
         EXPECT_EQ(one.description, "To +49 30/123");
         ASSERT_EQ(one.width, page_width);
         ASSERT_EQ(one.height, page_height);
@@ -149,11 +146,11 @@ TEST_F(Jobs, HalveTheRowsAtNormalResolution) {
 }
 
 TEST_F(Jobs, AreTheServersOwnCopy) {
-    ASSERT_TRUE(put_log(client, document, "a line"));
+    ASSERT_TRUE(put_log(document, "a line"));
     record.phone.assign("common:druckerei");
     const std::int32_t number = send();
     ASSERT_GT(number, 0);
-    EXPECT_TRUE(client.call(proc::a_del_doc_1{}, {id("zerdix"), TOPF_P, document, {1}}));
+    EXPECT_TRUE(remove(document));
     const a_s_rec kept = job(number);
     EXPECT_EQ(kept.faxid, number);
     EXPECT_EQ(kept.userid, "zerdix");
@@ -161,9 +158,9 @@ TEST_F(Jobs, AreTheServersOwnCopy) {
     EXPECT_EQ(kept.phone, "06990009212");
     EXPECT_EQ(kept.tsi, "+49 69 90009 212");
     EXPECT_EQ(kept.status, send_spooled);
-    EXPECT_EQ(page_size(client, number, 2, "zerdix", TOPF_S),
+    EXPECT_EQ(page_size(number, 2, "zerdix", TOPF_S),
               static_cast<std::int32_t>(compressed(page_block(2)).size()));
-    const log_answer log = get_log(client, number, 0, "english_us", TOPF_S);
+    const log_answer log = get_log(number, 0, "english_us", TOPF_S);
     ASSERT_EQ(log.lines.size(), 2u);
     EXPECT_EQ(log.lines[0], "a line");
     EXPECT_THAT(log.lines[1], HasSubstr("spooled for 06990009212"));
@@ -180,7 +177,7 @@ TEST_F(Jobs, ToANumberOfTheOtherNetAreTakenAndEnd) {
     EXPECT_EQ(job.record.faxid, number);
     EXPECT_EQ(job.state(), send_cancelled);
     EXPECT_EQ(job.record.errorstatus, 1);
-    EXPECT_FALSE(client.call(proc::a_restart_job_1{}, {id("zerdix"), number}));
+    EXPECT_FALSE(call(a_restart_job_1{}, {me, number}));
     EXPECT_TRUE(std::filesystem::is_empty(server.spool()));
 }
 
@@ -201,20 +198,19 @@ TEST_F(Jobs, AreRefusedAsAWhole) {
     odd[3] = page_width + 1;
     for (const std::string& block :
          {good.substr(0, 7), good.substr(0, good.size() - 1), wide, endless, odd, std::string{}}) {
-        EXPECT_FALSE(put_block(client, document, 2, 0, compressed(block)));
-        EXPECT_FALSE(client.call(proc::a_put_page_1{},
-                                 {id("zerdix"), document, 2, 0, lent(compressed(block))}));
+        EXPECT_FALSE(put_block(document, 2, 0, compressed(block)));
+        EXPECT_FALSE(call(a_put_page_1{}, {me, document, 2, 0, lent(compressed(block))}));
     }
-    EXPECT_EQ(page_part(client, document, 2, 0, 1000), compressed(page_block(2))) << "stays";
+    EXPECT_EQ(page_part(document, 2, 0, 1000), compressed(page_block(2))) << "stays";
     // What isn't even a stream is kept, and not sent.
     for (const char* stored : {"", "no stream"}) {
-        ASSERT_TRUE(put_block(client, document, 2, 0, stored));
+        ASSERT_TRUE(put_block(document, 2, 0, stored));
         EXPECT_EQ(send(), 0);
     }
-    ASSERT_TRUE(put_block(client, document, 2, 0, compressed(good + "spare")));
-    ASSERT_TRUE(client.call(proc::a_insert_page_1{}, {id("zerdix"), document, 1}));
+    ASSERT_TRUE(put_block(document, 2, 0, compressed(good + "spare")));
+    ASSERT_TRUE(call(a_insert_page_1{}, {me, document, 1}));
     EXPECT_EQ(send(), 0);
-    document = create(client);
+    document = create();
     EXPECT_EQ(send(), 0);
 
     EXPECT_TRUE(server.jobs().empty());
@@ -226,8 +222,7 @@ TEST_F(Jobs, AreRefusedAsAWhole) {
 TEST_F(Jobs, TakeNoPageThatIsNoPicture) {
     const auto block_refused = [&](const std::string& page) {
         for (std::size_t at = 0, block = 1; at <= page.size(); at += 512, ++block)
-            if (!put_block(client, document, 3, static_cast<std::int32_t>(at),
-                           page.substr(at, 512)))
+            if (!put_block(document, 3, static_cast<std::int32_t>(at), page.substr(at, 512)))
                 return at + 512 > page.size() ? "the last" : block == 1 ? "the first" : "another";
         return "none";
     };
@@ -235,10 +230,9 @@ TEST_F(Jobs, TakeNoPageThatIsNoPicture) {
     for (unsigned i = 0, value = 1; i < 9 * 2048; ++i)
         long_page += static_cast<char>((value = value * 69069 + 1) >> 24);
     EXPECT_STREQ(block_refused(compressed(long_page.substr(0, long_page.size() - 1))), "the last");
-    EXPECT_EQ(page_size(client, document, 3), 0);
+    EXPECT_EQ(page_size(document, 3), 0);
     EXPECT_STREQ(block_refused(compressed(long_page)), "none");
-    EXPECT_EQ(page_size(client, document, 3),
-              static_cast<std::int32_t>(compressed(long_page).size()));
+    EXPECT_EQ(page_size(document, 3), static_cast<std::int32_t>(compressed(long_page).size()));
     const std::string high{"\0\0\0\x08\0\x01\x11\x70", 8}; // 8 by 70,000
     EXPECT_STREQ(block_refused(compressed(high + std::string(70'000, '\0'))), "the last");
     EXPECT_STREQ(block_refused(compressed(high + long_page + std::string(70'000, '\0'))),
@@ -248,28 +242,28 @@ TEST_F(Jobs, TakeNoPageThatIsNoPicture) {
 
 TEST_F(Jobs, CanBeChangedAndCancelledWhileTheyWait) {
     const std::int32_t done = send();
-    EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), done}));
-    EXPECT_FALSE(client.call(proc::a_restart_job_1{}, {id("zerdix"), done}));
+    EXPECT_FALSE(call(a_cancel_job_1{}, {me, done}));
+    EXPECT_FALSE(call(a_restart_job_1{}, {me, done}));
 
     record.sendtime = static_cast<std::int32_t>(std::time(nullptr) + 3600);
     const std::int32_t number = send();
     const auto picture = server.spool() / spool_name(number, "+4930123");
     const auto log_of = [&](std::int32_t sent) {
-        return get_log(client, sent, 0, "english_us", TOPF_S).lines.back();
+        return get_log(sent, 0, "english_us", TOPF_S).lines.back();
     };
     EXPECT_THAT(log_of(done), HasSubstr("spooled for"));
     EXPECT_THAT(log_of(number), HasSubstr("job for +49 30/123 waits until 20"));
     EXPECT_EQ(job(number).status, send_waiting);
-    EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("meier"), number}));
-    EXPECT_TRUE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
-    EXPECT_FALSE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
+    EXPECT_FALSE(call(a_cancel_job_1{}, {id("meier"), number}));
+    EXPECT_TRUE(call(a_cancel_job_1{}, {me, number}));
+    EXPECT_FALSE(call(a_cancel_job_1{}, {me, number}));
     EXPECT_FALSE(std::filesystem::exists(picture));
     EXPECT_EQ(job(number).status, send_cancelled);
 
-    a_chg_s_rec_i change{number, id("zerdix"), 5, field<str30>("new"), 0, {0}, 3, 2};
-    EXPECT_TRUE(client.call(proc::a_chg_s_rec_1{}, change));
-    EXPECT_TRUE(client.call(proc::a_restart_job_1{}, {id("zerdix"), number}));
-    EXPECT_FALSE(client.call(proc::a_chg_s_rec_1{}, change));
+    a_chg_s_rec_i change{number, me, 5, field<str30>("new"), 0, {0}, 3, 2};
+    EXPECT_TRUE(call(a_chg_s_rec_1{}, change));
+    EXPECT_TRUE(call(a_restart_job_1{}, {me, number}));
+    EXPECT_FALSE(call(a_chg_s_rec_1{}, change));
     const a_s_rec& changed = job(number);
     EXPECT_EQ(changed.status, send_spooled);
     EXPECT_EQ(changed.comment, "new");
@@ -292,18 +286,16 @@ TEST_F(Jobs, LeaveTheSpoolFolderAsItWasWhenTheStoreFails) {
     alphad::database& db = server.store().database();
     db.run("CREATE TRIGGER full BEFORE INSERT ON log_lines WHEN instr(NEW.line, x'2461732E') > 0 "
            "BEGIN SELECT raise(ABORT, 'database or disk is full'); END");
-    EXPECT_EQ(client.try_call(proc::a_send_doc_1{}, {id("zerdix"), document, record}), nullptr);
-    EXPECT_EQ(client.try_call(proc::a_print_doc_1{},
-                              {id("zerdix"), TOPF_P, document, 1, 1, id("laser1"), 1}),
-              nullptr);
-    EXPECT_EQ(client.try_call(proc::a_cancel_job_1{}, {id("zerdix"), number}), nullptr);
-    a_chg_s_rec_i change{number, id("zerdix"), 5, {}, record.sendtime, {0}, 3, 2};
-    EXPECT_EQ(client.try_call(proc::a_chg_s_rec_1{}, change), nullptr);
+    EXPECT_EQ(try_call(a_send_doc_1{}, {me, document, record}), nullptr);
+    EXPECT_EQ(try_call(a_print_doc_1{}, {me, TOPF_P, document, 1, 1, id("laser1"), 1}), nullptr);
+    EXPECT_EQ(try_call(a_cancel_job_1{}, {me, number}), nullptr);
+    a_chg_s_rec_i change{number, me, 5, {}, record.sendtime, {0}, 3, 2};
+    EXPECT_EQ(try_call(a_chg_s_rec_1{}, change), nullptr);
     EXPECT_EQ(read_tiff(picture).at(0).down, 196);
     using files = std::filesystem::directory_iterator;
     EXPECT_EQ(std::distance(files{server.spool()}, files{}), 1);
     db.run("DROP TRIGGER full");
-    EXPECT_TRUE(client.call(proc::a_cancel_job_1{}, {id("zerdix"), number}));
+    EXPECT_TRUE(call(a_cancel_job_1{}, {me, number}));
     EXPECT_TRUE(std::filesystem::is_empty(server.spool()));
 }
 

@@ -5,12 +5,12 @@
 #include "alphad/sending/drawn_page.h"
 #include "alphad/store/stored_record.h"
 #include "desk.h"
-#include "support/test_server.h"
 
 namespace zerdix {
 namespace {
 
 using namespace test;
+using namespace wire::proc;
 
 class PhoneBooks : public client_test {
   protected:
@@ -19,27 +19,20 @@ class PhoneBooks : public client_test {
     bool put_entry(std::string_view entry, nettypetype net = NETTYPE_FAX,
                    std::string_view user = "zerdix") {
         const o_tebul record{id("book"), id(entry), {}, {}, {}, {}, net};
-        return client.call(proc::o_put_tbookentry_1{}, {{}, id(user), record});
+        return call(o_put_tbookentry_1{}, {{}, id(user), record});
     }
 
     std::vector<std::string> entries(std::int32_t mask, str10 start, std::int32_t most) {
-        const auto& got =
-            client.call(proc::o_get_tbookl_1{}, {{}, id("zerdix"), id("book"), mask, start, most});
-        std::vector<std::string> ids;
-        for (auto* node = got.first; node != nullptr; node = node->next)
-            ids.emplace_back(node->entry.teleid.view());
-        EXPECT_EQ(got.count, static_cast<std::int32_t>(ids.size()));
-        return ids;
+        return each_of(call(o_get_tbookl_1{}, {{}, me, id("book"), mask, start, most}),
+                       [](const auto& node) { return std::string{node.entry.teleid.view()}; });
     }
 
     std::vector<std::string> members(str10 book, str10 entry, std::int32_t most) {
-        const auto& got = client.call(proc::o_get_tgrouplb_1{},
-                                      {{}, id("zerdix"), id("group"), {1}, book, entry, most});
-        std::vector<std::string> keys;
-        for (auto* node = got.first; node != nullptr; node = node->next)
-            keys.push_back(std::string{node->tmember.tbookid.view()} + ":" +
-                           std::string{node->tmember.teleid.view()});
-        return keys;
+        return each_of(call(o_get_tgrouplb_1{}, {{}, me, id("group"), {1}, book, entry, most}),
+                       [](const auto& node) {
+                           return std::string{node.tmember.tbookid.view()} + ":" +
+                                  std::string{node.tmember.teleid.view()};
+                       });
     }
 };
 
@@ -51,25 +44,25 @@ TEST_F(PhoneBooks, KeepARecordWhole) {
     book.perms = {{1, 0x80, 0xFF}};
     book.t_kind = -3;
     book.t_labels[9].assign_field(std::string(31, '\xe4'));
-    EXPECT_EQ(client.call(proc::o_get_tbook_1{}, {{}, {}, id("book")}).tbookid, "");
-    EXPECT_TRUE(client.call(proc::o_put_tbook_1{}, {{}, {}, book}));
-    const o_tebu& back = client.call(proc::o_get_tbook_1{}, {{}, {}, id("book")});
+    EXPECT_EQ(call(o_get_tbook_1{}, {{}, {}, id("book")}).tbookid, "");
+    EXPECT_TRUE(call(o_put_tbook_1{}, {{}, {}, book}));
+    const o_tebu& back = call(o_get_tbook_1{}, {{}, {}, id("book")});
     EXPECT_EQ(alphad::to_stored(back), alphad::to_stored(book));
     // Changing a book leaves its entries, removing it doesn't.
     EXPECT_TRUE(put_entry("a"));
-    EXPECT_TRUE(client.call(proc::o_put_tbook_1{}, {{}, {}, book}));
+    EXPECT_TRUE(call(o_put_tbook_1{}, {{}, {}, book}));
     EXPECT_EQ(entries(6, {}, 9), ids{"a"});
-    EXPECT_TRUE(client.call(proc::o_del_tbook_1{}, {{}, {}, id("book")}));
-    EXPECT_FALSE(client.call(proc::o_del_tbook_1{}, {{}, {}, id("book")}));
+    EXPECT_TRUE(call(o_del_tbook_1{}, {{}, {}, id("book")}));
+    EXPECT_FALSE(call(o_del_tbook_1{}, {{}, {}, id("book")}));
     EXPECT_EQ(entries(6, {}, 9), ids{});
     EXPECT_FALSE(put_entry("a"));
-    EXPECT_FALSE(client.call(proc::o_put_tbook_1{}, {{}, {}, {}}));
+    EXPECT_FALSE(call(o_put_tbook_1{}, {{}, {}, {}}));
 }
 
 TEST_F(PhoneBooks, ListEntriesByBlocksInTheOrderOfBytes) {
     o_tebu book{};
     book.tbookid.assign("book");
-    ASSERT_TRUE(client.call(proc::o_put_tbook_1{}, {{}, id("zerdix"), book}));
+    ASSERT_TRUE(call(o_put_tbook_1{}, {{}, me, book}));
     for (const char* entry : {"b", "a", "B", "ab", "\xe4", "zzzzzzzzzz", "zzzzzzzzz"})
         ASSERT_TRUE(put_entry(entry, *entry == 'a' ? NETTYPE_TELEX : NETTYPE_FAX));
     ASSERT_TRUE(put_entry("b"));
@@ -96,11 +89,10 @@ TEST_F(PhoneBooks, ListMembersByBothKeys) {
     o_tgroup group{};
     group.groupid.assign("group");
     const auto put = [&](std::string_view book, std::string_view entry) -> bool {
-        return client.call(proc::o_put_tgroupentry_1{},
-                           {{}, id("zerdix"), {id("group"), id(book), id(entry)}});
+        return call(o_put_tgroupentry_1{}, {{}, me, {id("group"), id(book), id(entry)}});
     };
     EXPECT_FALSE(put("a", "1"));
-    ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, id("zerdix"), group}));
+    ASSERT_TRUE(call(o_put_tgroup_1{}, {{}, me, group}));
     ASSERT_TRUE(put("b", "1"));
     ASSERT_TRUE(put("a", "9"));
     ASSERT_TRUE(put("a", "1"));
@@ -108,12 +100,12 @@ TEST_F(PhoneBooks, ListMembersByBothKeys) {
     EXPECT_EQ(members(id("a"), id("9"), 9), (ids{"a:9", "b:1"}));
     EXPECT_EQ(members(id("a"), id("5"), 1), ids{"a:9"});
     EXPECT_EQ(members({}, {}, 0), ids{});
-    const o_del_tgroupentry_i out{{}, id("zerdix"), id("group"), id("a"), id("9")};
-    EXPECT_TRUE(client.call(proc::o_del_tgroupentry_1{}, out));
-    EXPECT_FALSE(client.call(proc::o_del_tgroupentry_1{}, out));
-    EXPECT_TRUE(client.call(proc::o_del_tgroup_1{}, {{}, id("zerdix"), id("group")}));
+    const o_del_tgroupentry_i out{{}, me, id("group"), id("a"), id("9")};
+    EXPECT_TRUE(call(o_del_tgroupentry_1{}, out));
+    EXPECT_FALSE(call(o_del_tgroupentry_1{}, out));
+    EXPECT_TRUE(call(o_del_tgroup_1{}, {{}, me, id("group")}));
     EXPECT_EQ(members({}, {}, 9), ids{});
-    EXPECT_EQ(client.call(proc::o_get_tgroup_1{}, {{}, {}, id("group")}).groupid, "");
+    EXPECT_EQ(call(o_get_tgroup_1{}, {{}, {}, id("group")}).groupid, "");
 }
 
 // "owner" owns, "friend" is in the group, "guest" is neither.
@@ -135,16 +127,14 @@ class Rights : public PhoneBooks {
     }
     bool put_book(const char* user, opaque<3> perms, const char* owner = "owner",
                   const char* comment = "") {
-        return client.call(proc::o_put_tbook_1{}, {{}, id(user), book(perms, owner, comment)});
+        return call(o_put_tbook_1{}, {{}, id(user), book(perms, owner, comment)});
     }
     // Puts the book without asking anybody.
     void force(opaque<3> perms) { server.store().phone_books.put_book(book(perms, "owner", "")); }
-    bool reads(const char* user) {
-        return client.call(proc::o_get_tbooks_1{}, {{}, id(user)}).count == 1;
-    }
+    bool reads(const char* user) { return call(o_get_tbooks_1{}, {{}, id(user)}).count == 1; }
     bool adds(const char* user, const char* entry) { return put_entry(entry, NETTYPE_FAX, user); }
     bool deletes(const char* user, const char* entry) {
-        return client.call(proc::o_del_tbookentry_1{}, {{}, id(user), id("book"), id(entry)});
+        return call(o_del_tbookentry_1{}, {{}, id(user), id("book"), id(entry)});
     }
 };
 
@@ -162,13 +152,12 @@ TEST_F(Rights, AreTheUnionOfWhatAppliesToAUser) {
     for (const auto& [user, may] : cases) {
         SCOPED_TRACE(user);
         EXPECT_EQ(reads(user), may[0]);
-        EXPECT_EQ(client.call(proc::o_get_tbook_1{}, {{}, id(user), id("book")}).tbookid.empty(),
-                  !may[0]);
+        EXPECT_EQ(call(o_get_tbook_1{}, {{}, id(user), id("book")}).tbookid.empty(), !may[0]);
         EXPECT_EQ(adds(user, user), may[1]);
         ++entry.back();
-        EXPECT_EQ(client.call(proc::o_get_tbookentry_1{}, {{}, id(user), id("book"), id(entry), {}})
-                      .teleid.empty(),
-                  !may[0]);
+        EXPECT_EQ(
+            call(o_get_tbookentry_1{}, {{}, id(user), id("book"), id(entry), {}}).teleid.empty(),
+            !may[0]);
         EXPECT_EQ(deletes(user, entry.c_str()), may[2]);
     }
     EXPECT_FALSE(adds("friend", "friend")) << "changes what is there";
@@ -182,7 +171,7 @@ TEST_F(Rights, AreTheUnionOfWhatAppliesToAUser) {
 
 TEST_F(Rights, GuardTheRecordItself) {
     ASSERT_TRUE(put_book("friend", {}, "")) << "creating is free";
-    const o_tebu made = client.call(proc::o_get_tbook_1{}, {{}, id("friend"), id("book")});
+    const o_tebu made = call(o_get_tbook_1{}, {{}, id("friend"), id("book")});
     EXPECT_EQ(made.owner, "friend");
     EXPECT_EQ(made.perms, alphad::default_rights);
 
@@ -191,8 +180,8 @@ TEST_F(Rights, GuardTheRecordItself) {
     o_tebu bare{};
     bare.tbookid = id("book");
     bare.comment.assign("bare");
-    ASSERT_TRUE(client.call(proc::o_put_tbook_1{}, {{}, id("FAXADM"), bare}));
-    const o_tebu kept = client.call(proc::o_get_tbook_1{}, {{}, id("friend"), id("book")});
+    ASSERT_TRUE(call(o_put_tbook_1{}, {{}, id("FAXADM"), bare}));
+    const o_tebu kept = call(o_get_tbook_1{}, {{}, id("friend"), id("book")});
     EXPECT_EQ(kept.comment, "bare");
     EXPECT_EQ(kept.owner, "friend");
     EXPECT_EQ(kept.group, "team");
@@ -206,63 +195,61 @@ TEST_F(Rights, GuardTheRecordItself) {
     EXPECT_FALSE(put_book("guest", all, "owner", "both at once"));
     EXPECT_TRUE(put_book("owner", {{0x3F, 0x08, 0x00}}, "owner", "both at once"));
     EXPECT_FALSE(put_book("friend", all, "friend", "both at once"));
-    EXPECT_FALSE(client.call(proc::o_del_tbook_1{}, {{}, id("friend"), id("book")}));
-    EXPECT_TRUE(client.call(proc::o_del_tbook_1{}, {{}, id("owner"), id("book")}));
+    EXPECT_FALSE(call(o_del_tbook_1{}, {{}, id("friend"), id("book")}));
+    EXPECT_TRUE(call(o_del_tbook_1{}, {{}, id("owner"), id("book")}));
 }
 
 TEST_F(Rights, HoldForGroupsAndForSending) {
     o_tgroup group{};
     group.groupid = id("group");
     group.perms = {{0x3F, 0, 0}};
-    ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, id("owner"), group}));
+    ASSERT_TRUE(call(o_put_tgroup_1{}, {{}, id("owner"), group}));
     group.perms = {};
-    ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, id("owner"), group}));
-    ASSERT_TRUE(client.call(proc::o_put_tgroup_1{}, {{}, id("owner"), group})) << "still the owner";
-    EXPECT_FALSE(client.call(proc::o_put_tgroup_1{}, {{}, id("guest"), group}));
+    ASSERT_TRUE(call(o_put_tgroup_1{}, {{}, id("owner"), group}));
+    ASSERT_TRUE(call(o_put_tgroup_1{}, {{}, id("owner"), group})) << "still the owner";
+    EXPECT_FALSE(call(o_put_tgroup_1{}, {{}, id("guest"), group}));
     const auto add = [&](const char* user) {
-        return bool{client.call(proc::o_put_tgroupentry_1{},
-                                {{}, id(user), {id("group"), id("b"), id("e")}})};
+        return bool{call(o_put_tgroupentry_1{}, {{}, id(user), {id("group"), id("b"), id("e")}})};
     };
     const auto count = [&](const char* user) {
-        return client.call(proc::o_get_tgroupl_1{}, {{}, id(user), id("group"), {1}}).count;
+        return call(o_get_tgroupl_1{}, {{}, id(user), id("group"), {1}}).count;
     };
     EXPECT_FALSE(add("guest"));
     EXPECT_TRUE(add("owner"));
     EXPECT_EQ(count("owner"), 1);
     EXPECT_EQ(count("guest"), 0);
-    EXPECT_EQ(client.call(proc::o_get_tgroupsb_1{}, {{}, id("guest"), {}, 9}).count, 0);
-    EXPECT_FALSE(
-        client.call(proc::o_del_tgroupentry_1{}, {{}, id("guest"), id("group"), id("b"), id("e")}));
+    EXPECT_EQ(call(o_get_tgroupsb_1{}, {{}, id("guest"), {}, 9}).count, 0);
+    EXPECT_FALSE(call(o_del_tgroupentry_1{}, {{}, id("guest"), id("group"), id("b"), id("e")}));
 
     server.store().users.add("guest", "");
     force({{0x3F, 0, 0x01}});
     server.fill_book("book", 1);
-    const std::int32_t document = create(client, "guest");
-    ASSERT_TRUE(client.call(proc::a_put_page_1{},
-                            {id("guest"), document, 1, 0, lent(alphad::drawn_page("x", {}))}));
-    EXPECT_EQ(send_fax(client, document, "book:e000000", "guest"), 0);
+    const std::int32_t document = create("guest");
+    ASSERT_TRUE(
+        call(a_put_page_1{}, {id("guest"), document, 1, 0, lent(alphad::drawn_page("x", {}))}));
+    EXPECT_EQ(send_fax(document, "book:e000000", "guest"), 0);
     force({{0x3F, 0, 0x02}});
-    EXPECT_GT(send_fax(client, document, "book:e000000", "guest"), 0);
+    EXPECT_GT(send_fax(document, "book:e000000", "guest"), 0);
 }
 
-TEST(DemoData, HasWhatATryNeeds) {
-    test_server server;
-    raw_client client(server.program());
+using DemoData = client_test;
+
+TEST_F(DemoData, HasWhatATryNeeds) {
     const auto config = [&](std::string_view name, std::int16_t index) {
-        return std::string{client.call(proc::a_get_config_1{}, {id(name), index}).view()};
+        return std::string{call(a_get_config_1{}, {id(name), index}).view()};
     };
     EXPECT_EQ(config("PHONEBOOKB", 1), "30");
     EXPECT_EQ(config("PHONEBOOKB", 2), "");
     EXPECT_EQ(config("COVER", 1), "");
-    EXPECT_EQ(client.call(proc::a_get_tz_1{}, {}).tztexts[2], "CET-1CEST,M3.5.0,M10.5.0/3");
-    EXPECT_EQ(client.call(proc::o_get_tbooks_1{}, {}).count, 3);
-    EXPECT_EQ(client.call(proc::o_get_tgroups_1{}, {}).count, 2);
-    const auto& members = client.call(proc::o_get_tgroupl_1{}, {{}, {}, id("alle"), {1}});
+    EXPECT_EQ(call(a_get_tz_1{}, {}).tztexts[2], "CET-1CEST,M3.5.0,M10.5.0/3");
+    EXPECT_EQ(call(o_get_tbooks_1{}, {}).count, 3);
+    EXPECT_EQ(call(o_get_tgroups_1{}, {}).count, 2);
+    const auto& members = call(o_get_tgroupl_1{}, {{}, {}, id("alle"), {1}});
     EXPECT_EQ(members.count, 12);
     int telexes = 0;
     for (auto* node = members.first; node != nullptr; node = node->next) {
-        const auto& entry = client.call(proc::o_get_tbookentry_1{},
-                                        {{}, {}, node->tmember.tbookid, node->tmember.teleid, {1}});
+        const auto& entry =
+            call(o_get_tbookentry_1{}, {{}, {}, node->tmember.tbookid, node->tmember.teleid, {1}});
         EXPECT_EQ(entry.teleid, node->tmember.teleid);
         telexes += entry.nettype == NETTYPE_TELEX;
     }

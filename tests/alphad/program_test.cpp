@@ -9,32 +9,30 @@
 
 #include "alphad/sending/drawn_page.h"
 #include "desk.h"
-#include "support/test_server.h"
 
 namespace zerdix {
 namespace {
 
 using namespace test;
+using namespace wire::proc;
 using ::testing::HasSubstr;
 
 class Program : public testing::Test {
   protected:
     bool is_registered() {
-        sockaddr_in here{};
-        here.sin_family = AF_INET;
-        here.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        sockaddr_in here = loopback();
         return pmap_getport(&here, environment.program(), 1, IPPROTO_TCP) != 0;
     }
 
     // Arguments and results with bytes and chains, so that a leak would show at the end.
     void use_it() {
-        raw_client client(environment.program());
-        const std::int32_t document = create(client);
-        EXPECT_TRUE(put_block(client, document, 1, 0, "page"));
-        EXPECT_EQ(page_part(client, document, 1, 0, 100), "page");
-        EXPECT_TRUE(put_log(client, document, "line"));
-        EXPECT_EQ(get_log(client, document, 0).lines.size(), 1u);
-        EXPECT_EQ(client.call(proc::o_get_tgroupl_1{}, {{}, {}, id("alle"), {1}}).count, 12);
+        desk_client client(environment.program());
+        const std::int32_t document = client.create();
+        EXPECT_TRUE(client.put_block(document, 1, 0, "page"));
+        EXPECT_EQ(client.page_part(document, 1, 0, 100), "page");
+        EXPECT_TRUE(client.put_log(document, "line"));
+        EXPECT_EQ(client.get_log(document, 0).lines.size(), 1u);
+        EXPECT_EQ(client.call(o_get_tgroupl_1{}, {{}, {}, id("alle"), {1}}).count, 12);
     }
 
     scratch_folder folder;
@@ -59,21 +57,21 @@ TEST_F(Program, LosesNothingThatItAcknowledgedWhenKilled) {
     std::int32_t document = 0;
     {
         alphad_program program(data);
-        raw_client client(environment.program());
-        document = create(client);
+        desk_client client(environment.program());
+        document = client.create();
         for (std::int16_t page = 1; page <= 20; ++page)
-            ASSERT_TRUE(put_block(client, document, page, 0, std::string(9000, char('a' + page))));
-        ASSERT_TRUE(put_log(client, document, "the last line"));
+            ASSERT_TRUE(client.put_block(document, page, 0, std::string(9000, char('a' + page))));
+        ASSERT_TRUE(client.put_log(document, "the last line"));
         EXPECT_EQ(program.stop(SIGKILL), -SIGKILL);
     }
     EXPECT_TRUE(is_registered()); // the dead one's entry, to be replaced
     alphad_program program(data);
-    raw_client client(environment.program());
-    EXPECT_EQ(masks(client, document), std::vector<std::int32_t>(20, 1));
+    desk_client client(environment.program());
+    EXPECT_EQ(client.masks(document), std::vector<std::int32_t>(20, 1));
     for (std::int16_t page = 1; page <= 20; ++page)
-        EXPECT_EQ(page_part(client, document, page, 0, 16384), std::string(9000, char('a' + page)));
-    EXPECT_EQ(get_log(client, document, 0).lines, std::vector<std::string>{"the last line"});
-    EXPECT_GT(create(client), document);
+        EXPECT_EQ(client.page_part(document, page, 0, 16384), std::string(9000, char('a' + page)));
+    EXPECT_EQ(client.get_log(document, 0).lines, std::vector<std::string>{"the last line"});
+    EXPECT_GT(client.create(), document);
 }
 
 // Killed between the end of the work in the store and that in the spool folder.
@@ -170,61 +168,55 @@ TEST_F(Program, BringsOlderStoresUpToDate) {
                     HasSubstr((spool / "000002-1.tif").string()));
         EXPECT_EQ(program.errors().find("no passwords yet") != std::string::npos, first)
             << program.errors();
-        raw_client client(environment.program());
-        EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("zerdix")}).comment, "Clara");
-        EXPECT_EQ(client.call(proc::a_get_p_1{}, {id("zerdix"), 1}).p_text, "old");
-        EXPECT_EQ(login(client, "zerdix", "").status, 8);
-        EXPECT_EQ(masks(client, 1), (std::vector<std::int32_t>{1, 64}));
-        EXPECT_EQ(page_size(client, 1, 1), 70003);
-        EXPECT_EQ(page_part(client, 1, 1, 69998, 100), std::string(2, '\0') + "end");
-        EXPECT_FALSE(put_block(client, 1, 2, 4, "continues nothing"));
-        EXPECT_TRUE(client.call(proc::a_del_doc_1{}, {id("zerdix"), TOPF_P, 1, {1}}));
+        desk_client client(environment.program());
+        EXPECT_EQ(client.call(o_get_user_1{}, {{}, id("zerdix")}).comment, "Clara");
+        EXPECT_EQ(client.call(a_get_p_1{}, {id("zerdix"), 1}).p_text, "old");
+        EXPECT_EQ(client.login("zerdix", "").status, 8);
+        EXPECT_EQ(client.masks(1), (std::vector<std::int32_t>{1, 64}));
+        EXPECT_EQ(client.page_size(1, 1), 70003);
+        EXPECT_EQ(client.page_part(1, 1, 69998, 100), std::string(2, '\0') + "end");
+        EXPECT_FALSE(client.put_block(1, 2, 4, "continues nothing"));
+        EXPECT_TRUE(client.remove(1));
     }
 }
 
 TEST_F(Program, AddsUsersAndMessagesWhileItRuns) {
     alphad_program program(data);
-    raw_client client(environment.program());
+    desk_client client(environment.program());
     const auto run = [&](std::vector<std::string> words) {
         words.insert(words.end(), {"--data", data});
         return run_alphad(words);
     };
     const std::string secret = folder.path() / "secret";
-    std::ofstream(secret) << "Gr\xc3\xbc\xc3\x9f"
-                             "e\nnot this\n";
-    EXPECT_EQ(run({"user", "add", "neu", "--name", "J\xc3\xbcrgen"}).status, 0);
+    std::ofstream(secret) << "Grüß\nnot this\n";
+    EXPECT_EQ(run({"user", "add", "neu", "--name", "Jürgen"}).status, 0);
     EXPECT_EQ(run({"user", "add", "neu", "--name", "again"}).status, EX_DATAERR);
     EXPECT_EQ(run({"user", "add", "elevenchars", "--name", "x"}).status, EX_DATAERR);
     EXPECT_EQ(run({"user", "password", "nobody", "--password-file", secret}).status, EX_DATAERR);
-    EXPECT_THAT(run({"user", "list"}).output,
-                HasSubstr("neu\talpha\tJ\xc3\xbcrgen\tno password\n"));
-    EXPECT_EQ(login(client, "neu", "").status, 8);
+    EXPECT_THAT(run({"user", "list"}).output, HasSubstr("neu\talpha\tJürgen\tno password\n"));
+    EXPECT_EQ(client.login("neu", "").status, 8);
     EXPECT_EQ(run({"user", "password", "neu", "--password-file", secret}).status, 0);
-    EXPECT_EQ(login(client, "neu",
-                    "Gr\xfc\xdf"
-                    "e")
-                  .status,
-              0);
+    EXPECT_EQ(client.login("neu", "Gr\xfc\xdf").status, 0);
     const auto barcode = [&](std::string digits) {
         return run({"user", "barcode", "neu", std::move(digits)}).status;
     };
-    const auto& user_record = client.call(proc::o_get_user_1{}, {{}, id("neu")});
+    const auto& user_record = client.call(o_get_user_1{}, {{}, id("neu")});
     EXPECT_EQ(barcode("3023125900"), 0);
-    EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("neu")}).barcode, "3023125900");
+    EXPECT_EQ(client.call(o_get_user_1{}, {{}, id("neu")}).barcode, "3023125900");
     EXPECT_EQ(user_record.comment, "J\xfcrgen");
     for (const char* wrong : {"12a", "-1", "123456789012345678901"})
         EXPECT_NE(barcode(wrong), 0) << wrong;
     EXPECT_EQ(run({"user", "barcode", "nobody", "1"}).status, EX_DATAERR);
     EXPECT_EQ(barcode(""), 0);
-    EXPECT_EQ(client.call(proc::o_get_user_1{}, {{}, id("neu")}).barcode, "");
-    const std::int32_t stamp = client.call(proc::a_get_board_1{}, {}).stamp;
+    EXPECT_EQ(client.call(o_get_user_1{}, {{}, id("neu")}).barcode, "");
+    const std::int32_t stamp = client.call(a_get_board_1{}, {}).stamp;
     EXPECT_EQ(run({"board", "add", "new"}).status, 0);
-    EXPECT_EQ(client.call(proc::a_get_board_1{}, {0, stamp, {}}).first->text, "new");
+    EXPECT_EQ(client.call(a_get_board_1{}, {0, stamp, {}}).first->text, "new");
     EXPECT_EQ(run({"user"}).status, EX_USAGE);
     // What the program brings along beside the tests' data.
-    EXPECT_TRUE(client.call(proc::a_is_bif_1{}, {id("meier"), TOPF_E}));
-    const std::int32_t user = login(client, "zerdix", "zerdix").loginid;
-    const auto& incoming = client.call(proc::a_get_elist_1{}, {user, 0});
+    EXPECT_TRUE(client.call(a_is_bif_1{}, {id("meier"), TOPF_E}));
+    const std::int32_t user = client.login("zerdix", "zerdix").loginid;
+    const auto& incoming = client.call(a_get_elist_1{}, {user, 0});
     EXPECT_EQ(incoming.count, 2);
     EXPECT_EQ(incoming.first->record.e_value2, 2);
 }
@@ -233,10 +225,10 @@ TEST_F(Program, ShowsWhereTheFilesOfJobsLie) {
     const auto elsewhere = folder.path() / "elsewhere";
     const auto send = [&](std::vector<std::string> arguments) {
         alphad_program program(data, arguments);
-        raw_client client(environment.program());
-        const std::int32_t document = create(client);
-        EXPECT_TRUE(put_block(client, document, 1, 0, alphad::drawn_page("x", {})));
-        return spool_name(send_fax(client, document, "1"), "1");
+        desk_client client(environment.program());
+        const std::int32_t document = client.create();
+        EXPECT_TRUE(client.put_block(document, 1, 0, alphad::drawn_page("x", {})));
+        return spool_name(client.send_fax(document, "1"), "1");
     };
     const auto shows = [&](const std::filesystem::path& file, std::vector<std::string> more = {}) {
         more.insert(more.begin(), {"jobs", "--data", data});
@@ -261,21 +253,17 @@ TEST_F(Program, ShowsJobsAndSettingsWhileItRuns) {
         alphad::send_job job{7, "common:lager", {}, false, "000001-950.tif"};
         job.record.faxid = store.documents.create(TOPF_S, "zerdix");
         job.record.pages = 3;
-        job.record.comment.assign("\xdc"
-                                  "ber \"uns\"\n");
+        job.record.comment.assign("T\xfcr zu \"uns\"\n");
         job.record.phone.assign("950");
         store.jobs.put(job);
         store.logs.add(job.record.faxid, "a line");
     }
     const std::string table = run_alphad({"jobs", "--data", data}).output;
-    for (const char* part : {"common:lager", "950",
-                             "\xc3\x9c"
-                             "ber \"uns\" ",
-                             "spooled", "000001-950.tif", "a line"})
+    for (const char* part :
+         {"common:lager", "950", "Tür zu \"uns\" ", "spooled", "000001-950.tif", "a line"})
         EXPECT_THAT(table, HasSubstr(part));
     const std::string json = run_alphad({"jobs", "--json", "--data", data}).output;
-    EXPECT_THAT(json, HasSubstr("\"title\": \"\xc3\x9c"
-                                "ber \\\"uns\\\" \""));
+    EXPECT_THAT(json, HasSubstr("\"title\": \"Tür zu \\\"uns\\\" \""));
 
     EXPECT_EQ(run_alphad({"config", "COVER", "12", "--data", data}).status, 0);
     for (const char* wrong : {"-30", "30x", " 30", "4000000000"})
@@ -283,9 +271,9 @@ TEST_F(Program, ShowsJobsAndSettingsWhileItRuns) {
             EXPECT_EQ(run_alphad({"config", "--data", data, "--", size, wrong}).status, EX_DATAERR);
     EXPECT_EQ(run_alphad({"config", "--data", data, "PHONEBOOKB", "7"}).status, 0);
     EXPECT_EQ(run_alphad({"config", "--data", data, "JOURNALBLK", ""}).status, 0);
-    raw_client client(environment.program());
-    EXPECT_EQ(client.call(proc::a_get_config_1{}, {id("PHONEBOOKB"), 1}), "7");
-    EXPECT_EQ(client.call(proc::a_get_config_1{}, {id("COVER"), 1}), "12");
+    desk_client client(environment.program());
+    EXPECT_EQ(client.call(a_get_config_1{}, {id("PHONEBOOKB"), 1}), "7");
+    EXPECT_EQ(client.call(a_get_config_1{}, {id("COVER"), 1}), "12");
     EXPECT_NE(run_alphad({"jobs", "--data", folder.path() / "none"}).status, 0);
 }
 

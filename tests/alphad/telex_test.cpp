@@ -7,12 +7,12 @@
 
 #include "alphad/sending/telex_order.h"
 #include "desk.h"
-#include "support/test_server.h"
 
 namespace zerdix {
 namespace {
 
 using namespace test;
+using namespace wire::proc;
 
 std::string telex(const std::string& user, const std::string& phone, const std::string& time = " 0",
                   const std::string& title = "Hello") {
@@ -23,21 +23,20 @@ std::string telex(const std::string& user, const std::string& phone, const std::
 class Telex : public client_test {
   protected:
     bool print(const std::string& text) {
-        EXPECT_TRUE(put_block(client, document, 1, 0, text, ".winpr", 6));
-        return client.call(proc::a_print_doc_1{},
-                           {id(".winpr"), TOPF_P, document, 1, 1, id(".zerdixpr"), 1});
+        EXPECT_TRUE(put_block(document, 1, 0, text, ".winpr", 6));
+        return call(a_print_doc_1{}, {id(".winpr"), TOPF_P, document, 1, 1, id(".zerdixpr"), 1});
     }
 
-    std::int32_t document = create(client, ".winpr");
+    std::int32_t document = create(".winpr");
 };
 
 TEST_F(Telex, BecomesAJobOfItsUser) {
     ASSERT_TRUE(print(telex("meier", "common:hansen", " 0", "A # B")));
-    EXPECT_TRUE(client.call(proc::a_del_doc_1{}, {id(".winpr"), TOPF_P, document, {1}}));
+    EXPECT_TRUE(remove(document, ".winpr"));
     ASSERT_EQ(server.jobs().size(), 1u);
     const alphad::send_job job = server.jobs()[0];
     EXPECT_EQ(job.receiver, "common:hansen");
-    const a_s_rec record = client.call(proc::a_get_s_1{}, {id("meier"), job.record.faxid});
+    const a_s_rec record = call(a_get_s_1{}, {id("meier"), job.record.faxid});
     EXPECT_EQ(record.userid, "meier");
     EXPECT_EQ(record.comment, "A # B");
     EXPECT_EQ(record.phone, "402195");
@@ -48,11 +47,11 @@ TEST_F(Telex, BecomesAJobOfItsUser) {
               telex("meier", "common:hansen", " 0", "A # B"));
 
     // One for later can be given up.
-    ASSERT_EQ(document = create(client, ".winpr"), job.record.faxid + 1);
+    ASSERT_EQ(document = create(".winpr"), job.record.faxid + 1);
     ASSERT_TRUE(print(telex("meier", "99", "31.12.37 23:59:00")));
     const std::int32_t later = server.jobs().at(1).record.faxid;
-    EXPECT_TRUE(client.call(proc::a_cancel_job_1{}, {id("meier"), later}));
-    EXPECT_TRUE(client.call(proc::a_restart_job_1{}, {id("meier"), later}));
+    EXPECT_TRUE(call(a_cancel_job_1{}, {id("meier"), later}));
+    EXPECT_TRUE(call(a_restart_job_1{}, {id("meier"), later}));
 }
 
 TEST_F(Telex, WithoutANumberLiesOnTheDesk) {
@@ -60,7 +59,7 @@ TEST_F(Telex, WithoutANumberLiesOnTheDesk) {
     EXPECT_TRUE(server.jobs().empty());
     ASSERT_EQ(server.desk("meier").size(), 1u);
     EXPECT_EQ(server.desk("meier")[0].comment, "Hello");
-    EXPECT_EQ(masks(client, server.desk("meier")[0].id, "meier"), std::vector<std::int32_t>{64});
+    EXPECT_EQ(masks(server.desk("meier")[0].id, "meier"), std::vector<std::int32_t>{64});
 }
 
 TEST_F(Telex, IsRefusedWhenItsOrderIsNotSound) {

@@ -27,10 +27,9 @@ std::string content(const std::filesystem::path& path) {
 class ManPages : public testing::Test {
   protected:
     ManPages() {
-        for (const auto& entry : std::filesystem::directory_iterator(MAN_FOLDER)) {
+        for (const auto& entry : std::filesystem::directory_iterator(MAN_FOLDER))
             if (entry.path().extension() == ".1")
                 pages_.push_back(content(entry.path()));
-        }
     }
 
     // The page whose synopsis has the command, "doc list" without the program's name.
@@ -120,16 +119,16 @@ TEST_F(Completion, OffersCommandsOptionsValuesAndFiles) {
 }
 
 TEST(CommandLine, TellsWrongUsageOfTheCommandThatWasMeant) {
-    const outcome unknown = run_zerdix({"doc", "frob"});
-    EXPECT_EQ(unknown.status, app::exit_usage);
-    EXPECT_EQ(unknown.errors, "zerdix: \"frob\" is no command of zerdix doc\n"
-                              "Try \"zerdix doc --help\".\n");
-    const outcome missing = run_zerdix({"doc"});
-    EXPECT_EQ(missing.status, app::exit_usage);
-    EXPECT_THAT(missing.errors, HasSubstr("Usage: zerdix doc "));
-    EXPECT_EQ(run_zerdix({"completion", "tcsh"}).status, app::exit_usage);
-    EXPECT_THAT(run_zerdix({"completion", "zsh"}).output, testing::StartsWith("#compdef zerdix"));
-    EXPECT_THAT(run_zerdix({"completion", "fish"}).output, HasSubstr("complete -c zerdix"));
+    EXPECT_EQ(fails("doc frob", app::exit_usage, "").errors,
+              "zerdix: \"frob\" is no command of zerdix doc\nTry \"zerdix doc --help\".\n");
+    fails("doc", app::exit_usage, "Usage: zerdix doc ");
+    fails("completion tcsh", app::exit_usage, "");
+    EXPECT_THAT(zerdix("completion zsh").output, testing::StartsWith("#compdef zerdix"));
+    EXPECT_THAT(zerdix("completion fish").output, HasSubstr("complete -c zerdix"));
+    const auto help = zerdix("print --help");
+    EXPECT_EQ(help.status, 0);
+    EXPECT_THAT(help.output, HasSubstr("--group"));
+    EXPECT_EQ(zerdix("--version").status, 0);
 }
 
 } // namespace

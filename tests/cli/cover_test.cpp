@@ -23,7 +23,7 @@ class Cover : public desk_test {
         const std::string file = path("preview.png");
         EXPECT_EQ(answer("cover preview " + words + " -o " + file)["file"], file);
         bool had_shades = false;
-        return app::read_png(file, 1728, 2300, had_shades);
+        return read_png(file, 1728, 2300, had_shades);
     }
 
     // A PNG of one black square.
@@ -54,9 +54,9 @@ TEST_F(Cover, LooksAsItWillWhenItIsSent) {
     EXPECT_FALSE(has_ink(preview("-T Anfrage"), 398, 60)) << "nobody";
     EXPECT_THAT(zerdix("cover preview -o - -T", {std::string(31, 'x')}).errors,
                 HasSubstr("cut to 30"));
-    expect_failure("cover preview -o x.png --to common:nix", exit_no_receiver, "no entry nix");
+    fails("cover preview -o x.png --to common:nix", exit_no_receiver, "no entry nix");
 
-    const outcome sent =
+    const auto sent =
         zerdix("print --cover --paper 1 --to common:kanzlei -T Anfrage", {SAMPLE_PDF});
     ASSERT_EQ(sent.status, 0) << sent.errors;
     const auto job = server_.jobs().at(0);
@@ -71,7 +71,7 @@ TEST_F(Cover, LooksAsItWillWhenItIsSent) {
 }
 
 TEST_F(Cover, IsReplacedByItsOwnerAndOfferedByOthers) {
-    const std::string commands = write("commands", "#DRUCK#\r\nsetfaxstring=f\xc3\xbcr;600;100");
+    const std::string commands = write("commands", "#DRUCK#\r\nsetfaxstring=für;600;100");
     const std::string files = square(40) + ' ' + commands;
     EXPECT_TRUE(
         has_ink(preview("--form " + path("square.png") + " --commands " + commands), 100, 40));
@@ -94,21 +94,21 @@ TEST_F(Cover, IsReplacedByItsOwnerAndOfferedByOthers) {
         EXPECT_EQ(from_pdf.bits[at], 0) << at;
     EXPECT_TRUE(has_ink(from_pdf, 100, 40));
 
-    const std::string meier = " -U meier --password-file " + write("meier", "meier\n");
-    const auto offered = answer("cover install " + files + meier);
+    const auto offered = answer("cover install " + files + as_meier());
     EXPECT_EQ(offered["in_use"], false);
     EXPECT_NE(std::to_string(offered["id"].get<int>()), template_id());
-    EXPECT_THAT(zerdix("cover install " + files + meier).output, HasSubstr("alphad config COVER"));
+    EXPECT_THAT(zerdix("cover install " + files + as_meier()).output,
+                HasSubstr("alphad config COVER"));
     server_.set_config("COVER", std::to_string(offered["id"].get<int>()));
     EXPECT_TRUE(has_ink(preview(""), 100, 40)) << "others may read it";
 
-    expect_failure("cover install " + path("square.png"), exit_bad_data, "#DRUCK#",
-                   {write("none", "setdate=1;1;\n")});
+    fails("cover install " + path("square.png"), exit_bad_data, "#DRUCK#",
+          {write("none", "setdate=1;1;\n")});
     server_.set_config("COVER", "99");
-    expect_failure("print --cover --to 1", exit_no_input, "document 99, has no form", {SAMPLE_PDF});
+    fails("print --cover --to 1", exit_no_input, "document 99, has no form", {SAMPLE_PDF});
     server_.set_config("COVER", "");
-    expect_failure("cover preview -o x.png", exit_no_input, "names no cover template");
-    expect_failure("print --cover --to 1", exit_no_input, "names no cover template", {SAMPLE_PDF});
+    fails("cover preview -o x.png", exit_no_input, "names no cover template");
+    fails("print --cover --to 1", exit_no_input, "names no cover template", {SAMPLE_PDF});
     EXPECT_TRUE(server_.jobs().empty());
 }
 
@@ -130,16 +130,15 @@ TEST_F(Cover, ThatCantBeMadeIsToldAndLeavesOnlyWhatCanBeSent) {
     for (const auto& fault : faults) {
         const std::size_t jobs = server_.jobs().size();
         server_.refuse(fault.procedure, fault.nth);
-        expect_failure("print --cover --to 1 --to 2", exit_refused, fault.told, {SAMPLE_PDF});
+        fails("print --cover --to 1 --to 2", exit_refused, fault.told, {SAMPLE_PDF});
         EXPECT_EQ(server_.jobs().size() - jobs, fault.jobs) << fault.told;
         desk += fault.stays;
         EXPECT_EQ(server_.desk("zerdix").size(), desk) << fault.told;
     }
     const std::size_t jobs = server_.jobs().size();
     server_.store().pages.put_block({std::stoi(template_id()), 1, 0}, 0, "damaged");
-    expect_failure("print --cover --to 1", exit_bad_data, "the cover template, document ",
-                   {SAMPLE_PDF});
-    expect_failure("cover preview -o x.png", exit_bad_data, "form of the cover template is");
+    fails("print --cover --to 1", exit_bad_data, "the cover template, document ", {SAMPLE_PDF});
+    fails("cover preview -o x.png", exit_bad_data, "form of the cover template is");
     EXPECT_EQ(server_.jobs().size(), jobs);
     EXPECT_EQ(server_.desk("zerdix").size(), desk);
 }
@@ -156,18 +155,16 @@ TEST_F(Cover, LetterheadIsNamedForItsPaper) {
     EXPECT_EQ(page->size.height, 2286U);
 
     // Asked for before the first page: it went out bare, and the server was blamed for the other.
-    expect_failure("print --paper 3 --to 1", exit_no_input, "no letterhead for paper 3",
-                   {SAMPLE_PDF});
+    fails("print --paper 3 --to 1", exit_no_input, "no letterhead for paper 3", {SAMPLE_PDF});
     server_.store().pages.put_block({made["id"], 1, 0}, 0, "damaged");
-    expect_failure("print --paper 2 --to 1", exit_bad_data,
-                   "the letterhead for paper 2, document " + made["id"].dump() + ", is damaged",
-                   {SAMPLE_PDF});
-    EXPECT_EQ(zerdix("doc delete " + made["id"].dump()).status, 0);
-    expect_failure("print --paper 2 --to 1", exit_no_input, "has no form that you may read",
-                   {SAMPLE_PDF});
+    fails("print --paper 2 --to 1", exit_bad_data,
+          "the letterhead for paper 2, document " + made["id"].dump() + ", is damaged",
+          {SAMPLE_PDF});
+    done("doc delete " + made["id"].dump());
+    fails("print --paper 2 --to 1", exit_no_input, "has no form that you may read", {SAMPLE_PDF});
     EXPECT_TRUE(server_.jobs().empty());
-    expect_failure("letterhead install", exit_bad_data, "more than 1728 by 2286", {square(2000)});
-    expect_failure("letterhead install", exit_no_input, "can't be read", {path("no.pdf")});
+    fails("letterhead install", exit_bad_data, "more than 1728 by 2286", {square(2000)});
+    fails("letterhead install", exit_no_input, "can't be read", {path("no.pdf")});
 }
 
 } // namespace

@@ -3,11 +3,6 @@
 #ifndef ZERDIX_TESTS_CLI_DESK_TEST_H
 #define ZERDIX_TESTS_CLI_DESK_TEST_H
 
-#include <fstream>
-#include <sstream>
-#include <string>
-#include <vector>
-
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
@@ -31,31 +26,33 @@ class desk_test : public testing::Test {
         return server_.files().write(name, content);
     }
 
-    // Words with blanks between them, then the arguments as they are.
-    static outcome zerdix(const std::string& words, const std::vector<std::string>& more = {}) {
-        std::istringstream in(words);
-        std::vector<std::string> arguments;
-        for (std::string word; in >> word;)
-            arguments.push_back(word);
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        return run_zerdix(arguments);
+    // Behind a command: another user's.
+    std::string as_meier() const {
+        return " -U meier --password-file " + write("meier", "meier\r\n");
     }
 
     // What a command that succeeds prints with --json.
     static nlohmann::json answer(const std::string& words,
                                  const std::vector<std::string>& more = {}) {
-        const outcome result = zerdix(words + " --json", more);
-        EXPECT_EQ(result.status, 0) << words << ": " << result.errors;
-        EXPECT_TRUE(nlohmann::json::accept(result.output)) << words << ": " << result.output;
-        return nlohmann::json::parse(result.output, nullptr, false);
+        const auto json = nlohmann::json::parse(done(words + " --json", more), nullptr, false);
+        EXPECT_FALSE(json.is_discarded()) << words;
+        return json;
     }
 
-    // A command that fails with this code and says this.
-    static void expect_failure(const std::string& words, int code, const std::string& part,
-                               const std::vector<std::string>& more = {}) {
-        const outcome result = zerdix(words, more);
-        EXPECT_EQ(result.status, code) << words << ": " << result.errors;
-        EXPECT_THAT(result.errors, testing::HasSubstr(part)) << words;
+    // A command that succeeds and gives an object, or a list that begins with one, with these
+    // fields and maybe others.
+    static void shows(const std::string& words, const nlohmann::json& fields) {
+        const nlohmann::json found = answer(words);
+        const nlohmann::json& object = found.is_array() ? found.at(0) : found;
+        for (const auto& [name, value] : fields.items())
+            EXPECT_EQ(object.at(name), value) << words << ": " << name;
+    }
+
+    // What a command that succeeds prints.
+    static std::string done(const std::string& words, const std::vector<std::string>& more = {}) {
+        const auto result = zerdix(words, more);
+        EXPECT_EQ(result.status, 0) << words << ": " << result.errors;
+        return result.output;
     }
 
     test_server server_;

@@ -12,6 +12,7 @@
 namespace zerdix::test {
 namespace {
 
+using namespace app;
 using nlohmann::json;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -20,9 +21,11 @@ class Documents : public desk_test {
   protected:
     Documents() { alphad::add_demo_documents(server_.store()); }
 
-    // The outgoing document that a print makes. It waits, unless it goes at once.
+    // The outgoing document that a quiet print makes. It waits, unless it goes at once.
     int printed(const std::string& when = "2037-12-31 20:15") {
-        EXPECT_EQ(zerdix("print --to 123 --quiet --at", {when, SAMPLE_PDF}).status, 0);
+        const auto quiet = zerdix("print --to 123 --quiet --at", {when, SAMPLE_PDF});
+        EXPECT_EQ(quiet.status, 0);
+        EXPECT_EQ(quiet.output + quiet.errors, "");
         return server_.jobs().back().record.faxid;
     }
 
@@ -66,21 +69,17 @@ TEST_F(Documents, AreListedByPoolSelectionAndBlock) {
     EXPECT_EQ(zerdix("lpstat --errors").output, "no such documents\n");
     EXPECT_THAT(zerdix("doc list outgoing").output, HasSubstr("2037-12-31 20:15"));
     const int unread = ids("doc list incoming --new").front();
-    EXPECT_EQ(zerdix("doc read " + std::to_string(unread)).status, 0);
+    done("doc read " + std::to_string(unread));
     EXPECT_THAT(ids("doc list incoming --new"), testing::Not(testing::Contains(unread)));
-    expect_failure("doc list out --new", app::exit_usage, "--new is for");
-    expect_failure("doc list --block 3", app::exit_usage, "needs a pool");
+    fails("doc list out --new", exit_usage, "--new is for");
+    fails("doc list --block 3", exit_usage, "needs a pool");
 }
 
 TEST_F(Documents, AreTakenFromOneDeskToAnother) {
     const std::string in = std::to_string(ids("doc list incoming").front());
     const json copy = answer("doc copy in:" + in);
     const std::string id = std::to_string(copy.at("id").get<int>());
-    EXPECT_EQ(answer("doc comment " + id, {"\xc3\x9c"
-                                           "bersicht"})
-                  .at("title"),
-              "\xc3\x9c"
-              "bersicht");
+    EXPECT_EQ(answer("doc comment " + id, {"Übersicht"}).at("title"), "Übersicht");
     EXPECT_EQ(answer("doc public " + id + " on").at("public"), true);
     EXPECT_THAT(ids("doc list desk --public"), testing::Contains(copy.at("id").get<int>()));
     const json info = answer("doc info " + id + " in:" + in);
@@ -89,76 +88,69 @@ TEST_F(Documents, AreTakenFromOneDeskToAnother) {
     EXPECT_EQ(answer("doc combine " + id + ":1 in:" + in + ":1").at("pages"), 2);
     constexpr int copy_page = 16;
     server_.fail(copy_page, 2);
-    expect_failure("doc combine " + id + ":1 in:" + in + ":1", app::exit_unavailable,
-                   "was made, but only 1 of 2 pages could be copied to it");
-    EXPECT_EQ(zerdix("doc forward " + id + " --to meier").status, 0);
+    fails("doc combine " + id + ":1 in:" + in + ":1", exit_unavailable,
+          "was made, but only 1 of 2 pages could be copied to it");
+    done("doc forward " + id + " --to meier");
     write("password", "meier\n");
-    EXPECT_THAT(zerdix("doc list incoming --new -U meier").output, HasSubstr("\xc3\x9c"
-                                                                             "bersicht"));
-    expect_failure("doc delete -U meier " + id, app::exit_refused, "by its owner alone");
+    EXPECT_THAT(zerdix("doc list incoming --new -U meier").output, HasSubstr("Übersicht"));
+    fails("doc delete -U meier " + id, exit_refused, "by its owner alone");
     write("password", "zerdix\n");
-    expect_failure("doc forward " + id + " --to nobody", app::exit_refused, "no user nobody");
-    expect_failure("doc public in:" + in + " on", app::exit_usage, "only desk documents");
-    expect_failure("doc combine " + id + ":99", app::exit_no_input, "has only");
-    const outcome deleted = zerdix("doc delete 999999 " + id);
-    EXPECT_EQ(deleted.status, app::exit_no_input);
-    EXPECT_EQ(deleted.output, "desk document " + id + " deleted\n") << "the rest is done";
-    EXPECT_THAT(deleted.errors, HasSubstr("there is no document 999999"));
-    expect_failure("doc info x:1", app::exit_usage, "the pools are");
+    fails("doc forward " + id + " --to nobody", exit_refused, "no user nobody");
+    fails("doc public in:" + in + " on", exit_usage, "only desk documents");
+    fails("doc combine " + id + ":99", exit_no_input, "has only");
+    EXPECT_EQ(fails("doc delete 999999 " + id, exit_no_input, "there is no document 999999").output,
+              "desk document " + id + " deleted\n")
+        << "the rest is done";
+    fails("doc info x:1", exit_usage, "the pools are");
 }
 
 TEST_F(Documents, GiveTheirPagesAsFiles) {
     const std::string id = std::to_string(printed());
-    EXPECT_EQ(zerdix("doc page " + id + " -o " + path("all.tif")).status, 0);
+    done("doc page " + id + " -o " + path("all.tif"));
     EXPECT_THAT(tiff_widths("all.tif"), ElementsAre(1728, 1728, 1728));
     const json files = answer("doc page " + id + " 3,1-2 -o " + path("p%2d.png"));
     EXPECT_THAT(files.at("pages"), ElementsAre(3, 1, 2));
     EXPECT_THAT(read("p03.png"), testing::StartsWith("\x89PNG"));
     // The old command writes the same picture.
-    EXPECT_EQ(zerdix("page " + id + " 3 --pool out -o " + path("old.png")).status, 0);
+    done("page " + id + " 3 --pool out -o " + path("old.png"));
     EXPECT_EQ(read("old.png"), read("p03.png"));
-    expect_failure("doc page " + id + " -o " + path("x.png"), app::exit_usage, "must be a TIFF");
-    expect_failure("doc page " + id + " 1 -o x.jpg", app::exit_usage, "pages are written as");
-    expect_failure("doc page " + id + " 4 -o " + path("x.tif"), app::exit_no_input, "only 3");
-    expect_failure("doc page " + id + " 3-2 -o x.tif", app::exit_usage, "names no pages");
-    expect_failure("doc page " + id + " 1 -o " + path("no/x.tif"), app::exit_no_output, "x.tif");
-    expect_failure("doc page " + id + " 1 -o " + path("x.txt"), app::exit_no_input, "no text");
+    fails("doc page " + id + " -o " + path("x.png"), exit_usage, "must be a TIFF");
+    fails("doc page " + id + " 1 -o x.jpg", exit_usage, "pages are written as");
+    fails("doc page " + id + " 4 -o " + path("x.tif"), exit_no_input, "only 3");
+    fails("doc page " + id + " 3-2 -o x.tif", exit_usage, "names no pages");
+    fails("doc page " + id + " 1 -o " + path("no/x.tif"), exit_no_output, "x.tif");
+    fails("doc page " + id + " 1 -o " + path("x.txt"), exit_no_input, "no text");
     constexpr int get_page = 59;
     server_.drop(get_page, 4);
-    expect_failure("doc page " + id + " -o " + path("half.tif"), app::exit_unavailable,
-                   "connection to the server broke");
+    fails("doc page " + id + " -o " + path("half.tif"), exit_unavailable,
+          "connection to the server broke");
     EXPECT_FALSE(std::filesystem::exists(path("half.tif"))) << "half a file is taken away";
 }
 
 TEST_F(Documents, HaveSendJobsThatCanBeChanged) {
     const std::string id = std::to_string(printed());
-    EXPECT_EQ(zerdix("doc change --at night --priority 50 --retries 3 --resolution fine --title",
-                     {"Neu", id})
-                  .status,
-              0);
-    json job = answer("doc info " + id).at(0);
-    EXPECT_EQ(job.at("title"), "Neu");
-    EXPECT_EQ(job.at("priority"), 50);
-    EXPECT_EQ(job.at("retries_allowed"), 3);
-    EXPECT_EQ(job.at("resolution"), "fine");
-    EXPECT_EQ(job.at("night"), true);
-    EXPECT_EQ(job.at("send_at"), nullptr);
-    EXPECT_EQ(zerdix("doc change --no-night --at 2037-07-01T08:30 " + id).status, 0);
-    job = answer("doc info " + id).at(0);
-    EXPECT_EQ(job.at("send_at"), "2037-07-01T08:30:00+02:00");
-    EXPECT_EQ(job.at("title"), "Neu") << "what isn't named stays";
-    EXPECT_EQ(job.at("night"), false);
-    expect_failure("doc change --night --no-night " + id, app::exit_usage, "excludes");
+    done("doc change --at night --priority 50 --retries 3 --resolution fine --title", {"Neu", id});
+    shows("doc info " + id, {{"title", "Neu"},
+                             {"priority", 50},
+                             {"retries_allowed", 3},
+                             {"resolution", "fine"},
+                             {"night", true},
+                             {"send_at", nullptr}});
+    done("doc change --no-night --at 2037-07-01T08:30 " + id);
+    shows("doc info " + id, {{"title", "Neu"}, // what isn't named stays
+                             {"night", false},
+                             {"send_at", "2037-07-01T08:30:00+02:00"}});
+    fails("doc change --night --no-night " + id, exit_usage, "excludes");
     answer("doc comment " + id + " Neuer");
     EXPECT_EQ(answer("status").at(0).at("title"), "Neuer");
     EXPECT_EQ(zerdix("cancel " + id).output, "outgoing document " + id + " cancelled\n");
-    expect_failure("doc cancel " + id, app::exit_refused, "cancelled already");
-    EXPECT_EQ(zerdix("doc restart " + id).status, 0);
+    fails("doc cancel " + id, exit_refused, "cancelled already");
+    done("doc restart " + id);
     const std::string gone = std::to_string(printed("now"));
-    expect_failure("cancel " + gone, app::exit_refused, "gone out already");
-    expect_failure("doc change " + gone + " --at 23:59x", app::exit_usage, "--at");
-    expect_failure("doc change " + gone, app::exit_usage, "nothing is named");
-    expect_failure("doc log", app::exit_usage, "ID is required");
+    fails("cancel " + gone, exit_refused, "gone out already");
+    fails("doc change " + gone + " --at 23:59x", exit_usage, "--at");
+    fails("doc change " + gone, exit_usage, "nothing is named");
+    fails("doc log", exit_usage, "ID is required");
     EXPECT_THAT(answer("doc log " + gone).dump(), HasSubstr("123"));
     const std::size_t lines = answer("doc log " + gone).size();
     for (int i = 0; i < 1500; ++i) // more than the library gives at once, twice
@@ -172,13 +164,13 @@ TEST_F(Documents, GoToPrintersAndComeFromScanners) {
     const std::string in = std::to_string(ids("doc list incoming").front());
     const json print = answer("doc print in:" + in + " -d laser1 --pages 1 -n 2");
     EXPECT_EQ(print.at("copies"), 2);
-    expect_failure("doc print in:" + in + " -d laser1 --pages 1-99", app::exit_no_input, "page 99");
-    expect_failure("doc print in:" + in + " -d nobody", app::exit_refused, "no printer nobody");
+    fails("doc print in:" + in + " -d laser1 --pages 1-99", exit_no_input, "page 99");
+    fails("doc print in:" + in + " -d nobody", exit_refused, "no printer nobody");
     const json scan = answer("doc scan --scanner empfang --title Vertrag");
     ASSERT_TRUE(scan.at("id").is_number());
     EXPECT_EQ(answer("doc info desk:" + scan.at("id").dump()).at(0).at("title"), "Vertrag");
-    expect_failure("doc scan --scanner nobody", app::exit_refused, "no scanner nobody");
-    expect_failure("doc scan --scanner vertrieb", app::exit_refused, "busy");
+    fails("doc scan --scanner nobody", exit_refused, "no scanner nobody");
+    fails("doc scan --scanner vertrieb", exit_refused, "busy");
 }
 
 } // namespace

@@ -24,10 +24,8 @@ TEST(MergeText, CarriesEachOptionAsAPair) {
     options.priority = 100;
     options.retries = 0;
     options.resolution = "fine";
-    EXPECT_EQ(merge_text(options, "Gr\xfc\xdf"
-                                  "e"),
-              "#TITLE Gr\xfc\xdf"
-              "e##PAPER 3##PRIORITY 100##RETRIES 0##RESOLUTION FINE#"
+    EXPECT_EQ(merge_text(options, "Gr\xfc\xdf"),
+              "#TITLE Gr\xfc\xdf##PAPER 3##PRIORITY 100##RETRIES 0##RESOLUTION FINE#"
               "#PHONE +49 30 123456##PHONE common:kanzlei#");
     EXPECT_EQ(group_pair("kunden"), "#RECEIVERGROUP kunden#");
     EXPECT_EQ(merge_text({}, "Rechnung #7"), "") << "a title with a mark goes another way";

@@ -5,19 +5,15 @@
 #include <gmock/gmock.h>
 #include <png.h>
 
-#include <zerdix/journal.h>
-#include <zerdix/zerdix.h>
-
 #include "cli/program.h"
 #include "output/failure.h"
+#include "pages/codec_calls.h"
 #include "pictures/stored_page.h"
 #include "print/pdf_file.h"
 #include "support/test_server.h"
 
 namespace zerdix::test {
 namespace {
-
-using testing::HasSubstr;
 
 // A PNG as one byte a pixel, read by libpng's own short way.
 struct grey_picture {
@@ -42,15 +38,9 @@ grey_picture read_png(const std::string& path) {
 
 class Page : public testing::Test {
   protected:
-    outcome fetch(int document, int page, const std::string& pool) {
-        return run_zerdix({"page", std::to_string(document), std::to_string(page), "-o", output_,
-                           "--pool", pool});
-    }
-
-    void expect_failure(const outcome& result, int code, const std::string& part) {
-        EXPECT_EQ(result.status, code) << result.errors;
-        EXPECT_THAT(result.errors, HasSubstr(part));
-        EXPECT_FALSE(std::filesystem::exists(output_));
+    void refuses(const std::string& words, int code, const std::string& part) {
+        fails("page " + words + " -o", code, part, {output_});
+        EXPECT_FALSE(std::filesystem::exists(output_)) << part;
     }
 
     test_server server_;
@@ -58,10 +48,10 @@ class Page : public testing::Test {
 };
 
 TEST_F(Page, ComesBackPixelForPixel) {
-    ASSERT_EQ(run_zerdix({"print", SAMPLE_PDF, "--to", "1"}).status, 0);
-    const int document = server_.jobs().at(0).record.faxid;
+    ASSERT_EQ(zerdix("print --to 1", {SAMPLE_PDF}).status, 0);
+    const std::string document = std::to_string(server_.jobs().at(0).record.faxid);
     const std::vector<unsigned char> sent = app::pdf_file(SAMPLE_PDF).render(2);
-    ASSERT_EQ(fetch(document, 2, "out").status, 0);
+    ASSERT_EQ(zerdix("page " + document + " 2 --pool out -o", {output_}).status, 0);
     const grey_picture got = read_png(output_);
     ASSERT_EQ(got.width, 1728U);
     ASSERT_EQ(got.pixels.size() / 8 + 8, sent.size());
@@ -74,54 +64,34 @@ TEST_F(Page, ComesBackPixelForPixel) {
     }
     EXPECT_EQ(different, 0U);
     std::filesystem::remove(output_);
-    expect_failure(fetch(document, 4, "out"), app::exit_no_input, "has no page 4, only 3");
-    expect_failure(fetch(document, 1, "desk"), app::exit_no_input, "on the desk");
+    refuses(document + " 4 --pool out", app::exit_no_input, "has no page 4, only 3");
+    refuses(document + " 1 --pool desk", app::exit_no_input, "on the desk");
 }
 
 TEST_F(Page, IsToldWhenDamaged) {
-    ZERDIX session;
-    session.setUserId("zerdix");
-    ASSERT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
-    JOURNAL journal;
-    const std::int32_t document = journal.makeDoc();
-    unsigned char noise[] = "no page at all";
-    const page_dat page{sizeof noise, noise};
-    ASSERT_EQ(journal.putDocPage(document, 1, 0, &page), 0);
-    session.CleanupHostConnection();
-    expect_failure(fetch(document, 1, "desk"), app::exit_bad_data, "is damaged");
-}
-
-// A compressed block of single bytes: codes of 9 bits, fewer than would widen them.
-std::vector<unsigned char> compressed(const std::vector<unsigned char>& bytes) {
-    std::vector<unsigned char> stream{0x1f, 0x9d, 0x90};
-    unsigned long pending = 0;
-    unsigned bits = 0;
-    for (const unsigned char byte : bytes) {
-        pending |= static_cast<unsigned long>(byte) << bits;
-        for (bits += 9; bits >= 8; bits -= 8, pending >>= 8)
-            stream.push_back(static_cast<unsigned char>(pending));
-    }
-    stream.push_back(static_cast<unsigned char>(pending));
-    return stream;
+    alphad::store& store = server_.store();
+    const std::int32_t document = store.documents.create(TOPF_P, "zerdix");
+    store.pages.put_block({document, 1, 0}, 0, "no page at all");
+    refuses(std::to_string(document) + " 1 --pool desk", app::exit_bad_data, "is damaged");
 }
 
 TEST(StoredPage, MustHoldWhatItsHeaderPromises) {
-    const auto whole = compressed({0, 0, 0, 16, 0, 0, 0, 2, 0x01, 0x80, 0x0f, 0x00});
-    const app::page_picture picture = app::expand_page(whole.data(), whole.size());
+    const auto expand = [](const codec::bytes& block) {
+        const codec::bytes stream = *codec::compress(block);
+        return app::expand_page(stream.data(), stream.size());
+    };
+    const auto picture = expand({0, 0, 0, 16, 0, 0, 0, 2, 0x01, 0x80, 0x0f, 0x00});
     EXPECT_EQ(picture.width, 16U);
     EXPECT_EQ(picture.rows, 2U);
     EXPECT_THAT(picture.bits, testing::ElementsAre(0x80, 0x01, 0xf0, 0x00));
-    for (const auto& bytes :
-         std::vector<std::vector<unsigned char>>{{0, 0, 0, 16, 0, 0, 0, 2, 1, 2,
-                                                  3},                    // a byte is missing
-                                                 {0, 0, 0, 16, 0, 0, 0}, // the header is cut
-                                                 {0, 0, 0, 0, 0, 0, 0, 2, 1, 2}, // no width
-                                                 {0x7f, 0xff, 0xff, 0xff, 0, 0, 0, 2, 1,
-                                                  2}}) // a width beyond all bounds
-    {
-        const auto stream = compressed(bytes);
-        EXPECT_THROW(app::expand_page(stream.data(), stream.size()), app::failure);
-    }
+    const std::pair<const char*, codec::bytes> broken[] = {
+        {"a byte is missing", {0, 0, 0, 16, 0, 0, 0, 2, 1, 2, 3}},
+        {"the header is cut", {0, 0, 0, 16, 0, 0, 0}},
+        {"no width", {0, 0, 0, 0, 0, 0, 0, 2, 1, 2}},
+        {"a width beyond all bounds", {0x7f, 0xff, 0xff, 0xff, 0, 0, 0, 2, 1, 2}},
+    };
+    for (const auto& [what, block] : broken)
+        EXPECT_THROW(expand(block), app::failure) << what;
 }
 
 } // namespace

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 // Whole print jobs of the real program, and jobs that go wrong: nothing may stay on the desk.
 
-#include <fstream>
-#include <gmock/gmock.h>
-
-#include "cli/program.h"
+#include "cli/desk_test.h"
 #include "output/failure.h"
-#include "support/test_server.h"
 
 namespace zerdix::test {
 namespace {
 
+using namespace app;
+using alphad::verdict;
 using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
 
 // Procedures of the protocol.
 constexpr int make_document = 3;
@@ -19,43 +19,32 @@ constexpr int delete_document = 6;
 constexpr int send_document = 25;
 constexpr int put_page = 60;
 
-class Print : public testing::Test {
+class Print : public desk_test {
   protected:
-    outcome print(std::vector<std::string> options, const circumstances& around = {}) {
-        options.insert(options.begin(), {"print", SAMPLE_PDF});
-        return run_zerdix(options, around);
+    // A job that fails with this code, says this, and leaves nothing but so many send jobs.
+    program_result fails_cleanly(const std::string& words, int code, const std::string& part,
+                                 std::size_t jobs_left = 0, const circumstances& around = {}) {
+        auto result = fails("print " + words, code, part, {SAMPLE_PDF}, around);
+        EXPECT_THAT(server_.desk("zerdix"), IsEmpty()) << part;
+        EXPECT_EQ(server_.jobs().size(), jobs_left) << part;
+        return result;
     }
-
-    void expect_cleared(const outcome& result, int code, const std::string& part,
-                        std::size_t jobs_left = 0) {
-        EXPECT_EQ(result.status, code) << result.errors;
-        EXPECT_THAT(result.errors, HasSubstr(part));
-        EXPECT_THAT(server_.desk("zerdix"), testing::IsEmpty());
-        EXPECT_EQ(server_.jobs().size(), jobs_left);
-    }
-
-    test_server server_;
 };
 
 TEST_F(Print, ReachesEveryReceiverWithItsSettings) {
-    const outcome result =
-        print({"--to", "+49 30 123456", "--to", "common:kanzlei", "--group", "kunden", "--title",
-               "Angebot \xc3\xbc"
-               "ber #1",
-               "--priority", "100", "--retries", "5", "--resolution", "normal", "--at",
-               "2037-12-31 20:15"});
-    EXPECT_EQ(result.status, 0) << result.errors;
+    const auto result = zerdix(
+        "print --to common:kanzlei --group kunden --priority 100 "
+        "--retries 5 --resolution normal --to",
+        {"+49 30 123456", "--title", "Angebot für #1", "--at", "2037-12-31 20:15", SAMPLE_PDF});
+    EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.output, "page 1 of 3 stored\npage 2 of 3 stored\npage 3 of 3 stored\n"
                              "sending to 6 receivers\n" SAMPLE_PDF ": 3 pages, 6 send jobs made\n");
     EXPECT_EQ(result.errors, "");
-    EXPECT_THAT(server_.desk("zerdix"), testing::IsEmpty());
-    const auto jobs = server_.jobs();
-    ASSERT_EQ(jobs.size(), 6U);
+    EXPECT_THAT(server_.desk("zerdix"), IsEmpty());
     std::vector<std::string> receivers;
-    for (const auto& job : jobs) {
+    for (const auto& job : server_.jobs()) {
         receivers.push_back(job.receiver);
-        EXPECT_EQ(job.record.comment.view(), "Angebot \xfc"
-                                             "ber #1");
+        EXPECT_EQ(job.record.comment.view(), "Angebot f\xfcr #1");
         EXPECT_EQ(job.record.priority, 32767);
         EXPECT_EQ(job.record.maxretries, 5);
         EXPECT_EQ(job.record.resolution, 2);
@@ -67,50 +56,44 @@ TEST_F(Print, ReachesEveryReceiverWithItsSettings) {
                                                          "private:kunde1", "private:kunde2"));
 }
 
-TEST_F(Print, SaysNothingWhenQuiet) {
-    const outcome result = print({"--to", "1", "--quiet"});
-    EXPECT_EQ(result.status, 0);
-    EXPECT_EQ(result.output + result.errors, "");
-    EXPECT_EQ(server_.jobs().size(), 1U);
-}
-
 TEST_F(Print, TellsReceiversThatCantBeReachedBeforeAPageGoes) {
-    const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
-        {{"--to", "common:nobody"}, "no entry common:nobody"},
-        {{"--to", "common:hansen"}, "telex"},
-        {{"--to", "1", "--group", "nobody"}, "the group nobody"},
+    for (const auto& [words, code, part] :
+         {std::tuple{"", exit_no_dialog, "no receiver is named"},
+          {"--to common:nobody", exit_no_receiver, "no entry common:nobody"},
+          {"--to common:hansen", exit_no_receiver, "telex"},
+          {"--to 1 --group nobody", exit_no_receiver, "the group nobody"},
+          {"--to 1 --at 2020-01-01T12:00", exit_usage, "is over"}})
+        EXPECT_EQ(fails_cleanly(words, code, part).output, "") << part;
+    EXPECT_THAT(server_.calls(), Not(testing::Contains(make_document)));
+}
+
+TEST_F(Print, NamesTheStepThatFailed) {
+    const struct {
+        int procedure, nth;
+        verdict said;
+        exit_code code;
+        const char* told;
+        std::size_t jobs_left = 0;
+    } steps[] = {
+        {make_document, 1, verdict::refuse, exit_refused,
+         "creating the document failed: the server refused it"},
+        {put_page, 2, verdict::refuse, exit_refused, "storing page "},
+        {put_page, 2, verdict::drop, exit_unavailable, "the connection to the server broke"},
+        {delete_document, 1, verdict::refuse, exit_refused,
+         "deleting the document after sending failed: the server refused it; "
+         "1 of 1 send jobs had been made",
+         1},
     };
-    for (const auto& [options, part] : cases) {
-        const outcome result = print(options);
-        expect_cleared(result, app::exit_no_receiver, part);
-        EXPECT_EQ(result.output, "");
+    for (const auto& step : steps) {
+        server_.spoil(step.procedure, step.nth, step.said);
+        fails_cleanly("--to 1", step.code, step.told, step.jobs_left);
     }
-    expect_cleared(print({"--to", "1", "--at", "2020-01-01 12:00"}), app::exit_usage, "is over");
-    EXPECT_THAT(server_.calls(), testing::Not(testing::Contains(make_document)));
-}
-
-TEST_F(Print, NeedsAReceiver) {
-    expect_cleared(print({}), app::exit_no_dialog, "no receiver is named");
-}
-
-TEST_F(Print, NamesTheStepThatTheServerRefused) {
-    server_.refuse(make_document);
-    expect_cleared(print({"--to", "1"}), app::exit_refused,
-                   "creating the document failed: the server refused it");
-    server_.refuse(put_page, 2);
-    expect_cleared(print({"--to", "1"}), app::exit_refused, "storing page ");
-    server_.refuse(delete_document);
-    expect_cleared(print({"--to", "1"}), app::exit_refused,
-                   "deleting the document after sending failed: the server refused it; "
-                   "1 of 1 send jobs had been made",
-                   1);
 }
 
 // The last receiver goes first. A number that stands twice is two receivers.
 TEST_F(Print, NamesTheCommandThatSendsTheRest) {
     server_.refuse(send_document, 2);
-    const outcome refused = print({"--to", "1", "--to", "2", "--to", "1"});
-    EXPECT_EQ(refused.status, app::exit_refused);
+    const auto refused = fails("print --to 1 --to 2 --to 1", exit_refused, "", {SAMPLE_PDF});
     ASSERT_EQ(server_.desk("zerdix").size(), 1U);
     const std::string id = std::to_string(server_.desk("zerdix")[0].id);
     EXPECT_THAT(refused.errors,
@@ -120,90 +103,72 @@ TEST_F(Print, NamesTheCommandThatSendsTheRest) {
                           " --to \"1\" --to \"2\" sends it to the rest"));
     // The reply is lost, the send job is made or not: the server knows.
     server_.drop(send_document, 1);
-    const outcome lost = print({"--to", "1", "--to", "2"});
-    EXPECT_EQ(lost.status, app::exit_unavailable);
-    EXPECT_THAT(lost.errors, HasSubstr("sending to 2 failed: the connection to the server broke; "
-                                       "0 of 2 send jobs had been made"));
+    fails("print --to 1 --to 2", exit_unavailable,
+          "sending to 2 failed: the connection to the server broke; 0 of 2 send jobs had been made",
+          {SAMPLE_PDF});
     EXPECT_EQ(server_.jobs().size(), 1U);
-    server_.lose_reply(send_document);
-    EXPECT_THAT(
-        print({"--to", "1", "--to", "2"}).errors,
-        testing::ContainsRegex("sending failed: the connection to the server broke; 1 of 2 send "
-                               "jobs had been made; document .* --to \"1\" sends it to the rest"));
-    EXPECT_EQ(server_.jobs().size(), 2U);
 
-    const std::string password = server_.folder() / "password";
-    std::ofstream(password) << "zerdix\n";
-    const auto send = [&](std::vector<std::string> options) {
-        options.insert(options.begin(), {"send", "desk:" + id, "--password-file", password});
-        return run_zerdix(options);
-    };
-    const outcome sent =
-        send({"--to", "1", "--to", "2", "--group", "kunden", "--at", "night", "--priority", "100"});
-    EXPECT_EQ(sent.status, 0) << sent.errors;
+    const std::string sent =
+        done("send desk:" + id + " --to 1 --to 2 --group kunden --at night --priority 100");
     const auto jobs = server_.jobs();
-    EXPECT_THAT(sent.output, HasSubstr(std::to_string(jobs.size() - 2) + " send jobs made"));
-    ASSERT_GT(jobs.size(), 4U);
-    EXPECT_EQ(jobs[2].receiver, "1");
-    EXPECT_EQ(jobs[2].record.priority, 32767);
-    EXPECT_TRUE(jobs[2].record.nighttariff);
-    EXPECT_EQ(jobs[2].record.pages, 3);
+    EXPECT_THAT(sent, HasSubstr(std::to_string(jobs.size() - 1) + " send jobs made"));
+    ASSERT_GT(jobs.size(), 3U);
+    EXPECT_EQ(jobs[1].receiver, "1");
+    EXPECT_EQ(jobs[1].record.priority, 32767);
+    EXPECT_TRUE(jobs[1].record.nighttariff);
+    EXPECT_EQ(jobs[1].record.pages, 3);
     server_.refuse(send_document, 2);
-    EXPECT_THAT(send({"--to", "7", "--to", "8", "--to", "9"}).errors,
-                HasSubstr("sending to 8 failed: the server refused it; 1 of 3 send jobs had been "
-                          "made; zerdix send " +
-                          id + " --to \"8\" --to \"9\" sends it to the rest"));
+    fails("send desk:" + id + " --to 7 --to 8 --to 9", exit_refused,
+          "sending to 8 failed: the server refused it; 1 of 3 send jobs had been made; zerdix "
+          "send " +
+              id + " --to \"8\" --to \"9\" sends it to the rest");
     // Here, too; send jobs that were made of the document before don't count.
     server_.drop(send_document, 2);
-    EXPECT_THAT(send({"--to", "7", "--to", "8"}).errors,
-                HasSubstr("sending to 8 failed: the connection to the server broke; 1 of 2 send "
-                          "jobs had been made; zerdix send " +
-                          id + " --to \"8\" sends"));
+    fails(
+        "send desk:" + id + " --to 7 --to 8", exit_unavailable,
+        "sending to 8 failed: the connection to the server broke; 1 of 2 send jobs had been made; "
+        "zerdix send " +
+            id + " --to \"8\" sends");
     server_.lose_reply(send_document, 2);
-    EXPECT_THAT(send({"--to", "7", "--to", "8", "--to", "9"}).errors,
-                HasSubstr("sending failed: the connection to the server broke; 2 of 3 send jobs "
-                          "had been made; zerdix send " +
-                          id + " --to \"9\" sends"));
+    fails("send desk:" + id + " --to 7 --to 8 --to 9", exit_unavailable,
+          "sending failed: the connection to the server broke; 2 of 3 send jobs had been made; "
+          "zerdix send " +
+              id + " --to \"9\" sends");
     EXPECT_EQ(server_.jobs().size(), jobs.size() + 4);
+}
+
+TEST_F(Print, FindsTheSendJobWhoseReplyWasLost) {
+    server_.lose_reply(send_document, 2);
+    fails("print --to 1 --to 2", exit_unavailable, "2 of 2 send jobs had been made", {SAMPLE_PDF});
+    EXPECT_EQ(server_.jobs().size(), 2U);
 }
 
 TEST_F(Print, SaysWhenADocumentStays) {
     server_.refuse(delete_document, 1);
     server_.refuse(delete_document, 2);
-    const outcome result = print({"--to", "1"});
-    EXPECT_EQ(result.status, app::exit_refused);
-    const auto desk = server_.desk("zerdix");
-    ASSERT_EQ(desk.size(), 1U);
-    EXPECT_THAT(result.errors, HasSubstr("couldn't be deleted and stays on the desk of zerdix"));
+    fails("print --to 1", exit_refused, "couldn't be deleted and stays on the desk of zerdix",
+          {SAMPLE_PDF});
+    EXPECT_EQ(server_.desk("zerdix").size(), 1U);
 }
 
 // The server can't be asked: no document can be made that tells how far its ids have come.
 TEST_F(Print, SaysWhatItCantKnow) {
     server_.drop(send_document, 2);
     server_.fail(make_document, 2);
-    const outcome result = print({"--to", "1", "--to", "2", "--to", "1"});
-    EXPECT_EQ(result.status, app::exit_unavailable);
-    EXPECT_THAT(result.errors,
-                HasSubstr("sending to 2 failed: the connection to the server broke; at least 1 and "
-                          "at most 2 of 3 send jobs were made, \"zerdix doc list outgoing\" shows "
-                          "them"));
+    fails("print --to 1 --to 2 --to 1", exit_unavailable,
+          "sending to 2 failed: the connection to the server broke; at least 1 and at most 2 of 3 "
+          "send jobs were made, \"zerdix doc list outgoing\" shows them",
+          {SAMPLE_PDF});
     EXPECT_EQ(server_.jobs().size(), 1U);
-}
-
-TEST_F(Print, GetsOverABrokenConnection) {
-    server_.drop(put_page, 2);
-    expect_cleared(print({"--to", "1"}), app::exit_unavailable,
-                   "the connection to the server broke");
 }
 
 TEST_F(Print, TakesTheDocumentBackWhenInterrupted) {
     for (const int signal : {SIGINT, SIGTERM}) {
         server_.stall(put_page, 4, 1);
-        const outcome result =
-            print({"--to", "1"},
-                  {.disturb = disturbance{"page 1 of 3 stored", signal}, .without_network = false});
-        expect_cleared(result, app::exit_interrupted, "interrupted; nothing was sent");
-        EXPECT_THAT(result.output, testing::Not(HasSubstr("page 3 of 3")));
+        const auto result =
+            fails_cleanly("--to 1", exit_interrupted, "interrupted; nothing was sent", 0,
+                          {.disturb = disturbance{"page 1 of 3 stored", signal}});
+        EXPECT_THAT(result.output, Not(HasSubstr("page 3 of 3")));
     }
 }
 

@@ -7,13 +7,9 @@
 #include <string>
 #include <vector>
 
-namespace zerdix::test {
+#include "support/child_program.h"
 
-struct outcome {
-    int status; // exit status, or minus the signal that ended it
-    std::string output;
-    std::string errors;
-};
+namespace zerdix::test {
 
 struct disturbance {
     std::string after; // once this stands on standard output,
@@ -21,12 +17,19 @@ struct disturbance {
 };
 
 struct circumstances {
-    std::optional<disturbance> disturb;
+    std::optional<disturbance> disturb = {};
     bool without_network = false; // in a network of its own where nothing answers
+    int input = -1;               // a file to be its standard input
 };
 
-// Runs it to its end. Status 125: the circumstances can't be had on this machine.
-outcome run_zerdix(const std::vector<std::string>& arguments, const circumstances& = {});
+// Runs it to its end, with the words that have blanks between them, then the arguments as they
+// are. Status 125: the circumstances can't be had on this machine.
+program_result zerdix(const std::string& words, const std::vector<std::string>& more = {},
+                      const circumstances& around = {});
+
+// A command that fails with this code and says this.
+program_result fails(const std::string& words, int code, const std::string& part,
+                     const std::vector<std::string>& more = {}, const circumstances& around = {});
 
 } // namespace zerdix::test
 

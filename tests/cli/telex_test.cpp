@@ -8,6 +8,7 @@
 namespace zerdix::test {
 namespace {
 
+using namespace app;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
@@ -25,13 +26,11 @@ class Telex : public desk_test {
         return all;
     }
 
-    const std::string order_ = write("order.txt", "Gr\xc3\xbc\xc3\x9f"
-                                                  "e\r\n" +
-                                                      std::string(70, 'x') + "\n");
+    const std::string order_ = write("order.txt", "Grüß\r\n" + std::string(70, 'x') + "\n");
 };
 
 TEST_F(Telex, ReachesItsReceiversInTheirOrder) {
-    const outcome result =
+    const auto result =
         zerdix("telex --to 402195 --to common:hansen --group alle --title Bestellung --retries 3",
                {order_});
     EXPECT_EQ(result.status, 0) << result.errors;
@@ -43,58 +42,51 @@ TEST_F(Telex, ReachesItsReceiversInTheirOrder) {
     EXPECT_EQ(job.record.nettype, NETTYPE_TELEX);
     EXPECT_EQ(job.record.comment.view(), "Bestellung");
     EXPECT_EQ(job.record.maxretries, 3);
-    std::ifstream spooled(server_.spool() / job.spool, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(spooled), {}};
-    EXPECT_THAT(text, testing::EndsWith("#RETRIES 3#\nGr\xfc\xdf"
-                                        "e\r\n" +
-                                        std::string(70, 'x') + "\n"));
+    EXPECT_THAT(read("spool/" + job.spool),
+                testing::EndsWith("#RETRIES 3#\nGr\xfc\xdf\r\n" + std::string(70, 'x') + "\n"));
 }
 
 TEST_F(Telex, IsRefusedBeforeAnythingIsStored) {
-    expect_failure("telex", app::exit_no_dialog, "no receiver is named", {order_});
-    expect_failure("telex --to common:kanzlei", app::exit_no_receiver, "no telex", {order_});
-    expect_failure("telex --group kunden", app::exit_no_receiver, "no telex receiver", {order_});
-    expect_failure("telex --to 1 --at night", app::exit_usage, "cheap tariff", {order_});
-    expect_failure("telex --to 1", app::exit_bad_data, "is empty", {write("empty", "\n \n")});
-    expect_failure("telex --to 1", app::exit_bad_data, "isn't a text", {write("pdf", "%PDF-1.4")});
-    expect_failure("telex --to 1", app::exit_no_input, "nowhere", {path("nowhere")});
+    fails("telex", exit_no_dialog, "no receiver is named", {order_});
+    fails("telex --to common:kanzlei", exit_no_receiver, "no telex", {order_});
+    fails("telex --group kunden", exit_no_receiver, "no telex receiver", {order_});
+    fails("telex --to 1 --at night", exit_usage, "cheap tariff", {order_});
+    fails("telex --to 1", exit_bad_data, "is empty", {write("empty", "\n \n")});
+    fails("telex --to 1", exit_bad_data, "isn't a text", {write("pdf", "%PDF-1.4")});
+    fails("telex --to 1", exit_no_input, "nowhere", {path("nowhere")});
     EXPECT_THAT(server_.calls(), testing::Not(testing::Contains(print_document)));
 }
 
 TEST_F(Telex, NamesTheStepThatFailedAndLeavesNoDocument) {
     server_.refuse(print_document, 2);
-    expect_failure("telex --to 1 --to 2 --to 3", app::exit_refused,
-                   "the telex to 2 failed: the server refused it; 1 of 3 telexes had been handed "
-                   "over",
-                   {order_});
+    fails("telex --to 1 --to 2 --to 3", exit_refused,
+          "the telex to 2 failed: the server refused it; 1 of 3 telexes had been handed "
+          "over",
+          {order_});
     EXPECT_THAT(receivers(), ElementsAre("1"));
     EXPECT_THAT(server_.desk(".winpr"), testing::IsEmpty());
     server_.refuse(delete_document);
-    expect_failure("telex --to 4", app::exit_refused, "deleting the document of the telex",
-                   {order_});
+    fails("telex --to 4", exit_refused, "deleting the document of the telex", {order_});
     EXPECT_THAT(server_.desk(".winpr"), testing::IsEmpty()) << "the second try has it";
     server_.refuse(make_document);
-    expect_failure("telex --to 5", app::exit_refused, "making the document", {order_});
+    fails("telex --to 5", exit_refused, "making the document", {order_});
     server_.drop(print_document);
-    expect_failure("telex --to 6", app::exit_unavailable,
-                   "0 of 1 telexes had been handed over, and whether this one was isn't known",
-                   {order_});
+    fails("telex --to 6", exit_unavailable,
+          "0 of 1 telexes had been handed over, and whether this one was isn't known", {order_});
 }
 
 TEST(TelexText, TellsWhatIsLostAndWhatIsLong) {
     const std::string wide(69, 'w');
-    const app::telex_text good = app::make_telex("\xEF\xBB\xBF" + wide + "\r\n\nende");
+    const telex_text good = make_telex("\xEF\xBB\xBF" + wide + "\r\n\nende");
     EXPECT_EQ(good.text, wide + "\r\n\nende");
     EXPECT_EQ(good.lines, 3);
     EXPECT_THAT(good.remarks, ElementsAre());
-    const app::telex_text odd = app::make_telex("a\n\xe2\x98\x8e\n" + wide + "w\n\xe2\x98\x8e\n");
+    const telex_text odd = make_telex("a\n\xe2\x98\x8e\n" + wide + "w\n\xe2\x98\x8e\n");
     EXPECT_EQ(odd.text, "a\n?\n" + wide + "w\n?\n");
     EXPECT_THAT(odd.remarks, ElementsAre(HasSubstr("\"?\": 2 lines from line 2 on"),
                                          HasSubstr("stands: line 3")));
-    const app::telex_text old = app::make_telex("Gr\xfc\xdf"
-                                                "e\n");
-    EXPECT_EQ(old.text, "Gr\xfc\xdf"
-                        "e\n");
+    const telex_text old = make_telex("Gr\xfc\xdf\n");
+    EXPECT_EQ(old.text, "Gr\xfc\xdf\n");
     EXPECT_THAT(old.remarks, ElementsAre(HasSubstr("taken for Windows-1252")));
 }
 

@@ -27,11 +27,17 @@ answers answers_of() {
     brim.to_the_brim = true;
     more.count = std::numeric_limits<std::int32_t>::max();
     less.count = 1;
-    return {filled<result>({}), encode(zero), filled<result>(brim), filled<result>(more),
-            filled<result>(less), wire::is_dynamic<result>(), requires {zero.first;
+    answers forms{filled<result>({}),
+                  encode(zero),
+                  filled<result>(brim),
+                  filled<result>(more),
+                  filled<result>(less),
+                  wire::is_dynamic<result>(),
+                  false};
+    if constexpr (requires { zero.first; })
+        forms.has_chain = true;
+    return forms;
 }
-}; // namespace
-} // namespace zerdix::testing
 
 template <class... P>
 std::map<std::uint32_t, answers> collect(wire::procedure_list<P...>) {
@@ -52,21 +58,20 @@ std::map<std::uint32_t, answers> collect(wire::procedure_list<P...>) {
 
 fault rpc_error(const char* name, std::vector<std::uint32_t> words) {
     return {name, outcome::fails,
-            [words = std::move(words)](const incoming_call& call, const answers&, peer& client) {
+            [words = std::move(words)](const auto& call, const auto&, auto& client) {
                 send_words(call, words, client);
             }};
 }
 
 fault other_form(const char* name, outcome expected, byte_vector answers::*form) {
-    return {name, expected, [form](const incoming_call& call, const answers& of, peer& client) {
+    return {name, expected, [form](const auto& call, const auto& of, auto& client) {
                 client.send(record_of(reply_to(call, of.*form)));
             }};
 }
 
 // Lengths, counts, truth values and characters alike.
 fault words_of(const char* name, std::uint32_t word) {
-    return {name, outcome::dynamic,
-            [word](const incoming_call& call, const answers& of, peer& client) {
+    return {name, outcome::dynamic, [word](const auto& call, const auto& of, auto& client) {
                 wire_bytes result;
                 while (result.size() < of.sound.size())
                     result.word(word);
@@ -104,28 +109,28 @@ const std::vector<fault>& quick_faults() {
         rpc_error("another RPC version", {1, 1, 0, 2, 2}),
         rpc_error("a rejected caller", {1, 1, 1, 5}),
         {"closed before the reply", outcome::lost,
-         [](const incoming_call&, const answers&, peer& client) { client.close(); }},
+         [](const auto&, const auto&, auto& client) { client.close(); }},
         {"closed behind the reply", outcome::ends_later,
-         [](const incoming_call& call, const answers& of, peer& client) {
+         [](const auto& call, const auto& of, auto& client) {
              client.send(record_of(reply_to(call, of.sound)));
              client.close();
          }},
         {"empty fragments", outcome::fails,
-         [](const incoming_call&, const answers&, peer& client) {
+         [](const auto&, const auto&, auto& client) {
              client.send(wire_bytes{}.words({0, 0x80000000}).bytes());
          }},
         {"two empty records", outcome::lost,
-         [](const incoming_call&, const answers&, peer& client) {
+         [](const auto&, const auto&, auto& client) {
              client.send(wire_bytes{}.words({0x80000000, 0x80000000}).bytes());
              client.close();
          }},
         {"a reply to another call first", outcome::goes_well,
-         [](const incoming_call& call, const answers& of, peer& client) {
+         [](const auto& call, const auto& of, auto& client) {
              client.send(record_of(reply_to({call.id + 7, 0}, of.refusal)));
              client.send(record_of(reply_to(call, of.sound)));
          }},
         {"nothing but a reply to another call", outcome::lost,
-         [](const incoming_call& call, const answers& of, peer& client) {
+         [](const auto& call, const auto& of, auto& client) {
              client.send(record_of(reply_to({call.id - 1, 0}, of.sound)));
              client.close();
          }},
@@ -142,7 +147,7 @@ const std::vector<fault>& quick_faults() {
 
 fault connection_cut_at(std::size_t k) {
     return {"a connection that ends", outcome::lost,
-            [k](const incoming_call& call, const answers& of, peer& client) {
+            [k](const auto& call, const auto& of, auto& client) {
                 const byte_vector reply = record_of(reply_to(call, of.sound));
                 client.send(reply.data(), std::min(k, reply.size()));
                 client.close();
@@ -153,11 +158,11 @@ const std::vector<fault>& slow_faults() {
     static const std::vector<fault> all = {
         {"ten million nodes", outcome::lost, send_ten_million_nodes},
         {"a drip from the first byte on", outcome::lost,
-         [](const incoming_call& call, const answers& of, peer& client) {
+         [](const auto& call, const auto& of, auto& client) {
              client.drip(record_of(reply_to(call, of.sound)), 20ms);
          }},
         {"a drip from the header's end on", outcome::lost,
-         [](const incoming_call& call, const answers&, peer& client) {
+         [](const auto& call, const auto&, auto& client) {
              const byte_vector header =
                  wire_bytes{}.word(0xF0000000u).append(reply_to(call, {})).bytes();
              client.send(header.data(), header.size() - 4);
@@ -165,6 +170,26 @@ const std::vector<fault>& slow_faults() {
          }},
     };
     return all;
+}
+
+troubled_server::troubled_server() {
+    server.on_call([this](const auto& call, auto& client) { answer(call, client); });
+}
+
+void troubled_server::begin(int n, const fault* met) {
+    calls_ = 0;
+    troubled_call_ = n;
+    trouble_ = met;
+}
+
+// In the server's thread, while the client waits.
+void troubled_server::answer(const incoming_call& call, peer& client) {
+    const answers& of = all_answers().at(call.procedure);
+    procedures_.at(static_cast<std::size_t>(calls_)) = call.procedure;
+    if (calls_++ != troubled_call_)
+        client.send(record_of(reply_to(call, of.sound)));
+    else
+        trouble_->answer(call, of, client);
 }
 
 } // namespace zerdix::testing

@@ -3,6 +3,7 @@
 #ifndef ZERDIX_TESTS_FAULTS_H
 #define ZERDIX_TESTS_FAULTS_H
 
+#include <array>
 #include <map>
 
 #include "hostile/script_server.h"
@@ -44,6 +45,29 @@ const std::vector<fault>& quick_faults();
 const std::vector<fault>& slow_faults();
 // The connection ends behind so many bytes of the reply.
 fault connection_cut_at(std::size_t k);
+
+// Answers soundly but for the n-th call since begin(), which meets its fault.
+class troubled_server {
+  public:
+    troubled_server();
+
+    // No call meets anything where `met` is null.
+    void begin(int n, const fault* met);
+    int calls() const { return calls_; }
+
+    // Of the n-th call of a run, this one or, where it made fewer calls, one before it.
+    std::uint32_t procedure(int n) const { return procedures_.at(static_cast<std::size_t>(n)); }
+
+    script_server server;
+
+  private:
+    void answer(const incoming_call& call, peer& client);
+
+    std::atomic<int> calls_{0};
+    std::array<std::uint32_t, 1000> procedures_{};
+    int troubled_call_ = -1;
+    const fault* trouble_ = nullptr;
+};
 
 } // namespace zerdix::testing
 

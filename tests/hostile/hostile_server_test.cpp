@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Every operation of the exported classes against every kind of trouble, at each of its calls.
 
-#include <array>
 #include <gtest/gtest.h>
 #include <optional>
 
@@ -22,9 +21,6 @@ struct exported_class {
 
 class HostileServer : public ::testing::TestWithParam<exported_class> {
   protected:
-    HostileServer() {
-        server.on_call([this](const auto& call, auto& client) { answer(call, client); });
-    }
     ~HostileServer() override { disconnect(); }
 
     void disconnect() {
@@ -39,7 +35,7 @@ class HostileServer : public ::testing::TestWithParam<exported_class> {
             disconnect();
         client* handle = std::exchange(rpc::session().pclient, nullptr);
         if (handle == nullptr)
-            handle = wire::connect(server.address(), server.program());
+            handle = wire::connect(on.server.address(), on.server.program());
         clnt_control(handle, CLSET_TIMEOUT, reinterpret_cast<char*>(&call_time));
         return handle;
     }
@@ -47,9 +43,7 @@ class HostileServer : public ::testing::TestWithParam<exported_class> {
     // One run on a session without a past; `met` befalls the n-th call.
     std::int64_t run(const operation& what, int n, const fault* met, timeval call_time = {5, 0}) {
         client* handle = connected(call_time);
-        calls = 0;
-        troubled_call = n;
-        trouble = met;
+        on.begin(n, met);
         goes_on = met == nullptr || met->expected == outcome::fails;
         rpc::session() = {};
         clients fresh;
@@ -59,17 +53,7 @@ class HostileServer : public ::testing::TestWithParam<exported_class> {
 
     int calls_of(const operation& what) {
         EXPECT_EQ(run(what, -1, nullptr), what.good) << what.name;
-        return calls;
-    }
-
-    // In the server's thread, while the client waits.
-    void answer(const incoming_call& call, peer& client) {
-        const answers& of = all_answers().at(call.procedure);
-        procedures.at(static_cast<std::size_t>(calls)) = call.procedure;
-        if (calls++ != troubled_call)
-            return static_cast<void>(client.send(record_of(reply_to(call, of.sound))));
-        troubled_is_dynamic = of.is_dynamic;
-        trouble->answer(call, of, client);
+        return on.calls();
     }
 
     static std::int64_t at(const std::vector<std::int64_t>& values, int n) {
@@ -92,7 +76,8 @@ class HostileServer : public ::testing::TestWithParam<exported_class> {
         case outcome::ends_later:
             return made > n + 1 ? at(lost, n + 1) : what.good;
         case outcome::dynamic:
-            return troubled_is_dynamic ? std::optional{at(what.failed, n)} : std::nullopt;
+            return all_answers().at(on.procedure(n)).is_dynamic ? std::optional{at(what.failed, n)}
+                                                                : std::nullopt;
         default:
             return std::nullopt;
         }
@@ -107,26 +92,17 @@ class HostileServer : public ::testing::TestWithParam<exported_class> {
             << what.name << ", call " << n << ": " << met.name;
     }
 
-    void expect_all(const std::vector<fault>& faults, timeval call_time) {
-        for (const operation& what : GetParam().table()) {
-            const int made = calls_of(what);
-            for (int n = 0; n < made; ++n)
-                for (const fault& met : faults)
-                    expect_one(what, n, made, met, call_time);
-        }
-    }
-
-    script_server server;
-    std::atomic<int> calls{0};
-    std::array<std::uint32_t, 1000> procedures{};
-    int troubled_call = -1;
-    bool troubled_is_dynamic = false;
+    troubled_server on;
     bool goes_on = true; // what the last run leaves of the connection
-    const fault* trouble = nullptr;
 };
 
 TEST_P(HostileServer, TroubleIsTheResultThatOperationsTell) {
-    expect_all(quick_faults(), {5, 0});
+    for (const operation& what : GetParam().table()) {
+        const int made = calls_of(what);
+        for (int n = 0; n < made; ++n)
+            for (const fault& met : quick_faults())
+                expect_one(what, n, made, met);
+    }
 }
 
 // The time-out of a call ends the session's connection, and whatever follows fails without one.
@@ -159,8 +135,7 @@ TEST_P(HostileServer, ACutReplyIsAFailedCall) {
     for (const operation& what : GetParam().table()) {
         const int made = calls_of(what);
         for (int n = 0; n < made; ++n) {
-            const std::size_t size =
-                24 + all_answers().at(procedures[static_cast<std::size_t>(n)]).sound.size();
+            const std::size_t size = 24 + all_answers().at(on.procedure(n)).sound.size();
             for (std::size_t k = 0; k < size && !HasFatalFailure(); ++k) {
                 if (worth_a_cut(k, size, 500, 7))
                     expect_one(what, n, made, record_cut_at(k));

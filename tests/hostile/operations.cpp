@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "hostile/operations.h"
 
-#include <cstdio>
-
 #include <zerdix/timetext.h>
 
 #include "hostile/shapes.h"
+#include "platform/scratch.h"
 #include "rpc/wire/procedures.h"
 
 namespace zerdix::testing {
@@ -41,8 +40,11 @@ std::int64_t page(const page_dat* data) {
     return 1 + std::int64_t{data->size};
 }
 
-template <class Block>
-std::int64_t load(JOURNAL& journal, topftype pool, Block block) {
+std::int64_t log_text(const char* text) {
+    return text == nullptr ? 0 : 1 + static_cast<std::int64_t>(std::strlen(text));
+}
+
+std::int64_t load(JOURNAL& journal, topftype pool, bool block) {
     const std::int64_t rc =
         block ? journal.loadDocPtrList(pool, 0, 0, 30) : journal.loadDocPtrList(pool, 0);
     listed<a_e_rec>(journal.getEDocPtrList());
@@ -58,20 +60,22 @@ std::int64_t query(TELEBOOK& books) {
 }
 
 std::int64_t import_line(TELEBOOK& books) {
-    char name[] = "/tmp/zerdix-import-XXXXXX";
-    std::FILE* file = fdopen(mkstemp(name), "w");
-    std::fputs("adler;030 1;;E;F;Adler KG;\n", file);
-    std::fclose(file);
-    const std::int32_t rc = books.importTBook("common", name);
-    std::remove(name);
-    return rc;
+    const tests::scratch_folder folder;
+    const std::string file = folder.write("book.csv", "adler;030 1;;E;F;Adler KG;\n");
+    return books.importTBook("common", file.c_str());
 }
 
+constexpr const char* file = "/dev/null";
 unsigned char two_bytes[] = {1, 2};
 const page_dat small_page{sizeof two_bytes, two_bytes};
 constexpr unsigned char rights[] = {1, 2, 4};
 constexpr fax_info source{TOPF_P, 3, 1};
 constexpr std::int32_t trays[10] = {};
+const a_s_rec send_record{};
+const o_tebu book{};
+const o_tebul entry{};
+const o_tgroup group{};
+const o_tgroupl member{};
 
 // One call whose answer is a truth value.
 operation asks(const char* name, std::function<std::int64_t(clients&)> run) {
@@ -166,10 +170,7 @@ std::vector<operation> journal_operations() {
         asks("setPublic", RUN(c.journal.setPublic(5, 1))),
         asks("setbif", RUN(c.journal.setbif(TOPF_P, 5, 1))),
         asks("setReadFlag", RUN(c.journal.setReadFlag(TOPF_P, 5))),
-        asks("sendDoc", RUN(([&c] {
-                 const a_s_rec record{};
-                 return c.journal.sendDoc(5, &record);
-             }()))),
+        asks("sendDoc", RUN(c.journal.sendDoc(5, &send_record))),
         asks("chgSRec", RUN(c.journal.chgSRec(5, 1, "Angebot", 0, 0, 3, 1))),
         asks("cancelJob", RUN(c.journal.cancelJob(5))),
         asks("restartSendJob", RUN(c.journal.restartSendJob(5))),
@@ -177,14 +178,7 @@ std::vector<operation> journal_operations() {
         {"getCoverId", RUN(c.journal.getCoverId()), 40, {-1}, {0}},
         {"combineDocs", RUN(c.journal.combineDocs(&source, 1)), 5, {-1, 5}, {0, -1, 5}},
         asks("putLog", RUN(c.journal.putLog(TOPF_P, 5, "a line"))),
-        {"getLog",
-         RUN(([&c]() -> std::int64_t {
-             const char* text = c.journal.getLog(TOPF_P, 5, 0, nullptr);
-             return text == nullptr ? 0 : 1 + static_cast<std::int64_t>(std::strlen(text));
-         }())),
-         1,
-         {0},
-         {1}},
+        {"getLog", RUN(log_text(c.journal.getLog(TOPF_P, 5, 0, nullptr))), 1, {0}, {1}},
     };
 }
 
@@ -192,43 +186,27 @@ std::vector<operation> book_operations() {
     return {
         lists("getTBooks", RUN(listed<o_tebu>(c.books.getTBooks()))),
         gets("getTBook", RUN(held(c.books.getTBook("common")))),
-        asks("putTBook", RUN(([&c] {
-                 const o_tebu book{};
-                 return c.books.putTBook(&book);
-             }()))),
+        asks("putTBook", RUN(c.books.putTBook(&book))),
         asks("delTBook", RUN(c.books.delTBook("common"))),
         lists("getTBookEntries",
               RUN(listed<o_tebul>(c.books.getTBookEntries("common", NETTYPE_FAX, "", 9)))),
         gets("getTBookEntry", RUN(held(c.books.getTBookEntry("common", "adler", 1)))),
-        asks("putTBookEntry", RUN(([&c] {
-                 const o_tebul entry{};
-                 return c.books.putTBookEntry(&entry);
-             }()))),
+        asks("putTBookEntry", RUN(c.books.putTBookEntry(&entry))),
         asks("delTBookEntry", RUN(c.books.delTBookEntry("common", "adler"))),
         gathers("getTGroups", RUN(listed<o_tgroup>(c.books.getTGroups()))),
         lists("_getTGroups", RUN(listed<o_tgroup>(c.books._getTGroups()))),
         lists("getTGroupsB", RUN(listed<o_tgroup>(c.books.getTGroupsB("", 9)))),
         gets("getTGroup", RUN(held(c.books.getTGroup("kunden")))),
-        asks("putTGroup", RUN(([&c] {
-                 const o_tgroup group{};
-                 return c.books.putTGroup(&group);
-             }()))),
+        asks("putTGroup", RUN(c.books.putTGroup(&group))),
         asks("delTGroup", RUN(c.books.delTGroup("kunden"))),
         gathers("getTGroupEntries", RUN(listed<o_tgroupl>(c.books.getTGroupEntries("kunden", 1)))),
         lists("_getTGroupEntries", RUN(listed<o_tgroupl>(c.books._getTGroupEntries("kunden", 1)))),
         lists("getTGroupEntriesB",
               RUN(listed<o_tgroupl>(c.books.getTGroupEntriesB("kunden", 1, "", "", 9)))),
-        asks("putTGroupEntry", RUN(([&c] {
-                 const o_tgroupl member{};
-                 return c.books.putTGroupEntry(&member);
-             }()))),
+        asks("putTGroupEntry", RUN(c.books.putTGroupEntry(&member))),
         asks("delTGroupEntry", RUN(c.books.delTGroupEntry("kunden", "common", "adler"))),
         {"getPermissions", RUN(c.books.getPermissions(rights, "nobody", "vertrieb")), 4, {4}, {4}},
-        {"exportTBook",
-         RUN(c.books.exportTBook("common", NETTYPE_FAX, "/dev/null")),
-         4,
-         {4},
-         {4, 0}},
+        {"exportTBook", RUN(c.books.exportTBook("common", NETTYPE_FAX, file)), 4, {4}, {4, 0}},
         asks("importTBook", RUN(import_line(c.books))),
         {"queryExternTBook", RUN(query(c.books)), 5, {-1}, {0}},
         gets("fetchExternTBookResult", RUN(held(c.books.fetchExternTBookResult(5)))),

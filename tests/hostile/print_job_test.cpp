@@ -28,25 +28,11 @@ std::vector<std::int32_t> given_up() {
 
 class HostilePrintJob : public ::testing::TestWithParam<job> {
   protected:
-    HostilePrintJob() {
-        sendfax::install_send_dialog(nullptr);
-        server.on_call([this](const auto& call, auto& client) { answer(call, client); });
-    }
-
-    // In the server's thread, while the client waits.
-    void answer(const incoming_call& call, peer& client) {
-        const answers& of = all_answers().at(call.procedure);
-        if (calls++ != troubled_call)
-            return static_cast<void>(client.send(record_of(reply_to(call, of.sound))));
-        procedure = call.procedure;
-        trouble->answer(call, of, client);
-    }
+    HostilePrintJob() { sendfax::install_send_dialog(nullptr); }
 
     // The worst result of a job's steps; afterwards there is no job, and another can begin.
     std::int32_t run(int n, const fault* met) {
-        calls = 0;
-        troubled_call = n;
-        trouble = met;
+        on.begin(n, met);
         std::int32_t worst = 0;
         for (const std::int32_t result : GetParam().run()) {
             EXPECT_TRUE(result == 0 || result == 4 || result == 8) << result;
@@ -58,11 +44,7 @@ class HostilePrintJob : public ::testing::TestWithParam<job> {
         return worst;
     }
 
-    script_server server;
-    std::atomic<int> calls{0};
-    std::uint32_t procedure = 0;
-    int troubled_call = -1;
-    const fault* trouble = nullptr;
+    troubled_server on;
 };
 
 // What a job goes on without: the time zone, comments, log lines, the removal of what it made, and
@@ -74,11 +56,12 @@ bool is_aside(std::uint32_t procedure) {
 
 TEST_P(HostilePrintJob, EndsInAResultAndLeavesNothingBehind) {
     ASSERT_EQ(run(-1, nullptr), 0);
-    const int made = calls;
+    const int made = on.calls();
     ASSERT_GT(made, 5);
     for (int n = 0; n < made; ++n)
         for (const fault& met : quick_faults()) {
             const std::int32_t worst = run(n, &met);
+            const std::uint32_t procedure = on.procedure(n);
             const std::string what = std::string{met.name} + ", call " + std::to_string(n) +
                                      ", procedure " + std::to_string(procedure);
             const bool fails = met.expected == outcome::fails || met.expected == outcome::lost;

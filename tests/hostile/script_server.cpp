@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include "rpc/wire/procedures.h"
+#include "support/raw_client.h"
 
 namespace zerdix::testing {
 
@@ -75,9 +76,8 @@ void peer::close() {
 }
 
 script_server::script_server()
-    : environment_(folder_.path()), listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-    address_.sin_family = AF_INET;
-    address_.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    : environment_(folder_.path()), address_(test::loopback()),
+      listener_(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     socklen_t length = sizeof address_;
     auto* generic = reinterpret_cast<sockaddr*>(&address_);
     if (bind(listener_, generic, length) != 0 || listen(listener_, SOMAXCONN) != 0 ||

@@ -76,7 +76,7 @@ class script_server {
 
     test::scratch_folder folder_;
     test::client_environment environment_;
-    sockaddr_in address_{};
+    sockaddr_in address_;
     int listener_;
     std::optional<alphad::registration> entry_;
     std::atomic<bool> stopping_{false};

@@ -146,6 +146,16 @@ TEST_F(MergeData, TheReceiverArrayGrowsByAThousand) {
     EXPECT_EQ(sendfax::job().receiver_room, 2000);
 }
 
+TEST_F(MergeData, TheDialogsReceiversLeaveNoOldOneBehindThem) {
+    EXPECT_EQ(merge("#PHONE 1##PHONE 2##PHONE 3#"), 0);
+    ASSERT_TRUE(sendfax::replace_receivers({"4", "5"}));
+    EXPECT_THAT(receivers(), ElementsAre("4", "5"));
+    EXPECT_EQ(ppReceiver[2], nullptr);
+    ASSERT_TRUE(sendfax::replace_receivers({}));
+    EXPECT_THAT(receivers(), IsEmpty());
+    EXPECT_EQ(ppReceiver[1], nullptr);
+}
+
 class MergeGroup : public MergeData {
   protected:
     MergeGroup() {

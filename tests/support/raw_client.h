@@ -22,14 +22,19 @@ inline str10 id(std::string_view text) {
     return field<str10>(text);
 }
 
+inline sockaddr_in loopback(std::uint16_t port = 0) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(port);
+    return address;
+}
+
 class raw_client {
   public:
     // By way of the port mapper. Throws when there is no such server.
     explicit raw_client(std::uint32_t program) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        handle_ = wire::connect(address, program);
+        handle_ = wire::connect(loopback(), program);
         if (handle_ == nullptr)
             throw std::runtime_error(clnt_spcreateerror("no connection"));
     }

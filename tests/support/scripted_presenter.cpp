@@ -13,10 +13,6 @@ using forms::control_kind;
 using forms::dialog_view;
 using forms::window_handle;
 
-void scripted_list::columns_changed() {
-    dragged_.clear();
-}
-
 void scripted_list::bring_into_view(std::int32_t row) {
     if (row < first || row >= first + rows)
         first = row;
@@ -34,16 +30,6 @@ std::int32_t scripted_list::column_width(std::int32_t column) {
     const auto found = dragged_.find(column);
     return found != dragged_.end() ? found->second
                                    : list_.columns[static_cast<std::size_t>(column)].width;
-}
-
-scripted_presenter::scripted_presenter() : before_(forms::replace_presenter(this)) {}
-
-scripted_presenter::~scripted_presenter() {
-    forms::replace_presenter(before_);
-}
-
-void scripted_presenter::script(std::int32_t template_id, std::vector<step> steps) {
-    scripts_[template_id].push_back(std::move(steps));
 }
 
 std::size_t scripted_presenter::left_over() const {
@@ -67,10 +53,6 @@ dialog_view* scripted_presenter::open(std::int32_t template_id) {
     return found != windows_.rend() ? (*found)->dialog : nullptr;
 }
 
-scripted_list& scripted_presenter::list(dialog_view& dialog, std::int32_t id) {
-    return *find(dialog.window())->lists.at(id);
-}
-
 void scripted_presenter::scroll(dialog_view& dialog, std::int32_t id, std::int32_t first) {
     list(dialog, id).first = first;
     dialog.user_scrolls(id);
@@ -87,10 +69,6 @@ std::string scripted_presenter::name(window_handle handle) {
         return "-";
     const own_window* one = find(handle);
     return one != nullptr ? one->name : "unknown window";
-}
-
-void scripted_presenter::note(window_handle handle, const std::string& what) {
-    log.push_back(name(handle) + " " + what);
 }
 
 window_handle scripted_presenter::create(dialog_view& dialog, window_handle owner) {
@@ -180,14 +158,6 @@ void scripted_presenter::show(window_handle handle, bool visible) {
         active = handle;
 }
 
-void scripted_presenter::center(window_handle handle) {
-    note(handle, "centered");
-}
-
-void scripted_presenter::make_topmost(window_handle handle) {
-    note(handle, "topmost");
-}
-
 bool scripted_presenter::is_enabled(window_handle handle) {
     const own_window* one = find(handle);
     return one != nullptr && one->enabled;
@@ -199,26 +169,14 @@ void scripted_presenter::enable(window_handle handle, bool enabled) {
     note(handle, enabled ? "enabled" : "disabled");
 }
 
-bool scripted_presenter::is_active(window_handle handle) {
-    return handle != nullptr && handle == active;
-}
-
 void scripted_presenter::activate(window_handle handle) {
     active = handle;
     note(handle, "activated");
 }
 
-void scripted_presenter::set_focus(dialog_view& dialog, std::int32_t id) {
-    note(dialog.window(), "focus " + std::to_string(id));
-}
-
 void scripted_presenter::post_command(window_handle handle, std::int32_t command) {
     posted_.push_back({handle, command});
     log.push_back(std::to_string(command) + " posted to " + name(handle));
-}
-
-void scripted_presenter::wait_cursor(bool on) {
-    log.push_back(on ? "wait cursor" : "arrow cursor");
 }
 
 void scripted_presenter::remote_call_begins() {

@@ -42,7 +42,7 @@ class scripted_list final : public forms::tree_list_view {
     void row_added(std::int32_t) override {}
     void cell_written(std::int32_t, std::int32_t) override {}
     void rows_removed() override { first = 0; }
-    void columns_changed() override;
+    void columns_changed() override { dragged_.clear(); }
     void selection_changed() override {}
     void bring_into_view(std::int32_t row) override;
     bool in_view(std::int32_t row, forms::row_rectangle& place) override;
@@ -58,14 +58,16 @@ class scripted_presenter final : public forms::presenter {
   public:
     using step = std::function<void(forms::dialog_view&)>;
 
-    scripted_presenter();
-    ~scripted_presenter();
+    scripted_presenter() : before_(forms::replace_presenter(this)) {}
+    ~scripted_presenter() { forms::replace_presenter(before_); }
     scripted_presenter(const scripted_presenter&) = delete;
     scripted_presenter& operator=(const scripted_presenter&) = delete;
 
     // What the user does in the next dialog of that template that has no script yet; modal dialogs
     // only. A dialog whose steps are done and that hasn't ended is closed, and the test fails.
-    void script(std::int32_t template_id, std::vector<step> steps);
+    void script(std::int32_t template_id, std::vector<step> steps) {
+        scripts_[template_id].push_back(std::move(steps));
+    }
     // Scripts that no dialog has taken.
     std::size_t left_over() const;
 
@@ -87,7 +89,9 @@ class scripted_presenter final : public forms::presenter {
 
     // The open dialog of that template, the newest of several; null for none.
     forms::dialog_view* open(std::int32_t template_id);
-    scripted_list& list(forms::dialog_view& dialog, std::int32_t id);
+    scripted_list& list(forms::dialog_view& dialog, std::int32_t id) {
+        return *find(dialog.window())->lists.at(id);
+    }
     // The user scrolls so that this row is at the top.
     void scroll(forms::dialog_view& dialog, std::int32_t id, std::int32_t first);
 
@@ -105,16 +109,20 @@ class scripted_presenter final : public forms::presenter {
     void destroy(forms::window_handle window) override;
     forms::loop_end run_modal(forms::dialog_view& dialog) override;
     void show(forms::window_handle window, bool visible) override;
-    void center(forms::window_handle window) override;
-    void make_topmost(forms::window_handle window) override;
+    void center(forms::window_handle window) override { note(window, "centered"); }
+    void make_topmost(forms::window_handle window) override { note(window, "topmost"); }
     bool is_enabled(forms::window_handle window) override;
     void enable(forms::window_handle window, bool enabled) override;
-    bool is_active(forms::window_handle window) override;
+    bool is_active(forms::window_handle window) override {
+        return window != nullptr && window == active;
+    }
     void activate(forms::window_handle window) override;
     void control_changed(forms::dialog_view&, std::int32_t) override {}
-    void set_focus(forms::dialog_view& dialog, std::int32_t id) override;
+    void set_focus(forms::dialog_view& dialog, std::int32_t id) override {
+        note(dialog.window(), "focus " + std::to_string(id));
+    }
     void post_command(forms::window_handle window, std::int32_t command) override;
-    void wait_cursor(bool on) override;
+    void wait_cursor(bool on) override { log.push_back(on ? "wait cursor" : "arrow cursor"); }
     void remote_call_begins() override;
     void remote_call_goes_on() override {}
     void remote_call_ended() override {}
@@ -140,7 +148,9 @@ class scripted_presenter final : public forms::presenter {
 
     own_window* find(forms::window_handle handle);
     std::string name(forms::window_handle handle);
-    void note(forms::window_handle handle, const std::string& what);
+    void note(forms::window_handle handle, const std::string& what) {
+        log.push_back(name(handle) + " " + what);
+    }
     std::deque<step> take_script(const forms::dialog_view& dialog);
     void deliver_posted();
     void run_step(forms::dialog_view& dialog, std::deque<step>& steps);

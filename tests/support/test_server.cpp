@@ -16,13 +16,11 @@ namespace zerdix::test {
 
 namespace {
 
-enum fault_kind { fault_refuse, fault_fail, fault_drop, fault_lose, fault_stall };
-
 struct fault {
     std::atomic<int> left; // calls until it happens, 0: free
     int procedure;
-    int kind;
-    int seconds;
+    alphad::verdict said;
+    unsigned late_by; // seconds
 };
 
 } // namespace
@@ -41,49 +39,34 @@ class faulty_gate : public alphad::gate {
     alphad::verdict admit(std::uint32_t procedure) override {
         alphad::verdict said = alphad::verdict::serve;
         for (fault& each : table_.faults)
-            if (each.left > 0 && each.procedure == static_cast<int>(procedure) && --each.left == 0)
-                said = happen(each);
+            if (each.left > 0 && each.procedure == static_cast<int>(procedure) &&
+                --each.left == 0) {
+                sleep(each.late_by);
+                said = each.said;
+            }
         return said;
     }
 
   private:
-    static alphad::verdict happen(const fault& now) {
-        switch (now.kind) {
-        case fault_refuse:
-            return alphad::verdict::refuse;
-        case fault_fail:
-            return alphad::verdict::fail;
-        case fault_drop:
-            return alphad::verdict::drop;
-        case fault_lose:
-            return alphad::verdict::lose;
-        default:
-            sleep(static_cast<unsigned>(now.seconds));
-            return alphad::verdict::serve;
-        }
-    }
-
     fault_table& table_;
 };
 
 // The child's life. It tells its port, or 0 and a sentence, through the pipe.
 [[noreturn]] void serve(const alphad::service_options& options, fault_table& faults, int pipe) {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
-    int status = 0;
+    int status = 1;
     try {
         faulty_gate gate(faults);
         alphad::service service(options, gate);
         const std::uint16_t port = service.server().port();
-        status = write(pipe, &port, sizeof port) == sizeof port ? 0 : 1;
-        close(pipe);
-        service.run();
+        if (write(pipe, &port, sizeof port) == sizeof port) {
+            close(pipe);
+            service.run();
+            status = 0;
+        }
     } catch (const std::exception& error) {
-        const std::string sentence = error.what();
-        const std::uint16_t none = 0;
-        status =
-            write(pipe, &none, sizeof none) > 0 && write(pipe, sentence.data(), sentence.size()) > 0
-                ? 1
-                : 2;
+        const std::string told = std::string(sizeof(std::uint16_t), '\0') + error.what();
+        status = write(pipe, told.data(), told.size()) > 0 ? 1 : 2;
     }
     _exit(status);
 }
@@ -157,28 +140,12 @@ void test_server::clear_calls() {
     std::filesystem::resize_file(folder() / "calls", 0);
 }
 
-void test_server::refuse(int procedure, int nth) {
-    add_fault(procedure, nth, fault_refuse, 0);
-}
-void test_server::fail(int procedure, int nth) {
-    add_fault(procedure, nth, fault_fail, 0);
-}
-void test_server::drop(int procedure, int nth) {
-    add_fault(procedure, nth, fault_drop, 0);
-}
-void test_server::lose_reply(int procedure, int nth) {
-    add_fault(procedure, nth, fault_lose, 0);
-}
-void test_server::stall(int procedure, int nth, int seconds) {
-    add_fault(procedure, nth, fault_stall, seconds);
-}
-
-void test_server::add_fault(int procedure, int nth, int kind, int seconds) {
+void test_server::spoil(int procedure, int nth, alphad::verdict said, unsigned late_by) {
     for (fault& each : faults_->faults)
         if (each.left == 0) {
             each.procedure = procedure;
-            each.kind = kind;
-            each.seconds = seconds;
+            each.said = said;
+            each.late_by = late_by;
             each.left = nth;
             return;
         }
@@ -189,18 +156,6 @@ alphad::store& test_server::store() {
     if (!store_)
         store_ = std::make_unique<alphad::store>((folder() / alphad::store_file).string());
     return *store_;
-}
-
-std::vector<alphad::document> test_server::desk(const std::string& user) {
-    return store().documents.list(TOPF_P, user);
-}
-
-std::vector<alphad::send_job> test_server::jobs() {
-    return store().jobs.all();
-}
-
-void test_server::set_config(const std::string& id, const std::string& value) {
-    store().configuration.set(id, value);
 }
 
 namespace {
@@ -236,6 +191,27 @@ void test_server::fill_book(const std::string& book, int entries) {
         store().phone_books.put_entry(entry);
     }
     filling.commit();
+}
+
+namespace {
+
+std::vector<std::string> on_folder(const std::filesystem::path& data,
+                                   std::vector<std::string> arguments) {
+    arguments.insert(arguments.begin(), {"--data", data});
+    return arguments;
+}
+
+} // namespace
+
+alphad_program::alphad_program(const std::filesystem::path& data,
+                               const std::vector<std::string>& arguments)
+    : child_program(ALPHAD_PROGRAM, on_folder(data, arguments)) {
+    for (std::string c; !(c = read_some(1)).empty() && c != "\n";)
+        ready_line_ += c;
+}
+
+program_result run_alphad(const std::vector<std::string>& arguments) {
+    return child_program(ALPHAD_PROGRAM, arguments).run();
 }
 
 } // namespace zerdix::test

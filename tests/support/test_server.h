@@ -7,17 +7,16 @@
 #ifndef ZERDIX_TESTS_TEST_SERVER_H
 #define ZERDIX_TESTS_TEST_SERVER_H
 
-#include <csignal>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
+#include "alphad/answers/gate.h"
 #include "alphad/store/store.h"
-#include "platform/scratch.h"
+#include "support/child_program.h"
 
 namespace zerdix::test {
 
@@ -61,24 +60,31 @@ class test_server {
     void clear_calls();
 
     // The n-th call of a procedure from now on goes wrong, once: it answers false, 0 or an empty
-    // record; it ends in an RPC error; the connection closes without a reply, before the call is
-    // carried out or behind it; the answer comes late, and so does everything behind it.
-    void refuse(int procedure, int nth = 1);
-    void fail(int procedure, int nth = 1);
-    void drop(int procedure, int nth = 1);
-    void lose_reply(int procedure, int nth = 1);
-    void stall(int procedure, int nth, int seconds);
+    // record; it ends in an RPC error; the connection closes without a reply; it does so when
+    // the call has been served; the answer comes late, and so does everything behind it.
+    void refuse(int procedure, int nth = 1) { spoil(procedure, nth, alphad::verdict::refuse); }
+    void fail(int procedure, int nth = 1) { spoil(procedure, nth, alphad::verdict::fail); }
+    void drop(int procedure, int nth = 1) { spoil(procedure, nth, alphad::verdict::drop); }
+    void lose_reply(int procedure, int nth = 1) { spoil(procedure, nth, alphad::verdict::lose); }
+    void stall(int procedure, int nth, unsigned seconds) {
+        spoil(procedure, nth, alphad::verdict::serve, seconds);
+    }
+    void spoil(int procedure, int nth, alphad::verdict said, unsigned late_by = 0);
 
     // What the server has stored, fit for looking and for setting up.
     alphad::store& store();
 
     // Documents on a desk, and all send jobs.
-    std::vector<alphad::document> desk(const std::string& user);
-    std::vector<alphad::send_job> jobs();
+    std::vector<alphad::document> desk(const std::string& user) {
+        return store().documents.list(TOPF_P, user);
+    }
+    std::vector<alphad::send_job> jobs() { return store().jobs.all(); }
 
     // Setting up: a configuration value; so many users "u000000", "u000001", ... without passwords;
     // a book of zerdix with so many fax entries "e000000", ..., made when there is none.
-    void set_config(const std::string& id, const std::string& value);
+    void set_config(const std::string& id, const std::string& value) {
+        store().configuration.set(id, value);
+    }
     void add_users(int count);
     void fill_book(const std::string& book, int entries);
 
@@ -94,7 +100,6 @@ class test_server {
 
   private:
     void start(bool demo_data);
-    void add_fault(int procedure, int nth, int kind, int seconds);
 
     scratch_folder folder_;
     client_environment environment_;
@@ -105,40 +110,20 @@ class test_server {
 };
 
 // The real program, on a data folder that can outlive it.
-class alphad_program {
+class alphad_program : public child_program {
   public:
     // Waits for its ready line, or for its end. More arguments can be given.
     explicit alphad_program(const std::filesystem::path& data,
                             const std::vector<std::string>& arguments = {});
-    ~alphad_program();
-    alphad_program(const alphad_program&) = delete;
-    alphad_program& operator=(const alphad_program&) = delete;
 
     // The first line on its standard output, empty when it ended without one.
     const std::string& ready_line() const { return ready_line_; }
 
-    // Sends the signal, waits, and gives the exit status, or minus the signal that ended it.
-    int stop(int signal = SIGTERM);
-
-    // Of a program that ended by itself.
-    int wait();
-
-    // All that it wrote to standard error.
-    std::string errors() const;
-
-    pid_t id() const { return child_; }
-
   private:
-    std::filesystem::path errors_;
-    pid_t child_ = -1;
     std::string ready_line_;
 };
 
-// Runs the real program to its end: exit status and standard output.
-struct program_result {
-    int status;
-    std::string output;
-};
+// Runs the real program to its end.
 program_result run_alphad(const std::vector<std::string>& arguments);
 
 } // namespace zerdix::test

@@ -2,12 +2,12 @@
 #include "books/text_file.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <iostream>
-#include <sstream>
+#include <memory>
 
 #include "output/failure.h"
 #include "platform/encoding.h"
@@ -18,22 +18,23 @@ namespace {
 
 constexpr std::string_view utf8_mark = "\xef\xbb\xbf";
 
-std::string read_whole(const std::string& path) {
-    std::ostringstream bytes;
-    if (path == "-") {
-        bytes << std::cin.rdbuf();
-        return bytes.str();
+struct close_file {
+    void operator()(std::FILE* file) const {
+        if (file != stdin)
+            std::fclose(file);
     }
+};
+using input_file = std::unique_ptr<std::FILE, close_file>;
+
+input_file open_input(const std::string& path) {
+    if (path == "-")
+        return input_file{stdin};
     if (std::error_code ignored; std::filesystem::is_directory(path, ignored))
         throw failure(exit_no_input, path + " is a folder");
-    std::ifstream file(path, std::ios::binary);
+    input_file file{std::fopen(path.c_str(), "rb")};
     if (!file)
         throw failure(exit_no_input, path + " can't be opened: " + std::strerror(errno));
-    if (file.peek() != std::ifstream::traits_type::eof())
-        bytes << file.rdbuf();
-    if (file.bad())
-        throw failure(exit_no_input, path + " can't be read");
-    return bytes.str();
+    return file;
 }
 
 void refuse_utf16(const std::string& path, std::string_view bytes) {
@@ -108,8 +109,21 @@ bool is_utf8(std::string_view bytes) {
     return true;
 }
 
+// What was read before an error isn't the file: its last line may be half a line.
+std::string read_whole_file(const std::string& path) {
+    const input_file file = open_input(path);
+    std::string bytes;
+    std::array<char, 16384> piece;
+    while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), file.get()))
+        bytes.append(piece.data(), got);
+    if (std::ferror(file.get()) != 0)
+        throw failure(exit_no_input, (path == "-" ? std::string("standard input") : path) +
+                                         " can't be read: " + std::strerror(errno));
+    return bytes;
+}
+
 text_lines read_text_file(const std::string& path, encoding told) {
-    const std::string bytes = read_whole(path);
+    const std::string bytes = read_whole_file(path);
     refuse_utf16(path, bytes);
     std::string_view text = bytes;
     const bool marked = text.starts_with(utf8_mark) && told != encoding::windows_1252;

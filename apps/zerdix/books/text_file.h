@@ -21,9 +21,12 @@ struct text_lines {
     encoding found = encoding::windows_1252;
 };
 
-// Reads a file, "-" is standard input. Where the encoding isn't told, a file whose bytes beyond
-// ASCII are all UTF-8 is taken for that. Throws failure when it can't be read, when it is UTF-16,
-// and when it isn't the UTF-8 that it should be; that with the number of the line.
+// The bytes of a file, "-" is standard input. Throws failure when they can't be read to the end.
+std::string read_whole_file(const std::string& path);
+
+// Reads a file in that way. Where the encoding isn't told, a file whose bytes beyond ASCII are all
+// UTF-8 is taken for that. Throws failure also when it is UTF-16, and when it isn't the UTF-8 that
+// it should be; that with the number of the line.
 text_lines read_text_file(const std::string& path, encoding told);
 
 bool is_utf8(std::string_view bytes);

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "arguments/commands.h"
+#include "books/text_file.h"
 #include "output/failure.h"
 #include "output/interrupt.h"
 #include "output/progress.h"
@@ -27,7 +28,7 @@ struct telex_line_options {
 
 telex_text read_telex(const std::string& path) {
     const std::string name = path == "-" ? "standard input" : path;
-    const std::string utf8 = read_telex_file(path);
+    const std::string utf8 = read_whole_file(path);
     try {
         telex_text telex = make_telex(utf8);
         for (const std::string& remark : telex.remarks)

@@ -1,12 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "print/telex_text.h"
 
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <iostream>
-#include <iterator>
 #include <limits>
 
 #include "books/text_file.h"
@@ -52,20 +46,6 @@ std::string_view without_mark(std::string_view utf8) {
 }
 
 } // namespace
-
-std::string read_telex_file(const std::string& path) {
-    if (path == "-")
-        return {std::istreambuf_iterator<char>(std::cin), {}};
-    if (std::filesystem::is_directory(path))
-        throw failure(exit_no_input, path + " is a folder");
-    std::ifstream file(path, std::ios::binary);
-    if (!file)
-        throw failure(exit_no_input, path + " can't be opened: " + std::strerror(errno));
-    std::string text{std::istreambuf_iterator<char>(file), {}};
-    if (file.bad())
-        throw failure(exit_no_input, path + " can't be read: " + std::strerror(errno));
-    return text;
-}
 
 telex_text make_telex(std::string_view file) {
     const bool converts = !is_utf8(file);

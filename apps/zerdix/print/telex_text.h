@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The text of a telex, as it is read from a file or from standard input.
+// The text of a telex, made of the bytes of a file.
 #ifndef ZERDIX_APP_PRINT_TELEX_TEXT_H
 #define ZERDIX_APP_PRINT_TELEX_TEXT_H
 
@@ -16,9 +16,6 @@ struct telex_text {
     int lines;
     std::vector<std::string> remarks; // what its sender should know, a sentence each
 };
-
-// "-" is standard input. Throws failure when it can't be read.
-std::string read_telex_file(const std::string& path);
 
 // The telex of a file in UTF-8, or in Windows-1252 where its bytes aren't UTF-8. Throws failure for
 // a text without anything to send, without naming it.
