@@ -3,21 +3,16 @@
 // commands draw stays on the page. Everything that a command could show is there to be shown. Drawn
 // twice it gives the same picture, and the bits behind the last pixel of each row stay 0.
 #include <algorithm>
-#include <cstdlib>
 #include <string_view>
 #include <vector>
 
 #include "cover/page_painter.h"
 #include "platform/message_box.h"
+#include "require.h"
 
 using namespace zerdix;
 
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 // What goes wrong with a picture is told to nobody.
 struct silence final : platform::message_box_port {

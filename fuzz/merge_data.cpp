@@ -2,22 +2,17 @@
 // Any bytes as the merge data of a job that has no server. The receivers are those that a second
 // reading of the text finds, in its order; all else that the text sets stays in its range; a
 // recipient group ends it, since its members can't be had.
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "require.h"
 #include "sendfax/job.h"
 #include "sendfax/receivers.h"
 
 using namespace zerdix;
 
 namespace {
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 struct reading {
     std::vector<std::string> receivers;

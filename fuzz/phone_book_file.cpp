@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Any bytes as a phone book file: read line by line as the import does. Every line gives an entry
 // whose texts end within their fields; written as a line and read again it is the same entry.
-#include <cstdlib>
 #include <cstring>
 
+#include "require.h"
 #include "telebook/phone_book_line.h"
 
 using namespace zerdix;
@@ -11,11 +11,6 @@ using namespace zerdix;
 namespace {
 
 constexpr const char* book = "COMMON";
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 void check_line(const char* line) {
     const o_tebul entry = telebook::parse_line(line, book);

@@ -26,9 +26,8 @@ std::size_t replay(const std::filesystem::path& folder) {
 
 int main(int argc, char** argv) {
     std::size_t count = 0;
-    for (int n = 1; n < argc; ++n) {
+    for (int n = 1; n < argc; ++n)
         count += replay(argv[n]);
-    }
     std::printf("%zu inputs replayed\n", count);
     return count > 0 ? 0 : 1; // a corpus that went missing isn't a success
 }

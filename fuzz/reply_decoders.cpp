@@ -6,10 +6,10 @@
 // decoded is read, takes as many bytes as were taken, and comes back the same when it is encoded
 // and decoded again. It is released, whole or half, and once more.
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 
 #include "hostile/shapes.h"
+#include "require.h"
 #include "rpc/wire/procedures.h"
 
 namespace {
@@ -18,11 +18,6 @@ using namespace zerdix;
 using byte_vector = std::vector<unsigned char>;
 
 constexpr u_int stream_buffer = 100; // the smallest that a record stream takes
-
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
 
 struct decoded {
     bool good;

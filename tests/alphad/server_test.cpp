@@ -81,7 +81,7 @@ TEST_F(Server, MakesTheFaultsThatItIsTold) {
     EXPECT_EQ(wire::last_error(handle()).re_status, RPC_CANTRECV);
     desk_client again(server.program());
     EXPECT_EQ(again.create(), 3) << "what was dropped wasn't served";
-    server.lose(3);
+    server.lose_reply(3);
     EXPECT_EQ(again.try_call(a_create_doc_1{}, me), nullptr);
     EXPECT_EQ(server.desk("zerdix").size(), 4u) << "what was lost was";
 }

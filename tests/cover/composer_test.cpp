@@ -6,7 +6,6 @@
 #include "cover/state.h"
 #include "cover/template_document.h"
 #include "imaging/pictures.h"
-#include "platform/quit.h"
 #include "platform/scratch.h"
 #include "support/session_test.h"
 
@@ -14,18 +13,8 @@ namespace zerdix::testing {
 namespace {
 
 using common::string_text;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::Pair;
+using namespace ::testing;
 using calls = std::vector<int>;
-
-class quit_code final : public platform::quit_port {
-  public:
-    quit_code() { platform::replace_quit_request(this); }
-    ~quit_code() { platform::replace_quit_request(nullptr); }
-    void post(int code) override { posted = code; }
-    int posted = 0;
-};
 
 class Composer : public connected_test {
   protected:
@@ -158,23 +147,22 @@ TEST_F(Composer, AFailureTakesTheNewPageOutAgain) {
 }
 
 TEST_F(Composer, ADamagedFormIsTakenOutAgain) {
-    quit_code quit;
-    const std::pair<codec::bytes, int> forms[] = {
-        {{1, 2, 3}, 1},
-        {page_of(0xFFFF, 0xFFFF, 0, 1), 0},
-        {page_of(0x7FFFFFF8, 0x7FFFFFFF, 0, 0), 0},
-        {page_of(80, 50, 0, 49), 0},
+    tests::recorded_quits quits;
+    const std::pair<codec::bytes, std::vector<int>> forms[] = {
+        {{1, 2, 3}, {1}},
+        {page_of(0xFFFF, 0xFFFF, 0, 1), {}},
+        {page_of(80, 50, 0, 49), {}},
     };
     install_template(server, page_of(16, 24), "");
     ASSERT_EQ(insert(), 1) << "a sound one, which mustn't come again";
-    for (const auto& [form, code] : forms) {
+    for (const auto& [form, codes] : forms) {
         server.store().pages.remove(document, 1);
         cover::state().lCoverDocId = install_template(server, form, "");
-        quit.posted = 0;
+        quits.codes.clear();
         EXPECT_EQ(insert(), 0);
         EXPECT_EQ(server.calls(), (calls{59, 59, 38, 15}));
         EXPECT_THAT(boxes.shown, told(1253));
-        EXPECT_EQ(quit.posted, code);
+        EXPECT_EQ(quits.codes, codes);
         EXPECT_FALSE(holds_pixels(bitmap));
         server.store().pages.insert(document, 1);
     }

@@ -19,10 +19,8 @@ namespace {
 using imaging::drawing_context;
 using imaging::owned_bitmap;
 using imaging::picture;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using namespace ::testing;
 using testing::page_of;
-using ::testing::Pair;
 
 constexpr std::int32_t width = 1500;
 constexpr std::int32_t height = 260;
@@ -204,11 +202,9 @@ TEST_F(PagePainter, TheSignatureReplacesWhatItCovers) {
     EXPECT_THAT(boxes.shown, IsEmpty());
 
     const codec::bytes damaged[] = {
-        {1, 2, 3},                             // not a stream
-        page_of(0xFFFF, 0xFFFF, 0xFF, 1),      // four billion pixels
-        page_of(80, 5, 0xFF, 4),               // a row short
-        page_of(0x80000000, 0x80000000, 0, 0), // below 0
-        {0x1F, 0x9D, 0x90},                    // nothing in it
+        {1, 2, 3},                        // not a stream
+        page_of(0xFFFF, 0xFFFF, 0xFF, 1), // four billion pixels
+        page_of(80, 5, 0xFF, 4),          // a row short
     };
     for (const codec::bytes& bytes : damaged) {
         shown.signature_bytes = bytes;
@@ -237,18 +233,12 @@ TEST_F(PagePainter, TheBarcodeStandsOnItsLabel) {
     EXPECT_THAT(boxes.shown, IsEmpty());
 }
 
-struct no_fonts final : platform::font_port {
-    no_fonts() { platform::replace_fonts(this); }
-    ~no_fonts() { platform::replace_fonts(nullptr); }
-    std::shared_ptr<platform::font> find(const platform::font_request&) override { return nullptr; }
-};
-
 TEST_F(PagePainter, WithoutFontOrPixelsThereIsNoPage) {
     owned_bitmap bitmap;
     EXPECT_FALSE(page_painter::open(bitmap));
     CreateEmptyBitmap(&bitmap, 80, 10);
     auto painter = page_painter::open(bitmap);
-    const no_fonts none;
+    const tests::no_fonts none;
     EXPECT_FALSE(page_painter::open(bitmap));
     EXPECT_FALSE(
         painter->draw("#DRUCK#\nsetfontinfo=Arial;12;\nsetfaxbarcode=1;1;\n", shown, signature));

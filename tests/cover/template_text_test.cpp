@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Lines and fields of a cover template's text.
 
-#include <cstring>
-
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "cover/cover_line.h"
 #include "cover/template_text.h"

@@ -8,8 +8,6 @@
 #include <QRadioButton>
 
 #include "dialogs-qt/windows.h"
-#include "dialogs/send_select.h"
-#include "platform/scratch.h"
 
 namespace zerdix::test {
 namespace {
@@ -33,69 +31,6 @@ TEST_F(Windows, EnterTakesTheTypedRecipientFirstAndThenTheDialog) {
             [] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Enter); }});
     EXPECT_EQ(dialog.DoModal(), 2301);
     EXPECT_THAT(dialog.notes, ElementsAre("changed 2327 0", "changed 2327 03", "added 03"));
-}
-
-// The library's own dialog, which asks no server before something has been picked from a list.
-TEST_F(Windows, ATypedNumberBesidePicksIsMarkedUntilItIsOneOfThem) {
-    const tests::scratch_folder folder;
-    const tests::environment_variable ini(
-        "ZERDIX_INI", folder.write("zerdix.ini", "[Zerdix]\nLogDir=" + folder.path("") + "\n"));
-    a_s_rec record{};
-    record.nettype = NETTYPE_FAX;
-    char first[31] = "";
-    char* receivers[] = {first};
-    std::int32_t cover = 0;
-    forms::window_handle nothing = nullptr;
-    dialogs::CDialogSendSelect dialog(nothing, &record, receivers, &cover);
-    const auto type = [](std::int32_t id, const char* text) {
-        control(send_form, id)->setFocus();
-        QTest::keyClicks(QApplication::focusWidget(), text);
-    };
-    const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
-    const auto expect_marked = [](const char* text, bool marked) {
-        auto* edit = control<QLineEdit>(send_form, 2327);
-        const auto* note = control<QLabel>(send_form, 2385);
-        EXPECT_EQ(edit->text().toStdString(), text);
-        EXPECT_EQ(note->isVisible(), marked) << text;
-        EXPECT_EQ(edit->accessibleDescription() == note->text(), marked) << text;
-        const QColor edge = edit->grab().toImage().pixelColor(0, edit->height() / 2);
-        EXPECT_EQ(edge == QColor(0xd9, 0x77, 0x06), marked) << text;
-    };
-    const std::vector<std::function<void()>> correct = {
-        [&] {
-            expect_marked("0301234", false);
-            type(2327, "5");
-            expect_marked("03012345", true);
-            press(Qt::Key_Return); // adds it
-        },
-        [&] {
-            expect_marked("", false);
-            EXPECT_EQ(dialog.find(2348)->text, "0301234 03012345 ");
-            type(2327, "7");
-            expect_marked("7", true);
-            QTest::keyClick(window(send_form), Qt::Key_R, Qt::AltModifier); // forgets all picks
-        },
-        [] {}, [] {}, // the button is seen to be pressed before it acts
-        [&] {
-            expect_marked("7", false);
-            press(Qt::Key_Escape);
-        }};
-    QTimer refused;
-    QObject::connect(&refused, &QTimer::timeout, [&] {
-        if (QApplication::activeModalWidget() == nullptr)
-            return;
-        refused.stop();
-        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return);
-        script(correct);
-    });
-    script({[&] {
-        type(2327, "0301234");
-        expect_marked("0301234", false);
-        type(2332, "31.12.37");
-        refused.start(20);
-        press(Qt::Key_Return); // the default button; a date alone is refused
-    }});
-    EXPECT_EQ(dialog.DoModal(), 2302);
 }
 
 TEST_F(Windows, TabGoesInTheOrderOfTheTemplate) {
@@ -212,6 +147,20 @@ TEST_F(Windows, StateOfTheControlsShows) {
                   QString::fromUtf8("030 kanzleiä "));
         EXPECT_EQ(control(send_form, 2327)->accessibleName(), "Rufnummer oder Kennung");
         EXPECT_EQ(control(send_form, 2333)->accessibleName(), "Hinzu");
+        const auto expect_marked = [](const char* with, bool marked) {
+            auto* edit = control<QLineEdit>(send_form, 2327);
+            EXPECT_EQ(edit->accessibleDescription(), with);
+            const QColor edge = edit->grab().toImage().pixelColor(0, edit->height() / 2);
+            EXPECT_EQ(edge == QColor(0xd9, 0x77, 0x06), marked);
+        };
+        expect_marked("", false);
+        dialog.mark(2327, "note");
+        expect_marked("note", true);
+        dialog.mark(2327, "");
+        expect_marked("", false);
+        EXPECT_FALSE(control(send_form, 2385)->isVisible());
+        dialog.show(2385);
+        EXPECT_TRUE(control(send_form, 2385)->isVisible());
         EXPECT_FALSE(control(send_form, 2303)->isEnabled());
         dialog.enable(2303);
         EXPECT_TRUE(control(send_form, 2303)->isEnabled());

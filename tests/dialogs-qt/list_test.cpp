@@ -12,8 +12,7 @@ namespace {
 
 using dialogs::send_form;
 using forms::SftTree_WndProc;
-using ::testing::Contains;
-using ::testing::ElementsAre;
+using namespace ::testing;
 
 class Lists : public Windows {
   protected:

@@ -22,8 +22,7 @@ using dialogs::send_form;
 using ::testing::ElementsAre;
 
 // Input as the screen sends it: to the window, not to a widget.
-void type_into_window(std::int32_t id, QWidget* window) {
-    static_cast<void>(id);
+void type_into(QWidget* window) {
     QTest::keyClick(window->windowHandle(), Qt::Key_7);
 }
 
@@ -42,14 +41,14 @@ TEST_F(Windows, ADialogInFrontKeepsTheOneBehindFromInputButNotFromCommands) {
         EXPECT_EQ(front.DoModal(), 0);
         shown->enable(behind.window(), true);
     });
-    script({[&] { type_into_window(2327, window(send_form)); },
+    script({[&] { type_into(window(send_form)); },
             [&] { behind.enable(2322), behind.user_clicks(2322); },
             [&] {
-                type_into_window(2327, window(send_form));
+                type_into(window(send_form));
                 window(send_form)->windowHandle()->close();
                 QTest::mouseClick(control(find_form, 1401), Qt::LeftButton);
             },
-            [&] { window(find_form)->close(); }, [&] { type_into_window(2327, window(send_form)); },
+            [&] { window(find_form)->close(); }, [&] { type_into(window(send_form)); },
             [&] { window(send_form)->close(); }});
     behind.DoModal();
     EXPECT_THAT(behind.notes,

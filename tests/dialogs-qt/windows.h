@@ -12,7 +12,6 @@
 #include <QTimer>
 #include <QWidget>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "dialogs/dialog_resources.h"
 #include "dialogs/templates.h"
@@ -36,7 +35,7 @@ class noting_dialog : public forms::dialog {
     }
 
     using dialog::add_item, dialog::check, dialog::enable, dialog::is_checked, dialog::list,
-        dialog::make_window, dialog::on, dialog::on_posted, dialog::selected_item,
+        dialog::make_window, dialog::mark, dialog::on, dialog::on_posted, dialog::selected_item,
         dialog::set_filter, dialog::set_focus, dialog::set_limit, dialog::set_read_only,
         dialog::set_text, dialog::show, dialog::text;
 

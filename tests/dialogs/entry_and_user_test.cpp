@@ -3,11 +3,7 @@
 
 #include <cctype>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <zerdix/sendfax.h>
-#include <zerdix/zerdix.h>
 
 #include "common/string_table.h"
 #include "dialogs/dialog_resources.h"
@@ -15,14 +11,13 @@
 #include "dialogs/kept_setting.h"
 #include "dialogs/user_select.h"
 #include "support/scripted_presenter.h"
-#include "support/test_server.h"
+#include "support/session_test.h"
 
 namespace zerdix::dialogs {
 namespace {
 
 using forms::dialog_view;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using namespace ::testing;
 
 constexpr int put_entry = 81;
 constexpr int get_entry = 82;
@@ -35,21 +30,14 @@ std::string told(std::int32_t number) {
     return common::string_text(number);
 }
 
-class EntryAndUser : public ::testing::Test {
+class EntryAndUser : public testing::connected_test {
   protected:
     EntryAndUser() {
         install_dialog_resources();
         forms::SftTree_RegisterApp2(this);
         pzerdix = &session;
-        session.setUserId("zerdix");
-        session.setAlphaserver("127.0.0.1");
-        EXPECT_NE(session.GetClientAddr("127.0.0.1"), nullptr);
-        server.clear_calls();
     }
-    ~EntryAndUser() override {
-        session.CleanupHostConnection();
-        pzerdix = nullptr;
-    }
+    ~EntryAndUser() override { pzerdix = nullptr; }
 
     // The user presses OK with this as the new entry's name, and is told why it stays open.
     void refused(dialog_view& shown, const char* id, std::int32_t message) {
@@ -75,10 +63,8 @@ class EntryAndUser : public ::testing::Test {
         EXPECT_EQ(kept_text("User-Alphaid", "none", 37), server_name);
     }
 
-    test::test_server server;
     test::scripted_presenter user;
     forms::window_handle host = user.foreign_window("host");
-    ZERDIX session;
     TELEBOOK book;
     char name[11] = "";
     char alpha[36] = "";
@@ -198,7 +184,7 @@ TEST_F(EntryAndUser, TheFirstUserIsSelectedUntilOneIsRemembered) {
     };
     EXPECT_EQ(choose_user({expect_row(21), out_of_ten_into_view}), 2452);
     expect_kept("zerdix", alpha);
-    EXPECT_THAT(user.log, ::testing::Contains("2450 focus 2453"));
+    EXPECT_THAT(user.log, Contains("2450 focus 2453"));
 }
 
 TEST_F(EntryAndUser, NothingSelectedKeepsTheUserSelectionOpen) {
@@ -211,7 +197,7 @@ TEST_F(EntryAndUser, NothingSelectedKeepsTheUserSelectionOpen) {
                            [](dialog_view& shown) { shown.user_clicks(2452); }}),
               2452);
     EXPECT_STREQ(name, "");
-    EXPECT_THAT(user.log, ::testing::Contains("1169 posted to 2450"));
+    EXPECT_THAT(user.log, Contains("1169 posted to 2450"));
     expect_kept("zerdix", "127.0.0.1"); // the session's own
 }
 

@@ -4,7 +4,6 @@
 #include <stdexcept>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "common/string_table.h"
 #include "dialogs/dialog_resources.h"
@@ -20,9 +19,7 @@ namespace zerdix::dialogs {
 namespace {
 
 using forms::dialog_view;
-using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
-using ::testing::HasSubstr;
+using namespace ::testing;
 
 std::string told(std::int32_t number) {
     return common::string_text(number);
@@ -88,7 +85,7 @@ TEST_F(Modal, AnOwnerThatWasDisabledStaysSoAndAnotherWindowStaysActive) {
                 }});
     EXPECT_EQ(run(closed), 7);
     EXPECT_EQ(user.active, host);
-    EXPECT_THAT(user.log, ::testing::Not(::testing::Contains(HasSubstr("closed enabled"))));
+    EXPECT_THAT(user.log, Not(Contains(HasSubstr("closed enabled"))));
     EXPECT_FALSE(user.is_enabled(closed));
 }
 
@@ -135,7 +132,7 @@ TEST_F(Modal, MessagesAndNotifications) {
     EXPECT_EQ(CDialogNotifyId(host, 1465).DoModal(), 1);
     EXPECT_THAT(user.messages,
                 ElementsAre(told(1273), "50 % fertig", told(1203), "eins", "Nicht gefunden!"));
-    EXPECT_THAT(user.log, ::testing::Not(::testing::Contains("9650 topmost")));
+    EXPECT_THAT(user.log, Not(Contains("9650 topmost")));
 }
 
 TEST_F(Modal, TheWaitDialogShowsItsButtonOnlyWhenAskedTo) {

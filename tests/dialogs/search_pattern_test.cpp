@@ -36,13 +36,8 @@ TEST_F(FindText, FindsWithWildcardsAndExpressionsWhateverTheLocale) {
         {"meier", "001 meier Fax ", 9},
         {"Meier", "001 meier Fax ", -1},
         {"r F", "001 meier Fax ", 11}, // across two cells
-        {"m*r", "meier r ", 7},
-        {"m?ier", "meier", 5},
-        {"m?ier", "mier", -1},
-        {"*", "abc", 3},
         {"?", "", -1},
         {"*", "", 0},
-        {"c*", "abcdef", 6},
         {"+49", "tel +49 30", 7},
         {"9+", "499", -1},
         {"4\\+9", "4449", 4},

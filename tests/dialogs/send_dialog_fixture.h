@@ -50,16 +50,30 @@ inline std::string kept(const char* key) {
     return platform::profile_string("Zerdix", key, "", 80);
 }
 
-inline void expect_visible(dialog_view& shown, std::initializer_list<std::int32_t> ids,
-                           bool expected) {
-    for (const std::int32_t id : ids)
-        EXPECT_EQ(shown.find(id)->visible, expected) << id;
+// What the user sees.
+inline step shows(std::initializer_list<std::int32_t> ids, bool expected = true) {
+    return [ids = std::vector(ids), expected](dialog_view& shown) {
+        for (const std::int32_t id : ids)
+            EXPECT_EQ(shown.find(id)->visible, expected) << id;
+    };
 }
-inline void expect_enabled(dialog_view& shown, std::initializer_list<std::int32_t> ids,
-                           bool expected) {
-    for (const std::int32_t id : ids)
-        EXPECT_EQ(shown.find(id)->enabled, expected) << id;
+inline step enables(std::initializer_list<std::int32_t> ids, bool expected = true) {
+    return [ids = std::vector(ids), expected](dialog_view& shown) {
+        for (const std::int32_t id : ids)
+            EXPECT_EQ(shown.find(id)->enabled, expected) << id;
+    };
 }
+inline step reads(std::int32_t id, std::string text) {
+    return [id, text](dialog_view& shown) { EXPECT_EQ(text_in(shown, id), text) << id; };
+}
+inline step lists(std::int32_t id, ::testing::Matcher<std::vector<std::string>> rows,
+                  std::size_t at = 0) {
+    return [=](dialog_view& shown) { EXPECT_THAT(column(shown, id, at), rows) << id; };
+}
+inline step closes() {
+    return [](dialog_view& shown) { shown.user_closes(); };
+}
+
 class SendDialog : public PrintJob {
   protected:
     static constexpr std::int32_t form = 2300;

@@ -8,54 +8,41 @@
 namespace zerdix::testing {
 namespace {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
+using namespace ::testing;
 using texts = std::vector<std::string>;
 
-void expect_checked(dialog_view& shown, const std::vector<std::int32_t>& expected) {
-    for (const auto& one : shown.controls())
-        EXPECT_EQ(one.checked, std::count(expected.begin(), expected.end(), one.id())) << one.id();
+step checks(std::vector<std::int32_t> expected) {
+    return [expected](dialog_view& shown) {
+        for (const auto& one : shown.controls())
+            EXPECT_EQ(one.checked, std::count(expected.begin(), expected.end(), one.id()))
+                << one.id();
+    };
 }
 
 // The mark on the field for a typed recipient, and the line beneath it.
 step note_shows(bool expected) {
     return [expected](dialog_view& shown) {
         SCOPED_TRACE(text_in(shown, 2327));
-        expect_visible(shown, {2385}, expected);
+        shows({2385}, expected)(shown);
         EXPECT_EQ(shown.find(2327)->mark, expected ? shown.find(2385)->caption : "");
     };
 }
 
 TEST_F(SendDialog, OpensForAFaxAndForATelexWithoutFetchingAList) {
-    const auto common_state = [this](dialog_view& shown) {
-        expect_visible(shown, {2310, 2331, 2304, 2305, 2329, 2330, 2320}, false);
-        expect_enabled(shown, {2303, 2322}, false);
-        EXPECT_EQ(text_in(shown, 2317), "Angebot");
-        EXPECT_EQ(text_in(shown, 2319), "9");
-        EXPECT_TRUE(shown.find(2348)->read_only);
-        EXPECT_THAT(user.log,
-                    ::testing::IsSupersetOf({"2300 centered", "2300 topmost", "2300 focus 2327"}));
-        EXPECT_THAT(server.calls(), ::testing::AnyOf(IsEmpty(), ElementsAre(74)));
-    };
-    EXPECT_EQ(send_fax({[&](dialog_view& shown) {
-                            common_state(shown);
-                            expect_checked(shown, {2307, 2313, 2325});
-                            expect_visible(shown, {2321, 2325}, true);
-                            expect_visible(shown, {2328}, false);
-                            expect_enabled(shown, {2350}, true);
-                        },
-                        click(2302)}),
+    const steps both{
+        shows({2310, 2331, 2304, 2305, 2329, 2330, 2320}, false), enables({2303, 2322}, false),
+        reads(2317, "Angebot"), reads(2319, "9"), [this](dialog_view& shown) {
+            EXPECT_TRUE(shown.find(2348)->read_only);
+            EXPECT_THAT(user.log,
+                        IsSupersetOf({"2300 centered", "2300 topmost", "2300 focus 2327"}));
+            EXPECT_THAT(server.calls(), AnyOf(IsEmpty(), ElementsAre(74)));
+        }};
+    EXPECT_EQ(send_fax(both + steps{checks({2307, 2313, 2325}), shows({2321, 2325}),
+                                    shows({2328}, false), enables({2350}), click(2302)}),
               4);
     EXPECT_EQ(server.calls().back(), 6) << "a cancelled document is deleted";
-    EXPECT_EQ(send_telex({[&](dialog_view& shown) {
-                              common_state(shown);
-                              expect_checked(shown, {2307, 2313, 2328});
-                              expect_visible(shown, {2325}, false);
-                              expect_enabled(shown, {2350}, false);
-                          },
-                          [](dialog_view& shown) { shown.user_closes(); }}),
+    EXPECT_EQ(send_telex(both + steps{checks({2307, 2313, 2328}), shows({2325}, false),
+                                      enables({2350}, false), closes()}),
               4);
     EXPECT_THAT(user.messages, IsEmpty());
 }
@@ -82,13 +69,10 @@ TEST_F(SendDialog, OkChecksTheInputInOrderAndReplacesTheRecord) {
                           ok_is_refused(1265) + steps{type(2311, "25:00")} + ok_is_refused(1265) +
                           steps{type(2311, "20:15"), type(2319, "0")} + ok_is_refused(1280) +
                           steps{type(2319, "")} + ok_is_refused(1280) +
-                          steps{[](dialog_view& shown) {
-                                    EXPECT_EQ(text_in(shown, 2348), "0301234 ") << "picked once";
-                                    EXPECT_EQ(text_in(shown, 2327), "0301234");
-                                },
-                                note_shows(false), type(2327, "0301235"), note_shows(true),
-                                type(2319, "37"), click(2308), click(2315), click(2350),
-                                click(2301), [](dialog_view&) { ADD_FAILURE() << "accepted"; }});
+                          steps{reads(2348, "0301234 "), reads(2327, "0301234"), note_shows(false),
+                                type(2327, "0301235"), note_shows(true), type(2319, "37"),
+                                click(2308), click(2315), click(2350), click(2301),
+                                [](dialog_view&) { ADD_FAILURE() << "accepted"; }});
     EXPECT_EQ(sendfax::run_send_dialog(), 0);
     EXPECT_THAT(user.log, Contains("9599 destroyed").Times(6));
     const a_s_rec& record = *pa_s_rec;
@@ -108,34 +92,18 @@ TEST_F(SendDialog, OkChecksTheInputInOrderAndReplacesTheRecord) {
 
 TEST_F(SendDialog, ReceiversAreTypedPickedAndOfGroups) {
     // Entries of "common" for faxes: baecker, buchhalt, druckerei, empfang, ...
-    EXPECT_EQ(send_fax({type(2327, "111"),
-                        note_shows(false),
-                        click(2333),
-                        click(2324),
-                        double_click(2331, 2),
-                        click(2326),
-                        double_click(2304, 1),
-                        note_shows(false),
-                        [](dialog_view& shown) {
-                            EXPECT_EQ(text_in(shown, 2348), "111 common:druckerei kunden ");
-                            EXPECT_EQ(text_in(shown, 2327), "");
-                        },
-                        type(2327, "kunden"),
-                        note_shows(true),
-                        type(2327, "common:druckerei"),
-                        note_shows(false),
-                        type(2327, "222"),
-                        note_shows(true),
-                        click(2347),
-                        [](dialog_view& shown) { EXPECT_EQ(text_in(shown, 2348), ""); },
-                        note_shows(false),
-                        click(2333),
-                        double_click(2304, 1),
-                        type(2327, "333"),
-                        note_shows(true),
-                        click(2350),
-                        click(2350),
-                        click(2301)}),
+    const steps pick{click(2333), click(2324), double_click(2331, 2), click(2326),
+                     double_click(2304, 1)};
+    const steps forget{click(2347), reads(2348, ""), note_shows(false)};
+    const auto typed = [](const char* recipient, bool marked) {
+        return steps{type(2327, recipient), note_shows(marked)};
+    };
+    EXPECT_EQ(send_fax(typed("111", false) + pick +
+                       steps{note_shows(false), reads(2348, "111 common:druckerei kunden "),
+                             reads(2327, "")} +
+                       typed("kunden", true) + typed("common:druckerei", false) +
+                       typed("222", true) + forget + steps{click(2333), double_click(2304, 1)} +
+                       typed("333", true) + steps{click(2350), click(2350), click(2301)}),
               0);
     EXPECT_THAT(receivers(), ElementsAre("private:kunde2", "private:kunde1", "common:spedition",
                                          "common:druckerei", "222"))
@@ -146,11 +114,8 @@ TEST_F(SendDialog, ReceiversAreTypedPickedAndOfGroups) {
     EXPECT_EQ(send_fax({click(2324), select(2331, 1), click(2301)}), 0);
     EXPECT_EQ(receivers().back(), "common:buchhalt");
     const step priority_unknown = [this](dialog_view&) { server.fail(30); };
-    const step telexes_alone = [](dialog_view& shown) {
-        EXPECT_THAT(column(shown, 2331, 5), ElementsAre("Telex"));
-    };
-    EXPECT_EQ(send_telex({click(2324), telexes_alone, click(2326), select(2304, 0),
-                          priority_unknown, click(2301)}),
+    EXPECT_EQ(send_telex({click(2324), lists(2331, ElementsAre("Telex"), 5), click(2326),
+                          select(2304, 0), priority_unknown, click(2301)}),
               0);
     EXPECT_THAT(user.messages, ElementsAre(told(1203)));
     EXPECT_EQ(receivers().back(), "common:hansen");

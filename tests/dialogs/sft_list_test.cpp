@@ -2,7 +2,6 @@
 // The list with columns: its cells, and the widths that are kept.
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "dialogs/kept_setting.h"
 #include "dialogs/sft_list.h"

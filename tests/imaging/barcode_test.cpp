@@ -12,16 +12,12 @@
 #include "imaging/barcode.h"
 #include "imaging/drawing.h"
 #include "imaging/owned_bitmap.h"
-#include "platform/message_box.h"
+#include "platform/scratch.h"
 
 namespace zerdix::imaging {
 namespace {
 
 using runs = std::vector<int>; // of one colour each, the first one black
-
-struct freed {
-    void operator()(unsigned char* bytes) const { std::free(bytes); }
-};
 
 struct symbol {
     std::uint32_t width, height;
@@ -36,7 +32,8 @@ std::string pixels_of(const unsigned char* bytes, std::size_t count) {
 }
 
 symbol built(const std::string& digits) {
-    const std::unique_ptr<unsigned char, freed> block{BuildBarcodeBlock(digits.c_str())};
+    const std::unique_ptr<unsigned char, void (*)(void*)> block{BuildBarcodeBlock(digits.c_str()),
+                                                                std::free};
     symbol found{0, 0, {}};
     if (block == nullptr)
         return found;
@@ -174,14 +171,10 @@ TEST(BarcodeLabel, CutsOffWhatIsTooWide) {
 }
 
 TEST(BarcodeLabel, TellsWhyThereIsNone) {
-    struct box final : platform::message_box_port {
-        void show(std::string_view text, std::string_view) override { told = text; }
-        std::string told;
-    } told;
-    platform::message_box_port* before = platform::replace_message_box(&told);
+    const tests::recorded_boxes boxes;
     EXPECT_EQ(CreateBarcodeLabel(nullptr, "a", "b"), nullptr);
-    EXPECT_EQ(told.told, "Fehler!\nProblem mit Bitmap");
-    platform::replace_message_box(before);
+    ASSERT_EQ(boxes.shown.size(), 1u);
+    EXPECT_EQ(boxes.shown[0].first, "Fehler!\nProblem mit Bitmap");
 }
 
 } // namespace

@@ -2,46 +2,26 @@
 // Bitmaps, and pages on their way from one form to another.
 
 #include <algorithm>
-#include <array>
-#include <functional>
-#include <string>
+#include <cstring>
 
 #include <gmock/gmock.h>
 
 #include "imaging/owned_bitmap.h"
 #include "imaging/pictures.h"
 #include "pages/codec_calls.h"
-#include "platform/message_box.h"
-#include "platform/quit.h"
+#include "pages/naive_codec.h"
+#include "platform/scratch.h"
 
 namespace zerdix::imaging {
 namespace {
 
 using codec::bytes;
-using testing::ElementsAre;
-using testing::IsEmpty;
+using namespace testing;
 
-// Takes down what the user would have been told, and what the application would have been asked.
-class PageForms : public testing::Test,
-                  public platform::message_box_port,
-                  public platform::quit_port {
+class PageForms : public testing::Test {
   protected:
-    PageForms() {
-        platform::replace_message_box(this);
-        platform::replace_quit_request(this);
-    }
-    ~PageForms() override {
-        platform::replace_message_box(nullptr);
-        platform::replace_quit_request(nullptr);
-    }
-    void show(std::string_view text, std::string_view caption) override {
-        EXPECT_EQ(caption, "Benachrichtigung");
-        shown.emplace_back(text);
-    }
-    void post(int code) override { quits.push_back(code); }
-
-    std::vector<std::string> shown;
-    std::vector<int> quits;
+    tests::recorded_boxes boxes;
+    tests::recorded_quits quits;
 };
 
 bytes block_of(std::uint32_t width, std::uint32_t height, const bytes& rows) {
@@ -52,19 +32,12 @@ bytes block_of(std::uint32_t width, std::uint32_t height, const bytes& rows) {
     return block;
 }
 
-unsigned char mirrored(unsigned char byte) {
-    unsigned char result = 0;
-    for (int bit = 0; bit < 8; ++bit)
-        result = static_cast<unsigned char>(result | (byte >> bit & 1) << (7 - bit));
-    return result;
-}
-
 // The compressed page of rows with the leftmost pixel in bit 7, by way of bytes alone.
 bytes compressed(std::uint32_t width, std::uint32_t height, const bytes& rows,
                  unsigned char inverted) {
     bytes stored = codec::page_header(width, height);
     for (const unsigned char byte : rows)
-        stored.push_back(mirrored(byte) ^ inverted);
+        stored.push_back(naive::mirror(unsigned{byte}) ^ inverted);
     return *codec::compress(stored);
 }
 
@@ -129,7 +102,7 @@ TEST_F(PageForms, RowsComeBackByteForByte) {
             ASSERT_EQ(ConvertLeadToCompressedFax(&page, &bitmap, 0), 1);
             EXPECT_EQ(taken(page), direct) << width << "x" << height;
         }
-    EXPECT_THAT(shown, IsEmpty());
+    EXPECT_THAT(boxes.shown, IsEmpty());
 }
 
 TEST_F(PageForms, BitsBehindTheLastPixelAreDroppedAndGoOutWhite) {
@@ -172,12 +145,12 @@ TEST_F(PageForms, DamagedPagesGiveNoBitmap) {
         EXPECT_EQ(expand_page(page, &bitmap), 0) << page.size();
         EXPECT_EQ(bitmap.pixels, nullptr);
     }
-    EXPECT_THAT(shown, IsEmpty());
-    EXPECT_THAT(quits, IsEmpty());
+    EXPECT_THAT(boxes.shown, IsEmpty());
+    EXPECT_THAT(quits.codes, IsEmpty());
     owned_bitmap bitmap;
     EXPECT_EQ(expand_page({0x1F, 0x9E, 0x90, 0, 0}, &bitmap), 0);
-    EXPECT_THAT(quits, ElementsAre(1));
-    EXPECT_THAT(shown, IsEmpty());
+    EXPECT_THAT(quits.codes, ElementsAre(1));
+    EXPECT_THAT(boxes.shown, IsEmpty());
 }
 
 TEST_F(PageForms, FailuresTellTheUserByTheStepThatFailed) {
@@ -192,16 +165,18 @@ TEST_F(PageForms, FailuresTellTheUserByTheStepThatFailed) {
     EXPECT_EQ(CreateEmptyBitmap(&bitmap, 8200, 8200), 0);
     EXPECT_EQ(CreateEmptyBitmap(&bitmap, -8, 8), 0);
     EXPECT_EQ(released(8, 0, &bitmap), 0);
-    EXPECT_THAT(shown, ElementsAre("Error L_InitBitmap()", "Error L_InitBitmap()",
-                                   "Error L_InitBitmap()", "Error L_AllocateBitmap()"));
-    shown.clear();
+    const auto told = [](const char* text) { return Pair(text, "Benachrichtigung"); };
+    const auto no_size = told("Error L_InitBitmap()");
+    EXPECT_THAT(boxes.shown,
+                ElementsAre(no_size, no_size, no_size, told("Error L_AllocateBitmap()")));
+    boxes.shown.clear();
     page_dat page{};
     EXPECT_EQ(released(8, 0, nullptr), 0);
     EXPECT_EQ(ConvertBmToLead(nullptr, &bitmap, 1), 0);
     EXPECT_EQ(CreateEmptyBitmap(nullptr, 8, 8), 0);
     EXPECT_EQ(ConvertLeadToCompressedFax(&page, &bitmap, 0), 0);
     EXPECT_EQ(L_InvertBitmap(&bitmap), 0);
-    EXPECT_THAT(shown, IsEmpty());
+    EXPECT_THAT(boxes.shown, IsEmpty());
 }
 
 TEST_F(PageForms, FreeingTwiceDoesNoHarm) {
@@ -211,20 +186,6 @@ TEST_F(PageForms, FreeingTwiceDoesNoHarm) {
     EXPECT_EQ(bitmap.flags, 0u);
     EXPECT_EQ(FreeLeadBitmap(&bitmap), 1);
     EXPECT_EQ(FreeLeadBitmap(nullptr), 0);
-}
-
-TEST(Palette, HasTheColoursInOrder) {
-    const palette_entry white{0xFF, 0xFF, 0xFF, 0};
-    const palette_entry black{0, 0, 0, 0};
-    const palette_handle first[] = {CreateWhiteFirstPalette(), CreateBlackFirstPalette()};
-    EXPECT_THAT(first[0]->entries, ElementsAre(white, black));
-    EXPECT_THAT(first[1]->entries, ElementsAre(black, white));
-    for (const palette_handle palette : first) {
-        EXPECT_EQ(palette->version, 0x300);
-        EXPECT_EQ(palette->count, 2);
-        EXPECT_EQ(DeleteObject(palette), 1);
-    }
-    EXPECT_EQ(DeleteObject(nullptr), 0);
 }
 
 TEST(Bitmap, RowsCountFromTheBottomAndPixelsHaveTheColoursOfTheOrder) {

@@ -178,21 +178,6 @@ TEST(Text, EveryCharacterShowsAndUnknownOnesAsQuestionMarks) {
     }
 }
 
-TEST(Text, UmlautsAreTheirLettersUnderTwoDots) {
-    for (const char* face : {"Courier", "Arial", "Times New Roman"})
-        for (const auto& [umlaut, letter] :
-             {std::pair{"\xe4", "a"}, {"\xf6", "o"}, {"\xfc", "u"}, {"\xc4", "A"}, {"\xdc", "U"}}) {
-            const picture with = line({face, -33, 0}, umlaut);
-            const picture without = line({face, -33, 0}, letter);
-            const auto [top, bottom] = inked_rows(with);
-            const auto letter_rows = inked_rows(without);
-            EXPECT_LT(top, letter_rows.first - 2);
-            EXPECT_EQ(bottom, letter_rows.second);
-            EXPECT_EQ(runs_of(with[static_cast<std::size_t>(top + 1)]).size(), 2u)
-                << face << letter;
-        }
-}
-
 // Which letters that are hinted for grey, or not at all, don't have.
 TEST(Text, StemsOfALetterAreEquallyWide) {
     for (const char* face : {"Courier", "Arial", "Times New Roman"})

@@ -102,17 +102,10 @@ TEST(OddPages, AFetchEndsWhereThePageDoes) {
     }
 }
 
-TEST_F(Journal, AHugePageComesBackCut) {
-    ASSERT_EQ(put(content(1'638'401)), 0);
-    EXPECT_THAT(get(), SizeIs(1'638'400));
-}
-
 TEST_F(Journal, ABlockThatIsRefusedEndsTheTransfer) {
     server.refuse(60, 2);
     EXPECT_EQ(put(content(40000)), 4);
     EXPECT_EQ(server.calls(), (calls{60, 60}));
-    server.fail(60, 1);
-    EXPECT_EQ(put(content(10)), 8);
 }
 
 TEST_F(Journal, PagesAreInsertedCopiedAndRemoved) {
@@ -149,8 +142,6 @@ TEST_F(Journal, RecordsOfDocumentsThatAreNotThereAreEmpty) {
     ASSERT_NE(sent, nullptr);
     EXPECT_EQ(sent->faxid, 0);
     EXPECT_EQ(desk->faxid, document) << "another procedure's result stays";
-    server.fail(17);
-    EXPECT_EQ(journal.getEDoc(1), nullptr);
 }
 
 TEST_F(Journal, TheBifFlagIsClearedOnReading) {
@@ -240,7 +231,7 @@ TEST_F(Journal, ALongLogStopsGrowing) {
     for (int i = 0; i < 800; ++i)
         ASSERT_EQ(journal.putLog(TOPF_P, document, std::string(150, 'x').c_str()), 0);
     const std::string log = journal.getLog(TOPF_P, document, 0, nullptr);
-    EXPECT_EQ(log.substr(0, 102), std::string(100, 'x') + "\r\n");
+    EXPECT_TRUE(log.starts_with(std::string(100, 'x') + "\r\n"));
     EXPECT_GT(log.size(), 65000u);
     EXPECT_LT(log.size(), 65536u);
 }

@@ -22,9 +22,8 @@ std::optional<bytes> call(Operation operation, const bytes& input) {
     const auto result =
         operation(input.data(), static_cast<std::int32_t>(input.size()), &output, &length);
     std::optional<bytes> given;
-    if (result == 0) {
+    if (result == 0)
         given.emplace(output, output + length);
-    }
     std::free(output);
     return given;
 }
@@ -43,9 +42,8 @@ inline bytes text_bytes(std::string_view text) {
 
 inline bytes repeated(std::string_view pattern, std::size_t length) {
     bytes block(length);
-    for (std::size_t n = 0; n < length; ++n) {
+    for (std::size_t n = 0; n < length; ++n)
         block[n] = static_cast<unsigned char>(pattern[n % pattern.size()]);
-    }
     return block;
 }
 
@@ -62,9 +60,8 @@ inline bytes page_header(std::uint32_t width, std::uint32_t height) {
 inline bytes random_bytes(std::size_t length, unsigned seed, unsigned kinds = 256) {
     std::mt19937 generator(seed);
     bytes block(length);
-    for (auto& byte : block) {
+    for (auto& byte : block)
         byte = static_cast<unsigned char>(generator() % kinds);
-    }
     return block;
 }
 
@@ -79,11 +76,9 @@ inline bytes page_like(std::size_t rows, unsigned seed) {
     bytes block = page_header(1728, static_cast<std::uint32_t>(rows));
     block.resize(8 + rows * row_bytes);
     const auto bar = [&](std::size_t left, std::size_t top, std::size_t width, std::size_t height) {
-        for (std::size_t y = top; y < top + height; ++y) {
-            for (std::size_t x = left; x < left + width; ++x) {
+        for (std::size_t y = top; y < top + height; ++y)
+            for (std::size_t x = left; x < left + width; ++x)
                 block[8 + y * row_bytes + x / 8] |= static_cast<unsigned char>(1u << x % 8);
-            }
-        }
     };
     for (std::size_t top = 200; top + 60 < rows; top += below(9) == 0 ? 90 : 44) {
         for (std::size_t left = 200; left < 1500; left += below(6) == 0 ? 30 : 19) {

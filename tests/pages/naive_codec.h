@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 #include <vector>
 
@@ -15,16 +14,14 @@ using bytes = std::vector<unsigned char>;
 
 inline unsigned char mirror(unsigned value) {
     unsigned turned = 0;
-    for (unsigned bit = 0; bit < 8; ++bit) {
+    for (unsigned bit = 0; bit < 8; ++bit)
         turned |= (value >> bit & 1) << (7 - bit);
-    }
     return static_cast<unsigned char>(turned);
 }
 
 inline bytes mirror(bytes block) {
-    for (auto& byte : block) {
+    for (auto& byte : block)
         byte = mirror(byte);
-    }
     return block;
 }
 
@@ -32,13 +29,11 @@ class compressor {
   public:
     bytes run(const bytes& input) {
         out_ = {0x1f, 0x9d, 0x90};
-        if (input.empty()) {
+        if (input.empty())
             return out_;
-        }
         ent_ = input[0];
-        for (std::size_t n = 1; n < input.size(); ++n) {
+        for (std::size_t n = 1; n < input.size(); ++n)
             take(input[n]);
-        }
         write(ent_);
         out_.insert(out_.end(), group_, group_ + (offset_ + 7) / 8);
         return out_;
@@ -95,20 +90,16 @@ class compressor {
     }
 
     void write(std::int64_t code) {
-        for (int bit = 0; bit < n_bits_; ++bit) {
+        for (int bit = 0; bit < n_bits_; ++bit)
             put_bit(offset_ + bit, code >> bit & 1);
-        }
-        for (int bit = offset_ + n_bits_; bit % 8 != 0; ++bit) {
+        for (int bit = offset_ + n_bits_; bit % 8 != 0; ++bit)
             put_bit(bit, 0);
-        }
         offset_ += n_bits_;
-        if (offset_ == n_bits_ * 8) {
+        if (offset_ == n_bits_ * 8)
             write_group();
-        }
         if (free_ent_ > maxcode_ || clear_flg_) {
-            if (offset_ != 0) {
+            if (offset_ != 0)
                 write_group();
-            }
             n_bits_ = clear_flg_ ? 9 : n_bits_ + 1;
             maxcode_ = n_bits_ == 16 ? 65536 : (1 << n_bits_) - 1;
             clear_flg_ = false;
@@ -147,10 +138,8 @@ class compressor {
 class expander {
   public:
     std::optional<bytes> run(const bytes& stream) {
-        if (stream.size() < 3 || stream[0] != 0x1f || stream[1] != 0x9d ||
-            (stream[2] & 0x1f) > 16) {
+        if (stream.size() < 3 || stream[0] != 0x1f || stream[1] != 0x9d || (stream[2] & 0x1f) > 16)
             return std::nullopt;
-        }
         rest_ = bytes(stream.begin() + 3, stream.end());
         max_bits_ = stream[2] & 0x1f;
         block_mode_ = (stream[2] & 0x80) != 0;
@@ -162,9 +151,8 @@ class expander {
   private:
     void expand() {
         int code = read();
-        if (code < 0) {
+        if (code < 0)
             return;
-        }
         bytes previous{static_cast<unsigned char>(code)};
         out_ = previous;
         while ((code = read()) >= 0) {
@@ -172,16 +160,14 @@ class expander {
                 clear_flg_ = true;
                 free_ent_ = 256;
                 code = read();
-                if (code < 0) {
+                if (code < 0)
                     return;
-                }
             }
             const bytes present = string_of(code, previous);
             out_.insert(out_.end(), present.begin(), present.end());
             previous.push_back(present.front());
-            if (free_ent_ < 1 << max_bits_) {
+            if (free_ent_ < 1 << max_bits_)
                 strings_[static_cast<std::size_t>(free_ent_++)] = previous;
-            }
             previous = present;
         }
     }
@@ -213,14 +199,12 @@ class expander {
             taken_ += static_cast<std::size_t>(got);
             offset_ = 0;
             end_ = got * 8 - (n_bits_ - 1);
-            if (end_ <= 0) { // not even one whole code
+            if (end_ <= 0) // not even one whole code
                 return -1;
-            }
         }
         int code = 0;
-        for (int bit = 0; bit < n_bits_; ++bit) {
+        for (int bit = 0; bit < n_bits_; ++bit)
             code |= (group_[(offset_ + bit) / 8] >> (offset_ + bit) % 8 & 1) << bit;
-        }
         offset_ += n_bits_;
         return code < 256 ? mirror(static_cast<unsigned>(code)) : code;
     }

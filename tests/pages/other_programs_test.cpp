@@ -23,9 +23,8 @@ class other_programs : public testing::Test {
         const auto place = "cd " + folder_.path().string() + " && ";
         const int status = std::system((place + command + " <in.Z >out 2>err").c_str());
         // 2 of compress: done, but the output isn't smaller
-        if (!WIFEXITED(status) || (WEXITSTATUS(status) != 0 && WEXITSTATUS(status) != 2)) {
+        if (!WIFEXITED(status) || (WEXITSTATUS(status) != 0 && WEXITSTATUS(status) != 2))
             return std::nullopt;
-        }
         return codec::text_bytes(folder_.read("out"));
     }
 
@@ -48,9 +47,8 @@ std::vector<bytes> inputs() {
 
 TEST_F(other_programs, read_our_streams) {
     for (const std::string program : {"compress -dc", "uncompress -c", "gzip -dc"}) {
-        if (!installed(program.substr(0, program.find(' ')))) {
+        if (!installed(program.substr(0, program.find(' '))))
             GTEST_SKIP() << program << " isn't installed";
-        }
         for (const auto& input : inputs()) {
             const auto output = filter(program, *codec::compress(input));
             ASSERT_TRUE(output) << program;
@@ -60,9 +58,8 @@ TEST_F(other_programs, read_our_streams) {
 }
 
 TEST_F(other_programs, are_read_by_us) {
-    if (!installed("compress")) {
+    if (!installed("compress"))
         GTEST_SKIP() << "compress isn't installed";
-    }
     // Not 9: what this program writes then, neither itself nor others can read.
     for (int width = 10; width <= 16; ++width) {
         for (const auto& input : inputs()) {

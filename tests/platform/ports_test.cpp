@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "platform/append_file.h"
 #include "platform/host_lookup.h"

@@ -14,7 +14,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/font.h"
 #include "platform/message_box.h"
+#include "platform/quit.h"
 
 namespace zerdix::tests {
 
@@ -96,6 +98,27 @@ class recorded_boxes final : public platform::message_box_port {
 
   private:
     platform::message_box_port* before_;
+};
+
+// Takes note of the codes with which the program is asked to end.
+class recorded_quits final : public platform::quit_port {
+  public:
+    recorded_quits() { platform::replace_quit_request(this); }
+    ~recorded_quits() { platform::replace_quit_request(nullptr); }
+    void post(int code) override { codes.push_back(code); }
+
+    std::vector<int> codes;
+};
+
+// A machine without fonts.
+class no_fonts final : public platform::font_port {
+  public:
+    no_fonts() : before_(platform::replace_fonts(this)) {}
+    ~no_fonts() { platform::replace_fonts(before_); }
+    std::shared_ptr<platform::font> find(const platform::font_request&) override { return nullptr; }
+
+  private:
+    platform::font_port* before_;
 };
 
 } // namespace zerdix::tests

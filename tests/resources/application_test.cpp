@@ -4,7 +4,6 @@
 #include <array>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <zerdix/zerdix.h>
 
 #include "common/show_message.h"
@@ -17,9 +16,7 @@
 using namespace zerdix;
 using dialogs::chosen_templates;
 using dialogs::CZerdixApp;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
+using namespace testing;
 
 namespace {
 
@@ -35,16 +32,6 @@ class Application : public testing::Test {
     tests::environment_variable ini{"ZERDIX_INI", folder.path("zerdix.ini")};
     tests::environment_variable resources{"ZERDIX_RESOURCES", RESOURCES};
     tests::recorded_boxes boxes;
-};
-
-class no_fonts final : public platform::font_port {
-  public:
-    no_fonts() : before_(platform::replace_fonts(this)) {}
-    ~no_fonts() { platform::replace_fonts(before_); }
-    std::shared_ptr<platform::font> find(const platform::font_request&) override { return nullptr; }
-
-  private:
-    platform::font_port* before_;
 };
 
 } // namespace
@@ -134,7 +121,7 @@ TEST_F(Application, ReadsTheListFont) {
 }
 
 TEST_F(Application, SaysThatTheTextFontCanNotBeMadeAndNothingOfTheListFont) {
-    const no_fonts none;
+    const tests::no_fonts none;
     set("Language32=Deutsch,zerdix.hlp,deutsch.lng");
     CZerdixApp application;
     EXPECT_EQ(application.listFont(), nullptr);

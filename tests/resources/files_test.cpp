@@ -45,10 +45,9 @@ resource_texts load(const std::string& name) {
 template <class Map>
 auto filled_keys(const Map& texts) {
     std::set<typename Map::key_type> keys;
-    for (const auto& [key, text] : texts) {
+    for (const auto& [key, text] : texts)
         if (!text.empty())
             keys.insert(key);
-    }
     return keys;
 }
 
@@ -70,10 +69,9 @@ std::string doubled_letters(const resource_texts& texts, const forms::dialog_tem
             ++uses[static_cast<char>(std::tolower(caption->second.at(mark + 1)))];
     }
     std::string doubled;
-    for (const auto& [letter, count] : uses) {
+    for (const auto& [letter, count] : uses)
         if (count > 1)
             doubled += letter;
-    }
     return doubled;
 }
 

@@ -2,15 +2,12 @@
 // The connection: opening it, what ends it, and what the session knows.
 
 #include <chrono>
-#include <cstdlib>
 #include <ctime>
-#include <fstream>
 #include <rpc/rpc.h>
 
 #include <zerdix/journal.h>
 #include <zerdix/timetext.h>
 
-#include "rpc/session.h"
 #include "support/session_test.h"
 
 namespace zerdix::testing {
@@ -34,10 +31,8 @@ TEST_F(Connection, OpensAndCloses) {
 }
 
 TEST_F(Connection, NoConnectionIsMadeToWhatIsNoServer) {
-    EXPECT_EQ(session.GetClientAddr("nowhere.invalid"), nullptr);
-    EXPECT_EQ(session.GetClientAddr("256.1.1.1"), nullptr);
-    EXPECT_EQ(session.GetClientAddr("3com"), nullptr) << "a digit in front makes it an address";
-    EXPECT_EQ(session.GetClientAddr(""), nullptr);
+    for (const char* name : {"nowhere.invalid", "256.1.1.1", "3com", ""})
+        EXPECT_EQ(session.GetClientAddr(name), nullptr) << name;
     server.stop();
     EXPECT_EQ(connect(), nullptr);
 }
@@ -62,30 +57,6 @@ TEST_F(Connection, TheServersTimeZoneBecomesTheProcesss) {
     server.fail(89);
     EXPECT_EQ(setTZ(), 8);
     EXPECT_EQ(std::localtime(&summer)->tm_hour, 14) << "a failure changes nothing";
-}
-
-TEST_F(Connection, LanguagesHaveALetterAndALocale) {
-    EXPECT_EQ(ZERDIX::clsSetLanguage('X'), 4);
-    EXPECT_STREQ(ZERDIX::clsGetLanguageString(), "german_germany");
-    EXPECT_EQ(ZERDIX::clsSetLanguage('I'), 0);
-    EXPECT_EQ(ZERDIX::clsGetLanguage(), 'I');
-    EXPECT_STREQ(ZERDIX::clsGetLanguageString(), "english_us");
-    EXPECT_EQ(ZERDIX::clsSetLanguage('G'), 0);
-}
-
-TEST_F(Connection, BlockSizesAreAskedOnceAndCut) {
-    ASSERT_NE(connect(), nullptr);
-    auto& configuration = server.store().configuration;
-    const std::tuple<const char*, std::int32_t, std::size_t> cases[] = {
-        {"200", 200, 1}, {"201", 200, 1}, {"", 30, 2}, {"many", 30, 2}, {"1", 1, 1}};
-    for (const auto& [value, size, asked] : cases) {
-        rpc::session().lTelebookBlockSize = 0;
-        configuration.set("PHONEBOOKB", value);
-        server.clear_calls();
-        EXPECT_EQ(ZERDIX::clsGetTelebookBlockSize(), size) << value;
-        EXPECT_EQ(ZERDIX::clsGetTelebookBlockSize(), size) << value;
-        EXPECT_EQ(server.calls(), std::vector<int>(asked, 74)) << value;
-    }
 }
 
 // Takes the full 25 seconds, once, for real.

@@ -4,7 +4,7 @@
 #define ZERDIX_TESTS_TRACE_FIXTURE_H
 
 #include "support/session_test.h"
-#include "trace/room_trace.h"
+#include "trace/tracing.h"
 
 namespace zerdix::testing {
 

@@ -2,7 +2,6 @@
 // The user's records and password, the signature and the board.
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <zerdix/zerdix.h>
 

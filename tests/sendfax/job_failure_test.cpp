@@ -3,15 +3,12 @@
 
 #include <cstring>
 
-#include "sendfax/job_trace.h"
+#include "sendfax/job_fixture.h"
 
 namespace zerdix::testing {
 namespace {
 
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
-
+using namespace ::testing;
 using calls = std::vector<int>;
 
 // A server that goes wrong at one call, and what comes of it.
@@ -23,8 +20,6 @@ struct step_fault {
     const char* line; // among those traced
     std::size_t jobs = 0, desk = 0;
 };
-
-class PageFault : public PrintJob {};
 
 TEST_F(JobTrace, RefusalsStopThePageOrAreOnlyWarned) {
     const calls all{3, 23, 22, 30, 60, 22};
@@ -38,44 +33,27 @@ TEST_F(JobTrace, RefusalsStopThePageOrAreOnlyWarned) {
     };
     for (const step_fault& fault : faults) {
         SCOPED_TRACE(std::to_string(fault.procedure) + ", call " + std::to_string(fault.nth));
-        ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
-        server.clear_calls();
+        open_job();
         server.refuse(fault.procedure, fault.nth);
-        EXPECT_EQ(store(driver_block(80, 100)), fault.result);
+        EXPECT_EQ(store_page(), fault.result);
         EXPECT_EQ(server.calls(), fault.made);
+        EXPECT_EQ(sendfax::job().sPageCount, fault.procedure == 3 ? 0 : 1)
+            << "a page that wasn't stored counts all the same";
         expect_told(fault.line);
+        server.clear_calls();
+        EXPECT_EQ(store_page(), fault.result);
+        EXPECT_THAT(server.calls(), Not(Contains(3))) << "there is no second document";
         sendfax::close_job();
+        std::filesystem::remove(server.folder() / "FAXERROR.LOG");
     }
 }
 
-TEST_F(PageFault, AFailedFirstPageMakesNoSecondDocument) {
-    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
-    server.refuse(3);
-    EXPECT_EQ(store(driver_block(80, 100)), 8);
-    server.clear_calls();
-    EXPECT_EQ(store(driver_block(80, 100)), 8);
-    EXPECT_EQ(server.calls(), (calls{30, 60}));
-}
-
-TEST_F(PageFault, APageThatWasNotStoredStillCounts) {
-    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
-    server.refuse(60);
-    EXPECT_EQ(store(driver_block(80, 100)), 8);
-    EXPECT_EQ(sendfax::job().sPageCount, 1);
-    EXPECT_EQ(DeleteFaxDoc(), 0);
-    EXPECT_THAT(server.desk("zerdix"), IsEmpty());
-}
-
-TEST_F(PageFault, ABlockThatDoesNotCoverItsRowsIsRefused) {
-    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+// The blocks of the second kind cover their rows of width / 8 bytes.
+TEST_F(PrintJob, APageThatNobodyCouldReadBackIsRefused) {
+    open_job();
     const auto good = driver_block(80, 100);
-    const auto cut = [&](std::size_t size) {
-        return StoreFaxPage(good.data(), static_cast<std::int32_t>(size), 0, 0);
-    };
-    EXPECT_EQ(cut(good.size() - 1), 8);
-    EXPECT_EQ(cut(8), 8);
-    EXPECT_EQ(cut(7), 8);
-    EXPECT_EQ(cut(0), 8);
+    for (const std::size_t size : {good.size() - 1, std::size_t{8}, std::size_t{7}, std::size_t{0}})
+        EXPECT_EQ(store({good.begin(), good.begin() + static_cast<std::ptrdiff_t>(size)}), 8);
     EXPECT_EQ(StoreFaxPage(good.data(), -5, 0, 0), 8);
     EXPECT_EQ(StoreFaxPage(nullptr, 100, 0, 0), 8);
     auto huge = good; // rows of which the product wraps 32 bits
@@ -83,15 +61,6 @@ TEST_F(PageFault, ABlockThatDoesNotCoverItsRowsIsRefused) {
     huge[3] = 0xF8;
     EXPECT_EQ(store(huge), 8);
     EXPECT_THAT(error_log(), HasSubstr("doesn't cover its rows"));
-    EXPECT_EQ(sendfax::job().sPageCount, 0);
-    EXPECT_EQ(store(good), 0);
-}
-
-// The blocks cover their rows of width / 8 bytes.
-TEST_F(PageFault, APageThatNobodyCouldReadBackIsRefused) {
-    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
-    ASSERT_EQ(store(driver_block(80, 100)), 0);
-    server.clear_calls();
     for (const auto& [width, height] :
          {std::pair{1001u, 100u}, {7u, 100u}, {1729u, 1u}, {0u, 100u}, {80u, 0u}, {0u, 0u}}) {
         SCOPED_TRACE(std::to_string(width) + " by " + std::to_string(height));
@@ -99,20 +68,21 @@ TEST_F(PageFault, APageThatNobodyCouldReadBackIsRefused) {
         EXPECT_THAT(error_log(), HasSubstr("A page of " + std::to_string(width) + " by " +
                                            std::to_string(height) + " pixels can't be stored"));
     }
-    EXPECT_EQ(server.calls(), calls{});
-    EXPECT_EQ(sendfax::job().sPageCount, 1);
+    EXPECT_THAT(server.calls(), Not(Contains(60)));
+    EXPECT_EQ(sendfax::job().sPageCount, 0);
+    EXPECT_EQ(store(good), 0);
 }
 
 // Pages are counted in 16 bits; the number after 32,767 would be a negative one.
-TEST_F(PageFault, APageBeyondTheCountIsRefused) {
-    ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
-    ASSERT_EQ(store(driver_block(80, 100)), 0);
+TEST_F(PrintJob, APageBeyondTheCountIsRefused) {
+    open_job();
+    ASSERT_EQ(store_page(), 0);
     sendfax::job().sPageCount = 32766;
     server.clear_calls();
-    store(driver_block(80, 100));
+    store_page();
     EXPECT_EQ(server.calls(), (calls{30, 60})) << "page 32,767 goes to the server";
     server.clear_calls();
-    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(store_page(), 8);
     EXPECT_EQ(server.calls(), calls{});
     EXPECT_EQ(sendfax::job().sPageCount, 32767);
     EXPECT_THAT(error_log(), HasSubstr("StoreFaxPage(): A document holds 32767 pages at most"));
@@ -147,19 +117,37 @@ TEST_F(JobTrace, AFanOutStopsAtARefusedSendAndKeepsWhatWentOut) {
 
 TEST_F(JobTrace, APoolDocumentThatCannotMoveStaysAndTheUserIsGivenBack) {
     pick_desk("meier");
-    for (const auto& [procedure, what] : {std::pair{3, "makedoc"}, {5, "copydoc"}}) {
-        SCOPED_TRACE(what);
+    const step_fault faults[] = {
+        {3, 1, 8, {}, "Error: SendFaxDoc(): (makedoc) Problems with RPC connection", 0, 1},
+        {5, 1, 8, {}, "Error: SendFaxDoc(): (copydoc) Problems with RPC connection", 0, 1},
+        {42, 1, 0, {}, "Warn: SendFaxDoc(): Problems with setting bif flag", 0, 0},
+    };
+    for (const step_fault& fault : faults) {
+        SCOPED_TRACE(fault.procedure);
         const std::size_t desk = server.desk("zerdix").size();
         open_job_with_pages("");
-        server.refuse(procedure);
+        server.refuse(fault.procedure);
         std::strcpy(alphaid, "elsewhere");
-        EXPECT_EQ(SendFaxDoc(), 8);
+        EXPECT_EQ(SendFaxDoc(), fault.result);
         EXPECT_STREQ(ZERDIX::clsGetAlphaServer(), "127.0.0.1");
-        expect_told("Error: SendFaxDoc(): (" + std::string{what} +
-                    ") Problems with RPC connection");
-        EXPECT_THAT(server.desk("zerdix"), SizeIs(desk + 1));
+        expect_told(fault.line);
+        EXPECT_THAT(server.desk("zerdix"), SizeIs(desk + fault.desk));
         EXPECT_STREQ(ZERDIX::clsGetUserId(), "zerdix");
         EXPECT_STREQ(userid, "");
+    }
+}
+
+TEST_F(JobTrace, ATelexThatFailsLeavesTheJobOpen) {
+    for (const auto& [procedure, line] : {std::pair{3, "Problems with RPC connection"},
+                                          {60, "Problems with RPC connection"},
+                                          {53, "Document could not be printed"},
+                                          {6, "Problems with RPC connection"}}) {
+        open_job("#PHONE 12345#", false);
+        server.refuse(procedure);
+        EXPECT_EQ(SendTelex("HELLO", 5), 8);
+        expect_told("Error: SendTelex(): " + std::string{line});
+        EXPECT_NE(pzerdix, nullptr);
+        sendfax::close_job();
     }
 }
 
@@ -169,9 +157,9 @@ TEST_F(PrintJob, AClosedConnectionIsAFailureNotASignal) {
     EXPECT_EQ(SendFaxDoc(), 8);
     EXPECT_EQ(pzerdix, nullptr);
     ASSERT_EQ(TransmissionDlg(nullptr, "Next", 1), 0) << "the next job connects anew";
-    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    ASSERT_EQ(store_page(), 0);
     server.stop(SIGKILL);
-    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(store_page(), 8);
     EXPECT_EQ(DeleteFaxDoc(), 8);
     EXPECT_NE(pzerdix, nullptr);
 }
@@ -191,7 +179,7 @@ TEST_F(PrintJob, AServerThatIsSilentAtTheOpeningLeavesAJobWithoutConnection) {
     EXPECT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
     EXPECT_EQ(ZERDIX::clsGetClient(), nullptr);
     EXPECT_THAT(error_log(), HasSubstr("TransmissionDlg(): The Alpha server stayed silent"));
-    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(store_page(), 8);
     EXPECT_EQ(AbandonFaxDoc(), 0);
 }
 
@@ -220,12 +208,12 @@ class AbandonedJob : public PrintJob {
 };
 
 TEST_F(AbandonedJob, WhoseServerWasGoneForAMoment) {
-    ASSERT_EQ(store(driver_block(80, 100)), 0);
+    ASSERT_EQ(store_page(), 0);
     ASSERT_EQ(merge("#PHONE 2#"), 0);
     const auto desk = server.desk("zerdix");
     ASSERT_THAT(desk, SizeIs(1));
     server.drop(60);
-    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(store_page(), 8);
     EXPECT_EQ(abandon(), desk[0].id);
     EXPECT_THAT(error_log(), HasSubstr("AbandonFaxDoc(): Document " + std::to_string(desk[0].id) +
                                        " stays on the server"));
@@ -234,8 +222,8 @@ TEST_F(AbandonedJob, WhoseServerWasGoneForAMoment) {
 }
 
 TEST_F(AbandonedJob, WhoseDocumentWasNeverMade) {
-    server.refuse(3);
-    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    server.fail(3);
+    EXPECT_EQ(store_page(), 8);
     EXPECT_EQ(abandon(), 0);
     expect_next_job_to_go_well();
 }
@@ -243,7 +231,7 @@ TEST_F(AbandonedJob, WhoseDocumentWasNeverMade) {
 // Takes the full 25 seconds.
 TEST_F(AbandonedJob, ThatMetOneTimeOut) {
     server.stall(60, 1, 27);
-    EXPECT_EQ(store(driver_block(80, 100)), 8);
+    EXPECT_EQ(store_page(), 8);
     EXPECT_EQ(abandon(), server.desk("zerdix").at(0).id);
     expect_next_job_to_go_well();
 }

@@ -4,14 +4,13 @@
 #define ZERDIX_TESTS_JOB_FIXTURE_H
 
 #include <cstring>
-#include <fstream>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "pages/codec_calls.h"
 #include "sendfax/job.h"
 #include "sendfax/send_dialog.h"
 #include "support/test_server.h"
+#include "trace/tracing.h"
 
 namespace zerdix::testing {
 
@@ -25,6 +24,10 @@ inline std::vector<unsigned char> driver_block(std::uint32_t width, std::uint32_
 
 inline std::int32_t store(const std::vector<unsigned char>& block) {
     return StoreFaxPage(block.data(), static_cast<std::int32_t>(block.size()), 0, 0);
+}
+
+inline std::int32_t store_page() {
+    return store(driver_block(80, 100));
 }
 
 inline std::int32_t merge(std::string_view text) {
@@ -62,18 +65,45 @@ class PrintJob : public ::testing::Test {
         sendfax::install_send_dialog(nullptr);
     }
 
-    // Opens a job of two small pages and forgets the calls until then.
-    void open_job_with_pages(std::string_view merge_data) {
-        ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
+    // Each forgets the calls until then. A job without pages, and one of two small ones.
+    void open_job(std::string_view merge_data = "", bool fax = true) {
+        ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", fax ? 1 : 0), 0);
         ASSERT_EQ(merge(merge_data), 0);
-        ASSERT_EQ(store(driver_block(80, 100)), 0);
-        ASSERT_EQ(store(driver_block(80, 100)), 0);
+        server.clear_calls();
+    }
+    void open_job_with_pages(std::string_view merge_data) {
+        open_job(merge_data);
+        ASSERT_EQ(store_page(), 0);
+        ASSERT_EQ(store_page(), 0);
         server.clear_calls();
     }
 
     std::string error_log() const { return server.files().read("FAXERROR.LOG"); }
 
     test::test_server server;
+};
+
+using lines = std::vector<std::string>;
+
+// A print job whose own lines in the trace file can be looked at.
+class JobTrace : public PrintJob {
+  protected:
+    // The print job's own lines since the last look, as "Level: text".
+    lines traced() { return trace_.lines(); }
+
+    // One of the lines since the last look. Errors, and errors alone, stand in the error log too,
+    // which is taken away afterwards.
+    void expect_told(const std::string& line) {
+        EXPECT_THAT(traced(), ::testing::Contains(line));
+        const std::string log = error_log();
+        EXPECT_EQ(!log.empty(), line.starts_with("Error: ")) << log;
+        EXPECT_TRUE(log.empty() || log.find(line.substr(7)) != std::string::npos) << log;
+        std::filesystem::remove(server.folder() / "FAXERROR.LOG");
+    }
+
+  private:
+    tests::room_trace trace_{server.settings(), server.folder(), "sendfax",
+                             "Host=127.0.0.1\nUser=zerdix\n"};
 };
 
 } // namespace zerdix::testing

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Merge data: what is taken, what is passed over, and what it does to the job.
 
-#include <cstring>
-
 #include "sendfax/job_fixture.h"
 #include "sendfax/merge_text.h"
 #include "sendfax/receivers.h"
@@ -10,10 +8,8 @@
 namespace zerdix::testing {
 namespace {
 
+using namespace ::testing;
 using sendfax::ExtractKeyAndValue;
-using ::testing::ElementsAre;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 struct pair {
     std::int32_t key;
@@ -64,9 +60,12 @@ TEST(MergeText, PassesOverEverythingElse) {
         EXPECT_THAT(pairs_of(text), IsEmpty()) << text;
 }
 
-class MergeData : public PrintJob {
+class MergeData : public JobTrace {
   protected:
-    MergeData() { TransmissionDlg(nullptr, "Angebot", 1); }
+    MergeData() {
+        open_job();
+        traced();
+    }
 
     std::vector<std::string> receivers() const {
         return {ppReceiver, ppReceiver + lPDCountReceiver};
@@ -156,6 +155,38 @@ TEST_F(MergeData, TheDialogsReceiversLeaveNoOldOneBehindThem) {
     EXPECT_EQ(ppReceiver[1], nullptr);
 }
 
+// Entry and exit of the reading of one pair of merge data, and what is told of it.
+lines pair_lines(const std::string& key, const std::string& value, const lines& told = {}) {
+    lines all{"Entry: <-- ExtractKeyAndValue",
+              "Exit: --> ExtractKeyAndValue: Key: #" + key + "# Value: <" + value + ">"};
+    for (const std::string& each : told)
+        all.push_back("Info1: SetFaxMergeData: " + each);
+    return all;
+}
+
+lines operator+(lines all, const lines& more) {
+    all.insert(all.end(), more.begin(), more.end());
+    return all;
+}
+
+TEST_F(MergeData, EveryKeyIsTraced) {
+    const std::string text = "#PAPER 3##PRIORITY 50##RESOLUTION FINE##RESOLUTION NORMAL##RETRIES "
+                             "4##SENDTIME NOW##TITLE B\xfcro##PAPER##PHONE 111##XYZ#";
+    EXPECT_EQ(merge(text), 0);
+    EXPECT_EQ(traced(), (lines{"Entry: <-- SetFaxMergeData: " + text} +
+                         pair_lines("PAPER", "3", {"Paper source - <3>"}) +
+                         pair_lines("PRIORITY", "50", {"Priority - <50>"}) +
+                         pair_lines("RESOLUTION", "FINE", {"Resolution - fine"}) +
+                         pair_lines("RESOLUTION", "NORMAL", {"Resolution - normal"}) +
+                         pair_lines("RETRIES", "4", {"Retries - <4>"}) +
+                         pair_lines("SENDTIME", "NOW", {"send time - <NOW>"}) +
+                         pair_lines("TITLE", "B\xfcro", {"comment - <B\xfcro>"}) +
+                         pair_lines("PAPER", "") + pair_lines("PHONE", "111") +
+                         lines{"Entry: <-- ExtractKeyAndValue",
+                               "Exit: --> ExtractKeyAndValue: No valid key/value pair found",
+                               "Exit: --> SetFaxMergeData: rc = 0"}));
+}
+
 class MergeGroup : public MergeData {
   protected:
     MergeGroup() {
@@ -168,24 +199,32 @@ class MergeGroup : public MergeData {
 };
 
 TEST_F(MergeGroup, MembersOfTheJobsNetTypeBecomeReceivers) {
-    EXPECT_EQ(merge("#PHONE 1##RECEIVERGROUP team##PHONE 2#"), 0);
+    const std::string text =
+        "#PHONE 1##RECEIVERGROUP team##RECEIVERGROUP nobody##RECEIVERGROUP##PHONE 2#";
+    EXPECT_EQ(merge(text), 0);
     EXPECT_THAT(receivers(), ElementsAre("1", "common:a", "private:c", "2"));
-    EXPECT_EQ(server.calls(), (std::vector<int>{64, 74, 93, 82, 82, 82, 82}));
-    EXPECT_THAT(error_log(), HasSubstr("telebook book entry is not fax receiver"));
-    EXPECT_THAT(error_log(), HasSubstr("telebook book entry does not exist"));
-}
-
-TEST_F(MergeGroup, AnUnknownGroupIsPassedOver) {
-    EXPECT_EQ(merge("#RECEIVERGROUP nobody##RECEIVERGROUP##PHONE 2#"), 0);
-    EXPECT_THAT(receivers(), ElementsAre("2"));
-    EXPECT_THAT(error_log(), HasSubstr("group <nobody> doesn't exist on the server"));
+    EXPECT_EQ(server.calls(), (std::vector<int>{64, 74, 93, 82, 82, 82, 82, 64}));
+    EXPECT_EQ(
+        traced(),
+        (lines{"Entry: <-- SetFaxMergeData: " + text} + pair_lines("PHONE", "1") +
+         pair_lines("RECEIVERGROUP", "team", {"receiver group - <team>", "Receiver: common:a"}) +
+         lines{"Error: SetFaxMergeData: telebook book entry is not fax receiver",
+               "Error: SetFaxMergeData: telebook book entry does not exist",
+               "Info1: SetFaxMergeData: Receiver: private:c"} +
+         pair_lines("RECEIVERGROUP", "nobody", {"receiver group - <nobody>"}) +
+         lines{"Error: SetFaxMergeData: : group <nobody> doesn't exist on the server"} +
+         pair_lines("RECEIVERGROUP", "", {"receiver group - <>"}) + pair_lines("PHONE", "2") +
+         lines{"Exit: --> SetFaxMergeData: rc = 0"}));
 }
 
 TEST_F(MergeGroup, AFailedCallEndsTheTextAndKeepsWhatWasDone) {
-    for (int procedure : {64, 93}) {
+    for (const auto& [procedure, call] : {std::pair{64, "getTGroup"}, {93, "getTGroupEntries"}}) {
         server.fail(procedure);
         EXPECT_EQ(merge("#PHONE 1##RECEIVERGROUP team##PHONE 2#"), 8);
-        EXPECT_THAT(receivers(), ::testing::Each("1"));
+        EXPECT_THAT(receivers(), Each("1"));
+        EXPECT_THAT(traced(), IsSupersetOf({"Error: SetFaxMergeData: (" + std::string{call} +
+                                                ") Problems with RPC connection",
+                                            std::string{"Exit: --> SetFaxMergeData: rc = 8"}}));
     }
     EXPECT_EQ(lPDCountReceiver, 2);
     server.fail(82, 1); // one member can't be looked up: the others are taken

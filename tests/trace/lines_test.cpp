@@ -24,12 +24,11 @@ class Lines : public Tracing {
     }
 };
 
-} // namespace
-
-TEST_F(Lines, OneLineHasLabelPrefixAndPadding) {
-    EXPECT_THAT(traced(500, "<-- SendFaxDoc():"),
-                ElementsAre("# Entry:  " + padded("sendfax: : <-- SendFaxDoc():", 82)));
+std::string info(const char* text) {
+    return "# Info1:  " + padded(text, 82);
 }
+
+} // namespace
 
 TEST_F(Lines, LabelsGoByTheHundreds) {
     const char* labels[] = {"-----: ", "Error: ", "Info1: ", "IntErr:", "C/D:   ",
@@ -41,19 +40,17 @@ TEST_F(Lines, LabelsGoByTheHundreds) {
 }
 
 TEST_F(Lines, ClosingControlCharactersDontCount) {
-    const auto plain = ElementsAre("# Info1:  " + padded("sendfax: : x 7", 82));
+    const auto plain = ElementsAre(info("sendfax: : x 7"));
     EXPECT_THAT(traced(200, "x %ld\n", 7), plain);
     EXPECT_THAT(traced(200, "x %ld\r\n\t\x01\n", 7), plain);
-    EXPECT_THAT(traced(200, ""), ElementsAre("# Info1:  " + padded("sendfax: : ", 82)));
-    EXPECT_THAT(traced(200, "\n\n"), ElementsAre("# Info1:  " + padded("sendfax: : ", 82)));
+    EXPECT_THAT(traced(200, ""), ElementsAre(info("sendfax: : ")));
+    EXPECT_THAT(traced(200, "\n\n"), ElementsAre(info("sendfax: : ")));
 }
 
 TEST_F(Lines, LineBreaksInsideMakePartsThatArentExpanded) {
     EXPECT_THAT(traced(200, "one %s %d\n\r\ntwo %%\rthree %ld\n"),
-                ElementsAre("# Info1:  " + padded("sendfax: : ", 82),
-                            "# Info1:  " + padded(": one %s %d", 82),
-                            "# Info1:  " + padded(": two %%", 82),
-                            "# Info1:  " + padded(": three %ld", 82)));
+                ElementsAre(info("sendfax: : "), info(": one %s %d"), info(": two %%"),
+                            info(": three %ld")));
     EXPECT_EQ(traced(200, "\nx").size(), 2u);
     // A break inside an argument is no break of the format.
     EXPECT_EQ(folder.read("FAXTRACE.LOG").find("a\nb"), std::string::npos);
@@ -123,7 +120,7 @@ TEST_F(Lines, WidthOutOfTheEnvironment) {
 
 TEST_F(Lines, ArgumentsAndOverlongTextsStayInBounds) {
     EXPECT_THAT(traced(200, "%ld %hd %s %s", -5, 70000, "t", static_cast<const char*>(nullptr)),
-                ElementsAre("# Info1:  " + padded("sendfax: : -5 4464 t (null)", 82)));
+                ElementsAre(info("sendfax: : -5 4464 t (null)")));
     const std::string huge(5000, 'h');
     EXPECT_EQ(traced(200, "%s", huge.c_str()).size(), 1u + 1024 / 77 + 1);
     {

@@ -3,11 +3,12 @@
 // the work buffer as it was.
 
 #include "cover/template_document.h"
+#include "imaging/owned_bitmap.h"
 #include "imaging/pictures.h"
 #include "pages/driver_form.h"
 #include "pages/mirror.h"
 #include "sendfax/failing_malloc.h"
-#include "sendfax/job_trace.h"
+#include "sendfax/job_fixture.h"
 #include "sendfax/landscape_page.h"
 #include "sendfax/letterhead.h"
 
@@ -54,40 +55,25 @@ std::string stored_page(const picture& from) {
 }
 
 picture read_page(const std::string& compressed) {
-    bytes block = *codec::expand(codec::text_bytes(compressed));
-    pages::mirror_bits(std::span{block}.first(8));
-    const auto word = [&](std::size_t i) {
-        return static_cast<std::size_t>(block[i + 2] << 8 | block[i + 3]);
-    };
-    picture page(word(4), std::vector<int>(word(0)));
-    for (std::size_t y = 0; y < page.size(); ++y)
-        for (std::size_t x = 0; x < page[y].size(); ++x)
-            page[y][x] = block[8 + y * ((page[y].size() + 7) / 8) + x / 8] >> (7 - x % 8) & 1;
-    return page;
+    imaging::owned_bitmap page;
+    const bytes stored = codec::text_bytes(compressed);
+    const auto size = static_cast<std::int32_t>(stored.size());
+    EXPECT_EQ(ConvertCompressedFaxToLead(stored.data(), size, &page), 1);
+    return pixels_of(page);
 }
 
-class PagePreparers : public JobTrace {
+class Letterhead : public JobTrace {
   protected:
     // A pool document that holds this page, as the letterhead of a paper source.
     std::int32_t install(std::size_t source, const std::string& page) {
         const std::int32_t id = server.store().documents.create(TOPF_P, "zerdix");
         if (!page.empty())
             server.store().pages.put_block({id, 1, 0}, 0, page);
-        set_source(source, id);
-        return id;
-    }
-
-    void set_source(std::size_t source, std::int32_t id) {
         a_user_rec user = server.store().users.preferences("zerdix");
         user.userid.assign("zerdix");
         user.papertrays[source] = id;
         server.store().users.set_preferences(user);
-    }
-
-    void open_job() {
-        ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
-        server.clear_calls();
-        traced();
+        return id;
     }
 
     std::int32_t put(const picture& page, std::int16_t source) {
@@ -113,11 +99,12 @@ class PagePreparers : public JobTrace {
 const std::string selected =
     "Entry: <-- MergeBackPaper(): selected paper source (pool document id): ";
 
-TEST_F(PagePreparers, AnUprightLetterheadUnderTwoPages) {
+TEST_F(Letterhead, AnUprightLetterheadUnderTwoPages) {
     const picture letterhead = random_page(40, 50, 1);
     const std::string page = stored_page(letterhead);
     const std::int32_t id = install(3, page);
     open_job();
+    traced();
     ASSERT_EQ(put(random_page(80, 100, 2), 3), 0);
     EXPECT_EQ(server.calls(), (calls{3, 23, 22, 30, 20, 59, 59, 60, 22}));
     EXPECT_EQ(stored(1), laid_over(random_page(80, 100, 2), letterhead));
@@ -148,18 +135,21 @@ TEST_F(PagePreparers, AnUprightLetterheadUnderTwoPages) {
     EXPECT_EQ(stored(1), laid_over(random_page(40, 50, 5), letterhead));
 }
 
-TEST_F(PagePreparers, LandscapePagesAndLetterheadsAreTurnedEachOnItsOwn) {
+TEST_F(Letterhead, LandscapePagesAndLetterheadsAreTurnedEachOnItsOwn) {
     const picture upright = random_page(48, 64, 1);
     const picture landscape = random_page(64, 48, 2);
     install(1, stored_page(upright));
     install(2, stored_page(landscape));
+    const picture square = random_page(64, 64, 3);
+    install(3, stored_page(square));
     const lines turned{"Info1: MergeBackPaper(): start rotating Original bitmap -90",
                        "Info1: MergeBackPaper(): end rotating Original bitmap -90"};
     open_job();
     for (const auto& [page, source, under, turns] : {std::tuple{landscape, 1, upright, 1},
                                                      {upright, 2, turned_left(landscape), 1},
                                                      {landscape, 2, turned_left(landscape), 2},
-                                                     {upright, 1, upright, 0}}) {
+                                                     {upright, 1, upright, 0},
+                                                     {square, 3, square, 0}}) {
         ASSERT_EQ(put(page, static_cast<std::int16_t>(source)), 0);
         EXPECT_EQ(stored(sendfax::job().sPageCount),
                   laid_over(page == landscape ? turned_left(page) : page, under));
@@ -168,10 +158,10 @@ TEST_F(PagePreparers, LandscapePagesAndLetterheadsAreTurnedEachOnItsOwn) {
         EXPECT_EQ(std::count(traced_now.begin(), traced_now.end(), turned[1]), turns);
     }
     const calls made = server.calls();
-    EXPECT_EQ(std::count(made.begin(), made.end(), 20), 3) << "a fetch for each change of source";
+    EXPECT_EQ(std::count(made.begin(), made.end(), 20), 4) << "a fetch for each change of source";
 }
 
-TEST_F(PagePreparers, ALandscapePageWithoutLetterheadIsTurned) {
+TEST_F(Letterhead, ALandscapePageWithoutLetterheadIsTurned) {
     open_job();
     const picture landscape = random_page(96, 48, 1);
     ASSERT_EQ(put(landscape, 0), 0);
@@ -203,9 +193,8 @@ TEST_F(PagePreparers, ALandscapePageWithoutLetterheadIsTurned) {
                      "Exit: --> RotateBitmap(): Bitmap must not be rotated"}));
 }
 
-TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
+TEST_F(Letterhead, EveryWayOutLeavesTheBlockAsItWas) {
     const std::string good = stored_page(random_page(16, 24, 1));
-    const auto number = [](std::int32_t id) { return "<" + std::to_string(id) + ">"; };
     const auto loaded = [](std::size_t size) {
         return "Info1: MergeBackPaper(): pool document (" + std::to_string(size) +
                " bytes) could be loaded";
@@ -220,8 +209,8 @@ TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
     const std::int32_t whole = install(4, good);
     const std::int32_t huge = install(5, header);
     const auto paper = [&](int source, std::int32_t id) {
-        return "Info1: MergeBackPaper(): " + std::to_string(source) +
-               ". background paper: " + number(id);
+        return "Info1: MergeBackPaper(): " + std::to_string(source) + ". background paper: <" +
+               std::to_string(id) + ">";
     };
     struct way_out {
         std::int16_t source;
@@ -251,6 +240,7 @@ TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
         bytes block = before;
         page_dat page{0, nullptr};
         open_job();
+        traced();
         if (way.failing != 0)
             server.fail(way.failing);
         if (way.refused != 0)
@@ -304,7 +294,7 @@ TEST_F(PagePreparers, EveryWayOutLeavesTheBlockAsItWas) {
     EXPECT_EQ(cut, wide);
 }
 
-TEST_F(PagePreparers, AFailedFetchDoesNotLoseTheLetterheadForGood) {
+TEST_F(Letterhead, AFailedFetchDoesNotLoseTheLetterheadForGood) {
     const picture letterhead = random_page(16, 24, 1);
     install(3, stored_page(letterhead));
     install(4, stored_page(random_page(16, 24, 2)));

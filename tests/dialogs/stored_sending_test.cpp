@@ -10,11 +10,7 @@
 namespace zerdix::testing {
 namespace {
 
-using ::testing::Contains;
-using ::testing::Each;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
+using namespace ::testing;
 
 class StoredDocuments : public SendDialog {
   protected:
@@ -62,15 +58,14 @@ class StoredDocuments : public SendDialog {
 TEST_F(StoredDocuments, EachGoesToEachReceiver) {
     std::memcpy(comments + 31, "second", 7);
     std::vector<std::int32_t> ids{fax, second};
-    EXPECT_EQ(send(ids, steps{[](dialog_view& shown) {
-                            EXPECT_EQ(text_in(shown, 2317), told(1431));
-                            EXPECT_TRUE(shown.find(2317)->read_only);
-                            EXPECT_FALSE(shown.find(2321)->visible);
-                            EXPECT_TRUE(shown.find(2325)->visible && shown.find(2325)->checked);
-                            EXPECT_TRUE(shown.find(2328)->visible);
-                        }} + three +
-                            steps{click(2301)}),
-              2301);
+    const step begin = [](dialog_view& shown) {
+        EXPECT_TRUE(shown.find(2317)->read_only);
+        EXPECT_TRUE(shown.find(2325)->checked);
+    };
+    EXPECT_EQ(
+        send(ids, steps{reads(2317, told(1431)), begin, shows({2321}, false), shows({2325, 2328})} +
+                      three + steps{click(2301)}),
+        2301);
     const auto jobs = server.jobs();
     ASSERT_THAT(jobs, SizeIs(6));
     for (std::size_t i = 0; i < 6; ++i) {
@@ -179,15 +174,11 @@ TEST_F(StoredDocuments, WhatThereIsNothingOfIsCountedOnce) {
 // A telex entry that was picked behind a group: the group's members must not shift the pick's net
 // type to another receiver, and it is that of the entry, whatever its row says of it.
 TEST_F(StoredDocuments, TheNetTypeIsThatOfTheReceiversOwnPick) {
-    const steps telex_behind_group{
-        click(2326),
-        double_click(2304, 1),
-        click(2328),
-        click(2324),
-        [](dialog_view& shown) { shown.find(2331)->list->rows[0][5] = told(1332); },
-        double_click(2331, 0),
-        click(2325),
-        click(2301)};
+    const step called_fax = [](dialog_view& shown) {
+        shown.find(2331)->list->rows[0][5] = told(1332);
+    };
+    const steps telex_behind_group{click(2326), double_click(2304, 1), click(2328), click(2324),
+                                   called_fax,  double_click(2331, 0), click(2325), click(2301)};
     EXPECT_EQ(send_one(fax, telex_behind_group), 2301);
     EXPECT_THAT(receivers(), ElementsAre("common:druckerei", "common:spedition", "private:kunde1",
                                          "private:kunde2"));
@@ -226,8 +217,7 @@ TEST_F(StoredDocuments, NothingToSendOrNoWindowIsNoDialog) {
     user.cannot_create = {form};
     EXPECT_EQ(SendStoredDocuments(nullptr, &journal, one, nullptr), -1);
     user.cannot_create.clear();
-    user.script(form, {[](dialog_view& shown) { EXPECT_EQ(text_in(shown, 2317), ""); },
-                       type(2317, "new"), type(2327, "1"), click(2301)});
+    user.script(form, {reads(2317, ""), type(2317, "new"), type(2327, "1"), click(2301)});
     EXPECT_EQ(SendStoredDocuments(nullptr, &journal, one, nullptr), 2301);
     EXPECT_EQ(server.jobs().back().record.comment, "new");
 }

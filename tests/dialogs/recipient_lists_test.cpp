@@ -8,10 +8,7 @@
 namespace zerdix::testing {
 namespace {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::SizeIs;
+using namespace ::testing;
 using texts = std::vector<std::string>;
 
 // Rows of "many" as they come block by block: a server that repeats the key, and one on which the
@@ -20,10 +17,7 @@ TEST_F(SendDialog, TheListGrowsBlockByBlock) {
     server.set_config("PHONEBOOKB", "4");
     server.fill_book("many", 12);
     platform::write_profile_string("Zerdix", "TBookId", "many");
-    const auto rows = [](std::size_t expected) {
-        return
-            [expected](dialog_view& shown) { EXPECT_THAT(column(shown, 2331), SizeIs(expected)); };
-    };
+    const auto rows = [](std::size_t expected) { return lists(2331, SizeIs(expected)); };
     const auto remove = [this](const char* name) {
         return [this, name](dialog_view&) {
             server.store().phone_books.remove_entry(test::id("many"), test::id(name));
@@ -69,16 +63,14 @@ TEST_F(SendDialog, ABlockSizeThatCouldNotBeHadIsAskedForAgain) {
     server.fill_book("many", 12);
     for (const int nth : {1, 2})
         server.fail(74, nth);
-    EXPECT_EQ(send_fax({click(2324), expect_messages({told(1312)}),
-                        [](dialog_view& shown) { EXPECT_THAT(column(shown, 2331), IsEmpty()); },
+    EXPECT_EQ(send_fax({click(2324), expect_messages({told(1312)}), lists(2331, IsEmpty()),
                         [](dialog_view& shown) {
                             const auto& books = shown.find(2310)->items;
                             const auto many = std::find(books.begin(), books.end(), "many");
                             shown.user_picks_item(2310,
                                                   static_cast<std::int32_t>(many - books.begin()));
                         },
-                        [](dialog_view& shown) { EXPECT_THAT(column(shown, 2331), SizeIs(12)); },
-                        click(2302)}),
+                        lists(2331, SizeIs(12)), click(2302)}),
               4);
     EXPECT_THAT(user.messages, IsEmpty());
 }
@@ -125,37 +117,35 @@ TEST_F(SendDialog, SidesBooksAndNewEntries) {
     server.fail(79);
     server.fail(104);
     user.script(1900, {type(1908, "neu+1"), type(1915, "4711"), click(1901)});
-    EXPECT_EQ(send_fax({click(2324), expect_messages({told(1293)}), click(2326),
-                        expect_messages({told(1296)}), click(2326), expect_messages({}),
-                        [this](dialog_view& shown) {
-                            EXPECT_THAT(server.calls(), Contains(104).Times(1))
-                                << "a click on the side that is there already asks for nothing";
-                            EXPECT_THAT(column(shown, 2304), IsEmpty());
-                        },
-                        click(2324),
-                        [this](dialog_view& shown) {
-                            expect_visible(shown, {2310, 2331, 2329, 2305}, true);
-                            expect_visible(shown, {2304, 2330}, false);
-                            expect_enabled(shown, {2303, 2322}, true);
-                            EXPECT_EQ(shown.find(2310)->items.size(), 3u);
-                            EXPECT_EQ(shown.find(2310)->selected_item, 0) << "common";
-                            server.clear_calls();
-                        },
-                        click(2303),
-                        [this](dialog_view& shown) {
-                            EXPECT_EQ(shown.find(2331)->list->rows.back(),
-                                      (texts{"neu+1", "", "", "4711", "Extern", "Fax"}));
-                            EXPECT_EQ(text_in(shown, 2348), "");
-                            user.list(shown, 2331).drag(1, 222);
-                        },
-                        click(2326),
-                        [](dialog_view& shown) {
-                            EXPECT_THAT(column(shown, 2304), Contains("kunden"));
-                            expect_visible(shown, {2304, 2330}, true);
-                            expect_visible(shown, {2310, 2331, 2329, 2305}, false);
-                            expect_enabled(shown, {2303}, false);
-                            shown.user_closes();
-                        }}),
+    const step asks_once = [this](dialog_view&) {
+        EXPECT_THAT(server.calls(), Contains(104).Times(1))
+            << "a click on the side that is there already asks for nothing";
+        server.clear_calls();
+    };
+    const step common_is_first = [](dialog_view& shown) {
+        EXPECT_EQ(shown.find(2310)->items.size(), 3u);
+        EXPECT_EQ(shown.find(2310)->selected_item, 0);
+    };
+    const step new_entry_is_last = [this](dialog_view& shown) {
+        EXPECT_EQ(shown.find(2331)->list->rows.back(),
+                  (texts{"neu+1", "", "", "4711", "Extern", "Fax"}));
+        user.list(shown, 2331).drag(1, 222);
+    };
+    const steps failing{click(2324), expect_messages({told(1293)}), click(2326),
+                        expect_messages({told(1296)})};
+    const steps books{click(2324),
+                      shows({2310, 2331, 2329, 2305}),
+                      shows({2304, 2330}, false),
+                      enables({2303, 2322}),
+                      common_is_first,
+                      click(2303),
+                      new_entry_is_last,
+                      reads(2348, "")};
+    const steps groups{click(2326), lists(2304, Contains("kunden")), shows({2304, 2330}),
+                       shows({2310, 2331, 2329, 2305}, false), enables({2303}, false)};
+    EXPECT_EQ(send_fax(failing +
+                       steps{click(2326), expect_messages({}), asks_once, lists(2304, IsEmpty())} +
+                       books + groups + steps{closes()}),
               4);
     EXPECT_EQ(kept("SendTeleSel1"), "222");
     EXPECT_EQ(kept("SendTeleSel0"), kept("SendTeleSel5"));
@@ -215,14 +205,11 @@ TEST_F(SendDialog, OneHandlerAtATimeWorksOnTheLists) {
                            EXPECT_EQ(list.row_count(), 12);
                        },
                        click(1402)});
-    EXPECT_EQ(send_fax({click(2324), [&](dialog_view&) { user.at_remote_call = meddle; },
-                        select(2331, 3), click(2322),
-                        [&](dialog_view& shown) {
-                            user.at_remote_call = nullptr;
-                            expect_visible(shown, {2310, 2331}, true);
-                        },
-                        click(2302)}),
-              4);
+    EXPECT_EQ(
+        send_fax({click(2324), [&](dialog_view&) { user.at_remote_call = meddle; }, select(2331, 3),
+                  click(2322), [&](dialog_view&) { user.at_remote_call = nullptr; },
+                  shows({2310, 2331}), click(2302)}),
+        4);
     EXPECT_EQ(kept("TBookId"), "many");
     EXPECT_GT(searches, 1);
     EXPECT_EQ(user.left_over(), 0u);
