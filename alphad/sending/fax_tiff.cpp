@@ -7,6 +7,8 @@
 
 #include <zerdix/page.h>
 
+#include "alphad/sending/group4.h"
+
 namespace zerdix::alphad {
 
 namespace {
@@ -26,7 +28,7 @@ std::string tiff_time() {
     return text;
 }
 
-void set_form(TIFF* file, const page_picture& page, bool is_normal) {
+void set_form(TIFF* file, const coded_page& page, bool is_normal) {
     TIFFSetField(file, TIFFTAG_IMAGEWIDTH, page.size.width);
     TIFFSetField(file, TIFFTAG_IMAGELENGTH, page.size.height);
     TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 1);
@@ -51,13 +53,17 @@ void set_labels(TIFF* file, const spooled_picture& picture, std::size_t index) {
     TIFFSetField(file, TIFFTAG_SOFTWARE, "alphad");
 }
 
-// The encoder reads the rows and doesn't change them.
-bool write_rows(TIFF* file, const page_picture& page) {
-    auto* rows = const_cast<unsigned char*>(page.rows.data());
-    return TIFFWriteEncodedStrip(file, 0, rows, static_cast<tmsize_t>(page.rows.size())) >= 0;
+// The library reads the code and doesn't change it.
+bool write_code(TIFF* file, const coded_page& page) {
+    auto* code = const_cast<char*>(page.code.data());
+    return TIFFWriteRawStrip(file, 0, code, static_cast<tmsize_t>(page.code.size())) >= 0;
 }
 
 } // namespace
+
+coded_page coded(const page_picture& page) {
+    return {page.size, group4_code(page)};
+}
 
 bool write_fax_tiff(const std::filesystem::path& file_name, const spooled_picture& picture) {
     const std::unique_ptr<TIFF, close_tiff> file{TIFFOpen(file_name.c_str(), "w")};
@@ -66,7 +72,7 @@ bool write_fax_tiff(const std::filesystem::path& file_name, const spooled_pictur
     for (std::size_t i = 0; i < picture.pages.size(); ++i) {
         set_form(file.get(), picture.pages[i], picture.normal);
         set_labels(file.get(), picture, i);
-        if (!write_rows(file.get(), picture.pages[i]) || !TIFFWriteDirectory(file.get()))
+        if (!write_code(file.get(), picture.pages[i]) || !TIFFWriteDirectory(file.get()))
             return false;
     }
     return TIFFFlush(file.get()) == 1;

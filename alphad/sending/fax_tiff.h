@@ -11,8 +11,16 @@
 
 namespace zerdix::alphad {
 
+// A page as it stands in the file.
+struct coded_page {
+    zerdix::pages::page_size size;
+    std::string code;
+};
+
+coded_page coded(const page_picture& page);
+
 struct spooled_picture {
-    std::vector<page_picture> pages;
+    std::vector<coded_page> pages;
     std::string title;       // UTF-8
     std::string description; // UTF-8
     bool normal;             // 98 rows to the inch instead of 196

@@ -55,15 +55,16 @@ std::optional<sending::receiver> sending::find_receiver(const str10& user,
                     entry->nettype != wanted.nettype};
 }
 
-std::optional<std::vector<page_picture>>
-sending::pictures(std::int32_t document, std::int16_t first, std::int16_t last, bool normal) const {
-    std::vector<page_picture> found;
+// Coded one by one: all of a long document's rows at once would take half a gigabyte.
+std::optional<std::vector<coded_page>> sending::pictures(std::int32_t document, std::int16_t first,
+                                                         std::int16_t last, bool normal) const {
+    std::vector<coded_page> found;
     for (std::int16_t page = first; page <= last; ++page) {
         const auto stored = store_.pages.picture({document, page, picture_page});
         auto picture = stored ? read_page(*stored) : std::nullopt;
         if (!picture)
             return std::nullopt;
-        found.push_back(normal ? halved(std::move(*picture)) : std::move(*picture));
+        found.push_back(coded(normal ? halved(std::move(*picture)) : std::move(*picture)));
     }
     return found;
 }

@@ -54,12 +54,12 @@ class sending {
     };
     // What goes over the line: pictures, or a telex text.
     struct message {
-        std::vector<page_picture> pages;
+        std::vector<coded_page> pages;
         std::string telex;
     };
     std::optional<receiver> find_receiver(const str10& user, const a_s_rec& wanted) const;
-    std::optional<std::vector<page_picture>> pictures(std::int32_t document, std::int16_t first,
-                                                      std::int16_t last, bool normal) const;
+    std::optional<std::vector<coded_page>> pictures(std::int32_t document, std::int16_t first,
+                                                    std::int16_t last, bool normal) const;
     std::optional<std::string> telex_text(std::int32_t document) const;
     std::optional<message> message_of(std::int32_t document, const a_s_rec& record) const;
     // The outgoing document with its job.
