@@ -60,7 +60,7 @@ class Page : public testing::Test {
 TEST_F(Page, ComesBackPixelForPixel) {
     ASSERT_EQ(run_zerdix({"print", SAMPLE_PDF, "--to", "1"}).status, 0);
     const int document = server_.jobs().at(0).record.faxid;
-    const std::vector<unsigned char> sent = app::pdf_file(SAMPLE_PDF).render(2);
+    const std::vector<unsigned char> sent = app::pdf_file(SAMPLE_PDF).render(2).block;
     ASSERT_EQ(fetch(document, 2, "out").status, 0);
     const grey_picture got = read_png(output_);
     ASSERT_EQ(got.width, 1728U);

@@ -36,14 +36,14 @@ struct print_line {
     std::string resolution;
 };
 
-void store_pages(print_job& job, const pdf_file& pdf, progress& shown) {
+void store_pages(print_job& job, pdf_file& pdf, progress& shown) {
     for (int page = 1; page <= pdf.pages(); ++page) {
         stop_if_interrupted();
-        const std::vector<unsigned char> block = pdf.render(page);
-        if (!pdf.complaint().empty())
-            note("page " + std::to_string(page) + " may be incomplete: " + pdf.complaint());
+        const fax_page made = pdf.render(page);
+        if (!made.complaint.empty())
+            note("page " + std::to_string(page) + " may be incomplete: " + made.complaint);
         stop_if_interrupted();
-        job.store_page(block);
+        job.store_page(made.block);
         shown.step(page, "page " + of(page, pdf.pages()) + " stored");
     }
     stop_if_interrupted();
@@ -63,7 +63,7 @@ void note_what_the_dialog_asks_again(const print_options& options) {
 // What can be told wrong without the server is told before anything is asked of it.
 void print(const print_options& options) {
     check_receivers(options);
-    const pdf_file pdf(options.file);
+    pdf_file pdf(options.file);
     const std::string title = job_title(options, pdf.title());
     const std::string settings = merge_text(options, title);
     watch_for_interrupts();
