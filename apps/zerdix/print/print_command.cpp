@@ -19,6 +19,7 @@
 #include "print/forms.h"
 #include "print/job_options.h"
 #include "print/merge_text.h"
+#include "print/pages_ahead.h"
 #include "print/pdf_file.h"
 #include "print/print_job.h"
 #include "session/settings_choice.h"
@@ -36,15 +37,15 @@ struct print_line {
     std::string resolution;
 };
 
-void store_pages(print_job& job, pdf_file& pdf, progress& shown) {
-    for (int page = 1; page <= pdf.pages(); ++page) {
+void store_pages(print_job& job, pages_ahead& pages, progress& shown) {
+    for (int number = 1; number <= pages.count(); ++number) {
         stop_if_interrupted();
-        const fax_page made = pdf.render(page);
-        if (!made.complaint.empty())
-            note("page " + std::to_string(page) + " may be incomplete: " + made.complaint);
+        const fax_page page = pages.next();
+        if (!page.complaint.empty())
+            note("page " + std::to_string(number) + " may be incomplete: " + page.complaint);
         stop_if_interrupted();
-        job.store_page(made.block);
-        shown.step(page, "page " + of(page, pdf.pages()) + " stored");
+        job.store_page(page.block);
+        shown.step(number, "page " + of(number, pages.count()) + " stored");
     }
     stop_if_interrupted();
 }
@@ -67,6 +68,7 @@ void print(const print_options& options) {
     const std::string title = job_title(options, pdf.title());
     const std::string settings = merge_text(options, title);
     watch_for_interrupts();
+    pages_ahead pages(pdf);
     print_job job(title);
     set_up(job, options, settings);
     job.require_receivers_or_dialog();
@@ -76,12 +78,12 @@ void print(const print_options& options) {
     else if (options.cover)
         ask_for_cover_pages();
     require_letterhead(options.paper.value_or(0));
-    progress shown(stdout, progress::fitting(options.quiet), pdf.pages());
-    store_pages(job, pdf, shown);
-    shown.step(pdf.pages(), asks ? "the send dialog asks for the receivers"
-                                 : "sending to " + counted(job.receivers(), "receiver"));
+    progress shown(stdout, progress::fitting(options.quiet), pages.count());
+    store_pages(job, pages, shown);
+    shown.step(pages.count(), asks ? "the send dialog asks for the receivers"
+                                   : "sending to " + counted(job.receivers(), "receiver"));
     const std::string done = job.send();
-    shown.done(options.file + ": " + counted(pdf.pages(), "page") + ", " + done);
+    shown.done(options.file + ": " + counted(pages.count(), "page") + ", " + done);
 }
 
 template <class Value>
