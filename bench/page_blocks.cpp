@@ -26,11 +26,11 @@ std::vector<unsigned char> stored_form(const std::vector<unsigned char>& block) 
 }
 
 void write_pages(const char* pdf, const std::filesystem::path& folder, int count) {
-    const zerdix::app::pdf_file file{pdf};
+    zerdix::app::pdf_file file{pdf};
     const int wanted = count > 0 ? std::min(count, file.pages()) : file.pages();
     for (int n = 0; n < wanted; ++n) {
         const int page = 1 + n * file.pages() / wanted;
-        const auto block = stored_form(file.render(page));
+        const auto block = stored_form(file.render(page).block);
         char name[32];
         std::snprintf(name, sizeof name, "page%04d", page);
         std::ofstream(folder / name, std::ios::binary)

@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <malloc.h>
 
 #include "alphad/demo/demo_data.h"
 
@@ -18,6 +19,14 @@ void use_time_zone(const configuration& values) {
     tzset();
 }
 
+// Pages come and go in blocks of half a megabyte. Memory that goes back to the system with each has
+// to be cleared anew for the next, which takes longer than to store the page.
+void keep_memory_for_pages() {
+    constexpr int largest_block = 32 << 20; // the most that the C library allows
+    mallopt(M_MMAP_THRESHOLD, largest_block);
+    mallopt(M_TRIM_THRESHOLD, largest_block);
+}
+
 std::filesystem::path own_spool(const service_options& options) {
     if (options.store == ":memory:")
         return {};
@@ -30,6 +39,7 @@ service::service(const service_options& options, alphad::gate& gate)
     : store_(options.store), spool_(options.spool, own_spool(options)), sending_(store_, spool_),
       answers_(store_, sending_), calls_(options.calls),
       dispatcher_(store_, answers_, gate, calls_) {
+    keep_memory_for_pages();
     if (options.demo_data && store_.is_new()) {
         add_demo_data(store_);
         use_time_zone(store_.configuration); // for the log lines of the documents

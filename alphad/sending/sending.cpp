@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "alphad/sending/sending.h"
 
+#include <algorithm>
 #include <ctime>
+#include <deque>
+#include <future>
+#include <thread>
 
 #include <zerdix/book_entry.h>
 #include <zerdix/values.h>
@@ -25,6 +29,16 @@ std::string time_of(std::int32_t seconds) {
     char text[32];
     std::strftime(text, sizeof text, "%Y-%m-%d %H:%M", &local);
     return text;
+}
+
+// Nothing when the bytes are no page.
+std::optional<tiff::coded_page> code_page(const std::optional<std::string>& stored, bool normal) {
+    auto picture = stored ? read_page(*stored) : std::nullopt;
+    if (!picture)
+        return std::nullopt;
+    if (normal)
+        picture = halved(std::move(*picture));
+    return tiff::coded({picture->size.width, picture->size.height, picture->rows});
 }
 
 // The log's line about a job whose file lies ready.
@@ -61,15 +75,25 @@ std::optional<sending::receiver> sending::find_receiver(const str10& user,
                     entry->nettype != wanted.nettype};
 }
 
-std::optional<std::vector<page_picture>>
+// A few pages at a time, each on a processor of its own: all of a long document's rows at once
+// would take half a gigabyte.
+std::optional<std::vector<tiff::coded_page>>
 sending::pictures(std::int32_t document, std::int16_t first, std::int16_t last, bool normal) const {
-    std::vector<page_picture> found;
-    for (std::int16_t page = first; page <= last; ++page) {
-        const auto stored = store_.pages.picture({document, page, picture_page});
-        auto picture = stored ? read_page(*stored) : std::nullopt;
-        if (!picture)
+    const std::size_t at_once = std::max(std::thread::hardware_concurrency(), 1U);
+    std::vector<tiff::coded_page> found;
+    std::deque<std::future<std::optional<tiff::coded_page>>> under_way;
+    for (std::int32_t page = first; page <= last || !under_way.empty();) {
+        if (page <= last && under_way.size() < at_once) {
+            const auto number = static_cast<std::int16_t>(page++);
+            auto stored = store_.pages.picture({document, number, picture_page});
+            under_way.push_back(std::async(code_page, std::move(stored), normal));
+            continue;
+        }
+        auto coded = under_way.front().get();
+        under_way.pop_front();
+        if (!coded)
             return std::nullopt;
-        found.push_back(normal ? halved(std::move(*picture)) : std::move(*picture));
+        found.push_back(std::move(*coded));
     }
     return found;
 }
@@ -166,12 +190,12 @@ std::string sending::write_file(const a_s_rec& record, message what) {
     return name;
 }
 
-void sending::write_picture(const std::string& name, const std::vector<page_picture>& pages,
+void sending::write_picture(const std::string& name, const std::vector<tiff::coded_page>& pages,
                             int dpi_down, const tiff::fax_tiff_texts& texts) {
     spool_.write(name, [&](const std::filesystem::path& path) {
         tiff::fax_tiff file(path, static_cast<int>(pages.size()), texts);
-        for (const page_picture& page : pages)
-            file.add({page.size.width, page.size.height, page.rows, dpi_down});
+        for (const tiff::coded_page& page : pages)
+            file.add(page, dpi_down);
         file.close();
     });
 }

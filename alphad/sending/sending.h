@@ -55,12 +55,12 @@ class sending {
     };
     // What goes over the line: pictures, or a telex text.
     struct message {
-        std::vector<page_picture> pages;
+        std::vector<tiff::coded_page> pages;
         std::string telex;
     };
     std::optional<receiver> find_receiver(const str10& user, const a_s_rec& wanted) const;
-    std::optional<std::vector<page_picture>> pictures(std::int32_t document, std::int16_t first,
-                                                      std::int16_t last, bool normal) const;
+    std::optional<std::vector<tiff::coded_page>> pictures(std::int32_t document, std::int16_t first,
+                                                          std::int16_t last, bool normal) const;
     std::optional<std::string> telex_text(std::int32_t document) const;
     std::optional<message> message_of(std::int32_t document, const a_s_rec& record) const;
     // The outgoing document with its job.
@@ -70,7 +70,7 @@ class sending {
     void end_without_line(send_job& job);
     void spool_job(send_job& job, message what);
     std::string write_file(const a_s_rec& record, message what);
-    void write_picture(const std::string& name, const std::vector<page_picture>& pages,
+    void write_picture(const std::string& name, const std::vector<tiff::coded_page>& pages,
                        int dpi_down, const tiff::fax_tiff_texts& texts);
     void change_file(const std::string& name, bool appears);
     bool spool_again(send_job& job);

@@ -13,6 +13,8 @@
 
 #include <tiffio.h>
 
+#include "tiff/group4.h"
+
 namespace zerdix::tiff {
 
 namespace {
@@ -63,6 +65,10 @@ void set_text(TIFF* file, std::uint32_t tag, const std::string& text) {
 
 } // namespace
 
+coded_page coded(const fax_tiff_page& page) {
+    return {page.width, page.height, group4_code(page.width, page.rows)};
+}
+
 fax_tiff::fax_tiff(const std::string& path, int pages, fax_tiff_texts texts)
     : path_(path), pages_(pages), texts_(std::move(texts)), error_("no memory for a TIFF"),
       file_(open_tiff(path, error_)) {
@@ -78,7 +84,7 @@ fax_tiff::~fax_tiff() {
         std::filesystem::remove(path_, ignored);
 }
 
-void fax_tiff::set_form(const fax_tiff_page& page) {
+void fax_tiff::set_form(const coded_page& page, int dpi_down) {
     TIFFSetField(file_, TIFFTAG_SUBFILETYPE, FILETYPE_PAGE);
     TIFFSetField(file_, TIFFTAG_PAGENUMBER, written_, pages_);
     TIFFSetField(file_, TIFFTAG_IMAGEWIDTH, page.width);
@@ -92,7 +98,7 @@ void fax_tiff::set_form(const fax_tiff_page& page) {
     TIFFSetField(file_, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISWHITE);
     TIFFSetField(file_, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
     TIFFSetField(file_, TIFFTAG_XRESOLUTION, static_cast<double>(ZX_DPI_ACROSS));
-    TIFFSetField(file_, TIFFTAG_YRESOLUTION, static_cast<double>(page.dpi_down));
+    TIFFSetField(file_, TIFFTAG_YRESOLUTION, static_cast<double>(dpi_down));
 }
 
 void fax_tiff::set_texts() {
@@ -103,12 +109,12 @@ void fax_tiff::set_texts() {
         set_text(file_, TIFFTAG_DATETIME, tiff_time());
 }
 
-// The encoder reads the rows and doesn't change them.
-void fax_tiff::add(const fax_tiff_page& page) {
-    set_form(page);
+// libtiff reads the code and doesn't change it.
+void fax_tiff::add(const coded_page& page, int dpi_down) {
+    set_form(page, dpi_down);
     set_texts();
-    auto* rows = const_cast<unsigned char*>(page.rows.data());
-    require(TIFFWriteEncodedStrip(file_, 0, rows, static_cast<tmsize_t>(page.rows.size())) >= 0);
+    auto* code = const_cast<char*>(page.code.data());
+    require(TIFFWriteRawStrip(file_, 0, code, static_cast<tmsize_t>(page.code.size())) >= 0);
     require(TIFFWriteDirectory(file_) != 0);
     ++written_;
 }

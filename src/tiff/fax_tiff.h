@@ -33,6 +33,15 @@ struct fax_tiff_page {
     int dpi_down = ZX_DPI_FINE;
 };
 
+// A page as it stands in the file.
+struct coded_page {
+    std::uint32_t width, height;
+    std::string code;
+};
+
+// Takes the time that a page needs; adding the outcome to a file doesn't.
+coded_page coded(const fax_tiff_page& page);
+
 class fax_tiff {
   public:
     // `pages` is how many there will be. Throws fax_tiff_error, as the others do.
@@ -43,11 +52,12 @@ class fax_tiff {
     fax_tiff(const fax_tiff&) = delete;
     fax_tiff& operator=(const fax_tiff&) = delete;
 
-    void add(const fax_tiff_page& page);
+    void add(const fax_tiff_page& page) { add(coded(page), page.dpi_down); }
+    void add(const coded_page& page, int dpi_down);
     void close();
 
   private:
-    void set_form(const fax_tiff_page& page);
+    void set_form(const coded_page& page, int dpi_down);
     void set_texts();
     void require(bool done) const;
 

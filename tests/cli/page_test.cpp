@@ -50,7 +50,7 @@ class Page : public testing::Test {
 TEST_F(Page, ComesBackPixelForPixel) {
     ASSERT_EQ(zerdix("print --to 1", {SAMPLE_PDF}).status, 0);
     const std::string document = std::to_string(server_.jobs().at(0).record.faxid);
-    const std::vector<unsigned char> sent = app::pdf_file(SAMPLE_PDF).render(2);
+    const std::vector<unsigned char> sent = app::pdf_file(SAMPLE_PDF).render(2).block;
     ASSERT_EQ(zerdix("page " + document + " 2 --pool out -o", {output_}).status, 0);
     const grey_picture got = read_png(output_);
     ASSERT_EQ(got.width, 1728U);

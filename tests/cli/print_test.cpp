@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Whole print jobs of the real program, and jobs that go wrong: nothing may stay on the desk.
 
+#include <chrono>
+
 #include "cli/desk_test.h"
+#include "cli/tiny_pdf.h"
 #include "output/failure.h"
 
 namespace zerdix::test {
@@ -170,6 +173,32 @@ TEST_F(Print, TakesTheDocumentBackWhenInterrupted) {
                           {.disturb = disturbance{"page 1 of 3 stored", signal}});
         EXPECT_THAT(result.output, Not(HasSubstr("page 3 of 3")));
     }
+}
+
+// Other pages are being made when it is the damaged one's turn.
+TEST_F(Print, NamesTheDamagedPageAmongManyOfThem) {
+    std::vector<tiny_page> pages(40, {100, 100, "0 g 0 0 10 10 re f"});
+    pages[24] = {10, 100000, ""};
+    const std::string path = server_.files().write("a.pdf", tiny_pdf(pages));
+    const auto result = fails("print --to 1", exit_bad_data,
+                              "page 25 of " + path + ": it is too long for a fax page", {path});
+    EXPECT_THAT(result.output, HasSubstr("page 24 of 40 stored"));
+    EXPECT_THAT(result.output, Not(HasSubstr("page 25 of 40 stored")));
+    EXPECT_THAT(server_.desk("zerdix"), IsEmpty());
+}
+
+// Each of the last two pages takes minutes.
+TEST_F(Print, IsInterruptedWhilePagesAreMade) {
+    std::string endless;
+    for (int i = 0; i < 50000; ++i)
+        endless += "0 0 600 800 re f\n";
+    const std::string path = server_.files().write(
+        "a.pdf", tiny_pdf({{100, 100, ""}, {600, 800, endless}, {600, 800, endless}}));
+    const auto begin = std::chrono::steady_clock::now();
+    fails("print --to 1", exit_interrupted, "interrupted; nothing was sent", {path},
+          {.disturb = disturbance{"page 1 of 3 stored", SIGINT}});
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+    EXPECT_THAT(server_.desk("zerdix"), IsEmpty());
 }
 
 } // namespace

@@ -29,8 +29,8 @@ bool is_black(const block& bytes, std::uint32_t x, std::uint32_t y) {
 
 block render(const test::tiny_page& page) {
     const test::scratch_folder folder;
-    const pdf_file pdf(folder.write("a.pdf", test::tiny_pdf({page})));
-    return pdf.render(1);
+    pdf_file pdf(folder.write("a.pdf", test::tiny_pdf({page})));
+    return pdf.render(1).block;
 }
 
 TEST(Geometry, PlacesPagesOfAllShapes) {
@@ -62,7 +62,7 @@ TEST(PageBlock, HasBigEndianHeaderAndItsLastRowFirst) {
     block pixels = grey;
     pixels[0] = 0;           // top left
     pixels[2 * 16 + 15] = 0; // bottom right
-    EXPECT_THAT(driver_block({pixels.data(), 16, 16, 3}),
+    EXPECT_THAT(driver_block(grey_page{pixels.data(), nullptr, 16, 16, 3}),
                 testing::ElementsAre(0, 0, 0, 16, 0, 0, 0, 3, 0xff, 0xfe, 0xff, 0xff, 0x7f, 0xff));
 }
 
@@ -70,7 +70,7 @@ TEST(PageBlock, KeepsBlackAndWhitePureAndTonesApart) {
     int last = -1;
     for (const int tone : {0, 1, 64, 128, 192, 254, 255}) {
         const block pixels(64, static_cast<unsigned char>(tone));
-        const block bytes = driver_block({pixels.data(), 8, 8, 8});
+        const block bytes = driver_block(grey_page{pixels.data(), nullptr, 8, 8, 8});
         int white = 0;
         for (std::size_t i = 8; i < bytes.size(); ++i)
             white += __builtin_popcount(bytes[i]);
@@ -79,6 +79,17 @@ TEST(PageBlock, KeepsBlackAndWhitePureAndTonesApart) {
         last = white;
     }
     EXPECT_EQ(last, 64);
+}
+
+TEST(PageBlock, ShowsThePaperThroughWhatDoesntHideIt) {
+    const block black(64, 0);
+    for (const int cover : {0, 1, 64, 128, 255}) {
+        const block covers(64, static_cast<unsigned char>(cover));
+        const block grey(64, static_cast<unsigned char>(255 - cover));
+        EXPECT_EQ(driver_block(grey_page{black.data(), covers.data(), 8, 8, 8}),
+                  driver_block(grey_page{grey.data(), nullptr, 8, 8, 8}))
+            << cover;
+    }
 }
 
 TEST(Rendering, CentresANarrowPageAndKeepsItUpright) {

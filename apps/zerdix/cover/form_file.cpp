@@ -40,13 +40,13 @@ page_picture picture_of(const std::vector<unsigned char>& block) {
 }
 
 page_picture read_pdf(const std::string& path) {
-    const pdf_file pdf(path);
+    pdf_file pdf(path);
     if (pdf.pages() > 1)
         note(path + " has " + std::to_string(pdf.pages()) + " pages; the first one is taken");
-    page_picture picture = picture_of(pdf.render(1));
-    if (!pdf.complaint().empty())
-        note("the page may be incomplete: " + pdf.complaint());
-    return picture;
+    const fax_page page = pdf.render(1);
+    if (!page.complaint.empty())
+        note("the page may be incomplete: " + page.complaint);
+    return picture_of(page.block);
 }
 
 page_picture on_whole_page(const page_picture& drawn) {

@@ -6,28 +6,12 @@
 #include <filesystem>
 #include <fstream>
 
-#include <poppler-document.h>
-#include <poppler-page-renderer.h>
-#include <poppler-page.h>
-
 #include "output/failure.h"
-#include "print/dithering.h"
 #include "print/page_placement.h"
 
 namespace zerdix::app {
 
 namespace {
-
-void keep_first(const std::string& message, void* place) {
-    auto& said = *static_cast<std::string*>(place);
-    if (!said.empty())
-        return;
-    said = message.substr(0, message.find_last_not_of("\r\n ") + 1);
-    for (const char* prefix : {"poppler/", "error: "}) {
-        if (said.starts_with(prefix))
-            said.erase(0, std::strlen(prefix));
-    }
-}
 
 // The reader repairs what it can without asking; its words are the only sign of it.
 bool tells_of_repair(const std::string& said) {
@@ -42,7 +26,7 @@ std::string reason(const std::string& said) {
     return said.empty() ? "" : " (" + said + ")";
 }
 
-void require_readable(const std::string& path) {
+const std::string& readable(const std::string& path) {
     std::error_code error;
     const auto status = std::filesystem::status(path, error);
     if (status.type() == std::filesystem::file_type::directory)
@@ -53,78 +37,57 @@ void require_readable(const std::string& path) {
     if (status.type() == std::filesystem::file_type::regular &&
         std::filesystem::file_size(path, error) == 0)
         throw failure(exit_bad_data, path + " is empty");
-}
-
-bool is_on_its_side(const poppler::page& page) {
-    const auto orientation = page.orientation();
-    return orientation == poppler::page::landscape || orientation == poppler::page::seascape;
-}
-
-page_placement placement_of(const poppler::page& page) {
-    const poppler::rectf box = page.page_rect();
-    return is_on_its_side(page) ? place_page(box.height(), box.width())
-                                : place_page(box.width(), box.height());
-}
-
-poppler::image render_grey(const poppler::page& page, const page_placement& place) {
-    poppler::page_renderer renderer; // without smoothing: edges are black or white
-    renderer.set_image_format(poppler::image::format_gray8);
-    return renderer.render_page(&page, place.dpi_across, place.dpi_down, -place.left, 0, fax_width,
-                                place.rows, place.turned ? poppler::rotate_270 : poppler::rotate_0);
+    return path;
 }
 
 } // namespace
 
-pdf_file::pdf_file(const std::string& path) : path_(path), said_(std::make_unique<std::string>()) {
-    require_readable(path);
-    poppler::set_debug_error_function(keep_first, said_.get());
-    document_.reset(poppler::document::load_from_file(path));
-    if (document_ != nullptr && document_->is_locked())
-        throw failure(exit_bad_data, path + " is encrypted and needs a password");
-    if (document_ == nullptr || tells_of_repair(*said_))
-        throw failure(exit_bad_data, path + " is damaged or not a PDF" + reason(*said_));
-    if (document_->pages() < 1)
-        throw failure(exit_bad_data, path + " has no pages" + reason(*said_));
+pdf_file::pdf_file(const std::string& path) : path_(path), core_(readable(path)) {
+    require_sound();
 }
 
-pdf_file::~pdf_file() {
-    document_.reset();
-    poppler::set_debug_error_function([](const std::string&, void*) {}, nullptr);
+void pdf_file::require_sound() {
+    if (core_.is_locked())
+        throw failure(exit_bad_data, path_ + " is encrypted and needs a password");
+    const std::string said = core_.take_message();
+    if (!core_.is_open() || tells_of_repair(said))
+        throw failure(exit_bad_data, path_ + " is damaged or not a PDF" + reason(said));
+    if (core_.pages() < 1)
+        throw failure(exit_bad_data, path_ + " has no pages" + reason(core_.take_message()));
 }
 
 int pdf_file::pages() const {
-    return document_->pages();
+    return core_.pages();
 }
 
 std::string pdf_file::title() const {
-    const poppler::byte_array utf8 = document_->get_title().to_utf8();
-    const std::string given(utf8.data(), utf8.size());
+    const std::string given = core_.title();
     return given.find_first_not_of(' ') != std::string::npos
                ? given
                : std::filesystem::path(path_).filename().string();
 }
 
-std::vector<unsigned char> pdf_file::render(int number) const {
+fax_page pdf_file::render(int number, const std::atomic<bool>& stop) {
     const std::string name = "page " + std::to_string(number) + " of " + path_;
-    said_->clear();
-    const std::unique_ptr<poppler::page> page(document_->create_page(number - 1));
-    if (page == nullptr)
-        throw failure(exit_bad_data, name + " is damaged" + reason(*said_));
+    core_.take_message();
+    const auto size = core_.page_size(number);
+    if (!size)
+        throw failure(exit_bad_data, name + " is damaged" + reason(core_.take_message()));
     try {
-        const page_placement place = placement_of(*page);
-        const poppler::image image = render_grey(*page, place);
-        if (!image.is_valid() || image.width() != fax_width || image.height() != place.rows)
-            throw failure(exit_bad_data, "it can't be rendered" + reason(*said_));
-        return driver_block({reinterpret_cast<const unsigned char*>(image.const_data()),
-                             static_cast<std::size_t>(image.bytes_per_row()), image.width(),
-                             image.height()});
+        const page_placement place = place_page(size->width, size->height);
+        fax_page page{core_.render(number, place, stop), core_.take_message()};
+        if (page.block.empty())
+            throw failure(exit_bad_data, "it can't be rendered" + reason(page.complaint));
+        return page;
     } catch (const failure& error) {
         throw failure(error.code(), name + ": " + error.what());
     }
 }
 
-std::string pdf_file::complaint() const {
-    return *said_;
+std::unique_ptr<page_source> pdf_file::another() const {
+    std::unique_ptr<pdf_file> same(new pdf_file(*this));
+    same->require_sound();
+    return same;
 }
 
 } // namespace zerdix::app

@@ -17,6 +17,7 @@
 #include "print/forms.h"
 #include "print/job_options.h"
 #include "print/merge_text.h"
+#include "print/pages_ahead.h"
 #include "print/pdf_file.h"
 #include "print/print_job.h"
 #include "session/settings_choice.h"
@@ -31,15 +32,15 @@ struct print_line {
     std::string settings;
 };
 
-void store_pages(print_job& job, const pdf_file& pdf, progress& shown) {
-    for (int page = 1; page <= pdf.pages(); ++page) {
+void store_pages(print_job& job, pages_ahead& pages, progress& shown) {
+    for (int number = 1; number <= pages.count(); ++number) {
         stop_if_interrupted();
-        const std::vector<unsigned char> block = pdf.render(page);
-        if (!pdf.complaint().empty())
-            note("page " + std::to_string(page) + " may be incomplete: " + pdf.complaint());
+        const fax_page page = pages.next();
+        if (!page.complaint.empty())
+            note("page " + std::to_string(number) + " may be incomplete: " + page.complaint);
         stop_if_interrupted();
-        job.store_page(block);
-        shown.step(page, "page " + of(page, pdf.pages()) + " stored");
+        job.store_page(page.block);
+        shown.step(number, "page " + of(number, pages.count()) + " stored");
     }
     stop_if_interrupted();
 }
@@ -58,10 +59,11 @@ void note_what_the_dialog_asks_again(const print_options& options) {
 // What can be told wrong without the server is told before anything is asked of it.
 void print(const print_options& options) {
     check_receivers(options);
-    const pdf_file pdf(options.file);
+    pdf_file pdf(options.file);
     const std::string title = job_title(options, pdf.title());
     const std::string settings = merge_text(options, title);
     watch_for_interrupts();
+    pages_ahead pages(pdf);
     print_job job(title);
     set_up(job, options, settings);
     job.require_receivers_or_dialog();
@@ -71,12 +73,12 @@ void print(const print_options& options) {
     else if (options.cover)
         ask_for_cover_pages();
     require_letterhead(options.paper.value_or(0));
-    progress shown(stdout, progress::fitting(options.quiet), pdf.pages());
-    store_pages(job, pdf, shown);
-    shown.step(pdf.pages(), asks ? "the send dialog asks for the receivers"
-                                 : "sending to " + counted(job.receivers(), "receiver"));
+    progress shown(stdout, progress::fitting(options.quiet), pages.count());
+    store_pages(job, pages, shown);
+    shown.step(pages.count(), asks ? "the send dialog asks for the receivers"
+                                   : "sending to " + counted(job.receivers(), "receiver"));
     const std::string done = job.send();
-    shown.done(options.file + ": " + counted(pdf.pages(), "page") + ", " + done);
+    shown.done(options.file + ": " + counted(pages.count(), "page") + ", " + done);
 }
 
 void run(print_line& line, char** arguments) {
