@@ -14,6 +14,42 @@ namespace {
 using namespace ::testing;
 using calls = std::vector<int>;
 
+lines lines_of_the_first_page(const std::string& id) {
+    return {"Entry: <-- StoreFaxPage(): Size of Bitmap: 1008 Page Index: 0",
+            "Info1: StoreFaxPage(): Faxid of created document: " + id,
+            "Info1: StoreFaxPage(): Width: 80 Height 100",
+            "Entry: <-- MergeBackPaper(): selected paper source (pool document "
+            "id): 0",
+            "Exit: --> MergeBackPaper(): no pool document is defined for "
+            "background paper number 0",
+            "Entry: <-- RotateBitmap:",
+            "Exit: --> RotateBitmap(): Bitmap must not be rotated",
+            "Exit: --> StoreFaxPage():"};
+}
+
+lines lines_of_the_sending(const std::string& id) {
+    return {"Entry: <-- SendFaxDoc():",
+            "Info1: SendFaxDoc(): Faxid -> " + id,
+            "Info1: SendFaxDoc(): Userid -> zerdix",
+            "Info1: SendFaxDoc(): Priorit\xe4t -> 0",
+            "Info1: SendFaxDoc(): Status -> 0",
+            "Info1: SendFaxDoc(): Seiten -> 2",
+            "Info1: SendFaxDoc(): Kommentar -> Angebot",
+            "Info1: SendFaxDoc(): Nachttarif -> 0",
+            "Info1: SendFaxDoc(): Error-Status -> 0",
+            "Info1: SendFaxDoc(): Wiederholungen (max.) -> 0",
+            "Info1: SendFaxDoc(): Wiederholungen (tats.) -> 0",
+            "Info1: SendFaxDoc(): Empf\xe4nger-TSI ->",
+            "Info1: SendFaxDoc(): Netztyp (1=FAX/2=TELEX) -> 1",
+            "Info1: SendFaxDoc(): Aufl\xf6sung (0=as is/1=fine/2=normal) -> 0",
+            "Info1: SendFaxDoc(): Number of receivers: 3",
+            "Info1: SendFaxDoc(): Receiver: 333",
+            "Info1: SendFaxDoc(): Receiver: 222",
+            "Info1: SendFaxDoc(): Receiver: 111",
+            "Info1: SendFaxDoc(): Delete temporary fax doc: " + id,
+            "Exit: --> SendFaxDoc()"};
+}
+
 TEST_F(JobTrace, AFaxJobFromItsOpeningToItsEnd) {
     ASSERT_EQ(TransmissionDlg(nullptr, "Angebot", 1), 0);
     EXPECT_EQ(server.calls(), calls{89});
@@ -28,16 +64,7 @@ TEST_F(JobTrace, AFaxJobFromItsOpeningToItsEnd) {
     ASSERT_EQ(store_page(), 0);
     EXPECT_EQ(server.calls(), (calls{3, 23, 22, 30, 60, 22}));
     const std::string id = std::to_string(pa_s_rec->faxid);
-    EXPECT_EQ(traced(), (lines{"Entry: <-- StoreFaxPage(): Size of Bitmap: 1008 Page Index: 0",
-                               "Info1: StoreFaxPage(): Faxid of created document: " + id,
-                               "Info1: StoreFaxPage(): Width: 80 Height 100",
-                               "Entry: <-- MergeBackPaper(): selected paper source (pool document "
-                               "id): 0",
-                               "Exit: --> MergeBackPaper(): no pool document is defined for "
-                               "background paper number 0",
-                               "Entry: <-- RotateBitmap:",
-                               "Exit: --> RotateBitmap(): Bitmap must not be rotated",
-                               "Exit: --> StoreFaxPage():"}));
+    EXPECT_EQ(traced(), lines_of_the_first_page(id));
     server.clear_calls();
     ASSERT_EQ(store_page(), 0);
     EXPECT_EQ(server.calls(), (calls{30, 60, 22}));
@@ -54,26 +81,7 @@ TEST_F(JobTrace, AFaxJobFromItsOpeningToItsEnd) {
     traced();
     ASSERT_EQ(SendFaxDoc(), 0);
     EXPECT_EQ(server.calls(), (calls{22, 25, 25, 25, 22, 6}));
-    EXPECT_EQ(traced(), (lines{"Entry: <-- SendFaxDoc():",
-                               "Info1: SendFaxDoc(): Faxid -> " + id,
-                               "Info1: SendFaxDoc(): Userid -> zerdix",
-                               "Info1: SendFaxDoc(): Priorit\xe4t -> 0",
-                               "Info1: SendFaxDoc(): Status -> 0",
-                               "Info1: SendFaxDoc(): Seiten -> 2",
-                               "Info1: SendFaxDoc(): Kommentar -> Angebot",
-                               "Info1: SendFaxDoc(): Nachttarif -> 0",
-                               "Info1: SendFaxDoc(): Error-Status -> 0",
-                               "Info1: SendFaxDoc(): Wiederholungen (max.) -> 0",
-                               "Info1: SendFaxDoc(): Wiederholungen (tats.) -> 0",
-                               "Info1: SendFaxDoc(): Empf\xe4nger-TSI ->",
-                               "Info1: SendFaxDoc(): Netztyp (1=FAX/2=TELEX) -> 1",
-                               "Info1: SendFaxDoc(): Aufl\xf6sung (0=as is/1=fine/2=normal) -> 0",
-                               "Info1: SendFaxDoc(): Number of receivers: 3",
-                               "Info1: SendFaxDoc(): Receiver: 333",
-                               "Info1: SendFaxDoc(): Receiver: 222",
-                               "Info1: SendFaxDoc(): Receiver: 111",
-                               "Info1: SendFaxDoc(): Delete temporary fax doc: " + id,
-                               "Exit: --> SendFaxDoc()"}));
+    EXPECT_EQ(traced(), lines_of_the_sending(id));
     lines receivers;
     for (const auto& job : server.jobs()) {
         receivers.push_back(job.receiver);

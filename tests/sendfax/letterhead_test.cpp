@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Letterhead and rotation: what the server gets, which calls are made, which lines are traced, and
-// the work buffer as it was.
+// Letterhead and rotation: what the server gets, which calls are made, which lines are traced.
 
 #include "cover/template_document.h"
 #include "imaging/owned_bitmap.h"
@@ -193,12 +192,21 @@ TEST_F(Letterhead, ALandscapePageWithoutLetterheadIsTurned) {
                      "Exit: --> RotateBitmap(): Bitmap must not be rotated"}));
 }
 
-TEST_F(Letterhead, EveryWayOutLeavesTheBlockAsItWas) {
-    const std::string good = stored_page(random_page(16, 24, 1));
-    const auto loaded = [](std::size_t size) {
-        return "Info1: MergeBackPaper(): pool document (" + std::to_string(size) +
-               " bytes) could be loaded";
-    };
+std::string loaded(std::size_t size) {
+    return "Info1: MergeBackPaper(): pool document (" + std::to_string(size) +
+           " bytes) could be loaded";
+}
+
+std::string paper(int source, std::int32_t id) {
+    return "Info1: MergeBackPaper(): " + std::to_string(source) + ". background paper: <" +
+           std::to_string(id) + ">";
+}
+
+std::int32_t size_of(const bytes& block) {
+    return static_cast<std::int32_t>(block.size());
+}
+
+TEST_F(Letterhead, EveryWayOutIsTraced) {
     const std::string header = as_text(page_of(0xFFFFFFF8, 0xFFFFFFFF, 0, 0));
     const std::string no_paper =
         "Exit: --> MergeBackPaper(): no pool document is defined for background paper number ";
@@ -206,22 +214,17 @@ TEST_F(Letterhead, EveryWayOutLeavesTheBlockAsItWas) {
     const std::int32_t no_picture = install(2, "");
     server.store().pages.insert(no_picture, 1);
     const std::int32_t damaged = install(3, "abc");
-    const std::int32_t whole = install(4, good);
+    const std::int32_t whole = install(4, stored_page(random_page(16, 24, 1)));
     const std::int32_t huge = install(5, header);
-    const auto paper = [&](int source, std::int32_t id) {
-        return "Info1: MergeBackPaper(): " + std::to_string(source) + ". background paper: <" +
-               std::to_string(id) + ">";
-    };
-    struct way_out {
+    const std::string lost = "Error: MergeBackPaper(): problems with RPC connection";
+    const std::string size_told = "Info1: MergeBackPaper(): original width: 16 height: 24";
+    const std::string not_expanded = "Error: MergeBackPaper(): Error ConvertCompressedFaxToLead()";
+    const struct {
         std::int16_t source;
         std::int32_t result;
         lines traced;                 // without entry and exit, except where the exit tells more
         int failing = 0, refused = 0; // procedures
-    };
-    const std::string lost = "Error: MergeBackPaper(): problems with RPC connection";
-    const std::string size_told = "Info1: MergeBackPaper(): original width: 16 height: 24";
-    const std::string not_expanded = "Error: MergeBackPaper(): Error ConvertCompressedFaxToLead()";
-    const way_out ways[] = {
+    } ways[] = {
         {0, 4, {no_paper + "0"}},
         {10, 4, {no_paper + "10"}},
         {-2, 4, {no_paper + "-2"}},
@@ -234,10 +237,8 @@ TEST_F(Letterhead, EveryWayOutLeavesTheBlockAsItWas) {
         {3, 8, {paper(3, damaged), loaded(3), size_told, not_expanded}},
         {5, 8, {paper(5, huge), loaded(header.size()), size_told, not_expanded}},
     };
-    const bytes before = driver_form(random_page(16, 24, 2));
-    const auto size = static_cast<std::int32_t>(before.size());
-    for (const way_out& way : ways) {
-        bytes block = before;
+    const bytes block = driver_form(random_page(16, 24, 2));
+    for (const auto& way : ways) {
         page_dat page{0, nullptr};
         open_job();
         traced();
@@ -245,53 +246,49 @@ TEST_F(Letterhead, EveryWayOutLeavesTheBlockAsItWas) {
             server.fail(way.failing);
         if (way.refused != 0)
             server.refuse(way.refused);
-        EXPECT_EQ(sendfax::MergeBackPaper(block.data(), size, way.source, &page), way.result);
+        EXPECT_EQ(sendfax::MergeBackPaper(block.data(), size_of(block), way.source, &page),
+                  way.result);
         lines expected = way.traced;
         expected.insert(expected.begin(), selected + std::to_string(way.source));
         if (!expected.back().starts_with("Exit"))
             expected.push_back("Exit: --> MergeBackPaper():");
         EXPECT_EQ(traced(), expected);
-        EXPECT_EQ(block, before);
         EXPECT_EQ(page.data, nullptr);
         EXPECT_EQ(DeleteFaxDoc(), 0);
     }
+}
 
+TEST_F(Letterhead, NoMemoryForTheTurnedPageIsAFailure) {
+    install(4, stored_page(random_page(16, 24, 1)));
+    const bytes block = driver_form(random_page(24, 16, 2));
     open_job();
     page_dat page{0, nullptr};
-    for (const picture& shape : {random_page(16, 24, 2), random_page(24, 16, 2)}) {
-        bytes block = driver_form(shape);
-        ASSERT_EQ(sendfax::MergeBackPaper(block.data(), size, 4, &page), 0);
-        std::free(page.data);
-        EXPECT_EQ(block, driver_form(shape));
-    }
-    bytes block = driver_form(random_page(24, 16, 2));
-    ASSERT_EQ(sendfax::RotateBitmap(block.data(), size, &page), 0);
+    ASSERT_EQ(sendfax::MergeBackPaper(block.data(), size_of(block), 4, &page), 0);
     std::free(page.data);
-    EXPECT_EQ(block, driver_form(random_page(24, 16, 2)));
+    page = {0, nullptr};
     traced();
-
     {
         const failing_malloc no_room_for_the_turned_page{8 + 2 * 24};
-        page = {0, nullptr};
-        EXPECT_EQ(sendfax::MergeBackPaper(block.data(), size, 4, &page), 8);
-        EXPECT_EQ(sendfax::RotateBitmap(block.data(), size, &page), 8);
-        EXPECT_THAT(traced(),
-                    IsSupersetOf({"Error: MergeBackPaper(): Error ConvertLeadToCompressedFax()",
-                                  "Error: RotateBitmap(): Error ConvertLeadToCompressedFax()"}));
-        EXPECT_EQ(block, driver_form(random_page(24, 16, 2)));
-        EXPECT_EQ(page.data, nullptr);
+        EXPECT_EQ(sendfax::MergeBackPaper(block.data(), size_of(block), 4, &page), 8);
+        EXPECT_EQ(sendfax::RotateBitmap(block.data(), size_of(block), &page), 8);
     }
+    EXPECT_THAT(traced(),
+                IsSupersetOf({"Error: MergeBackPaper(): Error ConvertLeadToCompressedFax()",
+                              "Error: RotateBitmap(): Error ConvertLeadToCompressedFax()"}));
+    EXPECT_EQ(page.data, nullptr);
+}
 
-    // Blocks that end before their rows do.
-    bytes cut = before;
-    EXPECT_EQ(sendfax::MergeBackPaper(cut.data(), size - 1, 4, &page), 8);
-    EXPECT_EQ(traced().at(3), "Error: MergeBackPaper(): Error ConvertBmToLead()");
-    EXPECT_EQ(cut, before);
+TEST_F(Letterhead, ABlockThatEndsBeforeItsRowsIsAFailure) {
+    install(4, stored_page(random_page(16, 24, 1)));
+    bytes cut = driver_form(random_page(16, 24, 2));
+    open_job();
+    page_dat page{0, nullptr};
+    EXPECT_EQ(sendfax::MergeBackPaper(cut.data(), size_of(cut) - 1, 4, &page), 8);
+    EXPECT_THAT(traced(), Contains("Error: MergeBackPaper(): Error ConvertBmToLead()"));
     cut[3] = 32;
-    const bytes wide = cut;
-    EXPECT_EQ(sendfax::RotateBitmap(cut.data(), size, &page), 8);
-    EXPECT_EQ(traced().at(2), "Error: RotateBitmap(): Error ConvertFromBmToLead()");
-    EXPECT_EQ(cut, wide);
+    EXPECT_EQ(sendfax::RotateBitmap(cut.data(), size_of(cut), &page), 8);
+    EXPECT_THAT(traced(), Contains("Error: RotateBitmap(): Error ConvertFromBmToLead()"));
+    EXPECT_EQ(page.data, nullptr);
 }
 
 TEST_F(Letterhead, AFailedFetchDoesNotLoseTheLetterheadForGood) {
