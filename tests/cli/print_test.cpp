@@ -2,10 +2,13 @@
 // Whole print jobs of the real program, and jobs that go wrong: nothing may stay on the desk.
 
 #include <chrono>
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "cli/desk_test.h"
 #include "cli/tiny_pdf.h"
 #include "output/failure.h"
+#include "pictures/stored_page.h"
 
 namespace zerdix::test {
 namespace {
@@ -173,6 +176,43 @@ TEST_F(Print, TakesTheDocumentBackWhenInterrupted) {
                           {.disturb = disturbance{"page 1 of 3 stored", signal}});
         EXPECT_THAT(result.output, Not(HasSubstr("page 3 of 3")));
     }
+}
+
+TEST_F(Print, TakesSomePagesOfSeveralFiles) {
+    const std::string small = write("a.pdf", tiny_pdf({{100, 100, ""}, {100, 200, ""}}));
+    EXPECT_THAT(done("print --to 1 --pages 2-3,5", {small, SAMPLE_PDF}),
+                HasSubstr("page 3 of 3 stored\nsending to 1 receiver\n" + small +
+                          " and 1 more: 3 pages, 1 send job made\n"));
+    ASSERT_EQ(server_.jobs().size(), 1U);
+    const std::int32_t id = server_.jobs().at(0).record.faxid;
+    const auto rows = [&](int page) {
+        const std::string stored = *server_.store().pages.picture({id, std::int16_t(page), 0});
+        return expand_page(reinterpret_cast<const unsigned char*>(stored.data()), stored.size())
+            .rows;
+    };
+    EXPECT_EQ(rows(1), 544U); // of 200 points
+    EXPECT_GT(rows(2), 2000U);
+    for (const auto& [pages, code, part] :
+         {std::tuple{"6", exit_no_input, "the document has no page 6, only 5 pages"},
+          {"0", exit_usage, "\"0\" names no pages"}})
+        fails(std::string("print --to 1 --pages ") + pages, code, part, {small, SAMPLE_PDF});
+    fails("print --to 1", exit_no_input, "there-is-none.pdf", {small, "there-is-none.pdf"});
+    EXPECT_EQ(server_.jobs().size(), 1U);
+    EXPECT_THAT(server_.desk("zerdix"), IsEmpty());
+}
+
+TEST_F(Print, TakesStandardInput) {
+    const auto print_from = [](const std::string& path) {
+        const int input = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        auto result = zerdix("print - --to 1", {}, {.input = input});
+        ::close(input);
+        return result;
+    };
+    EXPECT_THAT(print_from(SAMPLE_PDF).output, HasSubstr("standard input: 3 pages, 1 send job"));
+    EXPECT_THAT(print_from("/dev/null").errors, HasSubstr("standard input is empty"));
+    EXPECT_THAT(print_from(write("a.txt", "Sehr geehrte")).errors,
+                HasSubstr("standard input is damaged or not a PDF"));
+    EXPECT_EQ(server_.jobs().size(), 1U);
 }
 
 // Other pages are being made when it is the damaged one's turn.

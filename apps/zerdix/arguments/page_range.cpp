@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "documents/page_range.h"
+#include "arguments/page_range.h"
 
 #include <charconv>
 #include <string_view>

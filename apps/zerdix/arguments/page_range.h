@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Pages as a user names them: "3", "1-3", "2-", "1-3,7".
-#ifndef ZERDIX_APP_DOCUMENTS_PAGE_RANGE_H
-#define ZERDIX_APP_DOCUMENTS_PAGE_RANGE_H
+#ifndef ZERDIX_APP_ARGUMENTS_PAGE_RANGE_H
+#define ZERDIX_APP_ARGUMENTS_PAGE_RANGE_H
 
 #include <string>
 #include <vector>

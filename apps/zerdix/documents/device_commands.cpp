@@ -6,7 +6,7 @@
 #include "arguments/commands.h"
 #include "documents/arguments.h"
 #include "documents/document_name.h"
-#include "documents/page_range.h"
+#include "arguments/page_range.h"
 #include "documents/pool_list.h"
 #include "output/progress.h"
 #include "output/value_text.h"

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "documents/document_name.h"
-#include "documents/page_range.h"
+#include "arguments/page_range.h"
 
 namespace zerdix::app {
 

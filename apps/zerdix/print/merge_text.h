@@ -17,7 +17,6 @@
 namespace zerdix::app {
 
 struct print_options {
-    std::string file;
     std::vector<std::string> to; // numbers and BOOK:ENTRY
     std::vector<std::string> groups;
     std::optional<std::string> title;

@@ -26,34 +26,35 @@ std::string reason(const std::string& said) {
     return said.empty() ? "" : " (" + said + ")";
 }
 
-const std::string& readable(const std::string& path) {
+const std::string& readable(const std::string& path, const std::string& name) {
     std::error_code error;
     const auto status = std::filesystem::status(path, error);
     if (status.type() == std::filesystem::file_type::directory)
-        throw failure(exit_no_input, path + " is a folder, not a PDF");
+        throw failure(exit_no_input, name + " is a folder, not a PDF");
     const std::ifstream file(path, std::ios::binary);
     if (!file)
-        throw failure(exit_no_input, path + " can't be read: " + std::strerror(errno));
+        throw failure(exit_no_input, name + " can't be read: " + std::strerror(errno));
     if (status.type() == std::filesystem::file_type::regular &&
         std::filesystem::file_size(path, error) == 0)
-        throw failure(exit_bad_data, path + " is empty");
+        throw failure(exit_bad_data, name + " is empty");
     return path;
 }
 
 } // namespace
 
-pdf_file::pdf_file(const std::string& path) : path_(path), core_(readable(path)) {
+pdf_file::pdf_file(const std::string& path, std::string name)
+    : name_(std::move(name)), core_(readable(path, name_)) {
     require_sound();
 }
 
 void pdf_file::require_sound() {
     if (core_.is_locked())
-        throw failure(exit_bad_data, path_ + " is encrypted and needs a password");
+        throw failure(exit_bad_data, name_ + " is encrypted and needs a password");
     const std::string said = core_.take_message();
     if (!core_.is_open() || tells_of_repair(said))
-        throw failure(exit_bad_data, path_ + " is damaged or not a PDF" + reason(said));
+        throw failure(exit_bad_data, name_ + " is damaged or not a PDF" + reason(said));
     if (core_.pages() < 1)
-        throw failure(exit_bad_data, path_ + " has no pages" + reason(core_.take_message()));
+        throw failure(exit_bad_data, name_ + " has no pages" + reason(core_.take_message()));
 }
 
 int pdf_file::pages() const {
@@ -64,11 +65,11 @@ std::string pdf_file::title() const {
     const std::string given = core_.title();
     return given.find_first_not_of(' ') != std::string::npos
                ? given
-               : std::filesystem::path(path_).filename().string();
+               : std::filesystem::path(name_).filename().string();
 }
 
 fax_page pdf_file::render(int number, const std::atomic<bool>& stop) {
-    const std::string name = "page " + std::to_string(number) + " of " + path_;
+    const std::string name = "page " + std::to_string(number) + " of " + name_;
     core_.take_message();
     const auto size = core_.page_size(number);
     if (!size)

@@ -15,7 +15,9 @@ class pdf_file : public page_source {
     // Throws failure when the file can't be read, isn't a PDF, is encrypted, damaged or empty. A
     // file that could only be opened by guessing at its contents counts as damaged: pages may be
     // missing from it.
-    explicit pdf_file(const std::string& path);
+    explicit pdf_file(const std::string& path) : pdf_file(path, path) {}
+    // The same, for a file that is spoken of by another name.
+    pdf_file(const std::string& path, std::string name);
 
     int pages() const override;
     std::string title() const override;
@@ -28,7 +30,7 @@ class pdf_file : public page_source {
 
     void require_sound();
 
-    std::string path_;
+    std::string name_;
     poppler_core core_;
 };
 

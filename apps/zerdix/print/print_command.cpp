@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// zerdix print: a PDF goes out as a fax.
+// zerdix print: PDFs go out as a fax.
 
 #include <cstdio>
 #include <ctime>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include <zerdix/sendfax.h>
 #include <zerdix/zerdix.h>
@@ -16,9 +17,9 @@
 #include "output/value_text.h"
 #include "print/forms.h"
 #include "print/job_options.h"
+#include "print/joined_document.h"
 #include "print/merge_text.h"
 #include "print/pages_ahead.h"
-#include "print/pdf_file.h"
 #include "print/print_job.h"
 #include "session/settings_choice.h"
 
@@ -27,6 +28,8 @@ namespace zerdix::app {
 namespace {
 
 struct print_line {
+    std::vector<std::string> files;
+    std::string pages;
     print_options options;
     std::optional<std::string> at;
     std::string settings;
@@ -56,14 +59,20 @@ void note_what_the_dialog_asks_again(const print_options& options) {
              "holds");
 }
 
+std::string name_of(const std::vector<std::string>& files) {
+    const std::string first = files.front() == "-" ? "standard input" : files.front();
+    return files.size() == 1 ? first : first + " and " + std::to_string(files.size() - 1) + " more";
+}
+
 // What can be told wrong without the server is told before anything is asked of it.
-void print(const print_options& options) {
+void print(const print_line& line) {
+    const print_options& options = line.options;
     check_receivers(options);
-    pdf_file pdf(options.file);
-    const std::string title = job_title(options, pdf.title());
+    joined_document document(line.files, line.pages);
+    const std::string title = job_title(options, document.title());
     const std::string settings = merge_text(options, title);
     watch_for_interrupts();
-    pages_ahead pages(pdf);
+    pages_ahead pages(document);
     print_job job(title);
     set_up(job, options, settings);
     job.require_receivers_or_dialog();
@@ -78,14 +87,14 @@ void print(const print_options& options) {
     shown.step(pages.count(), asks ? "the send dialog asks for the receivers"
                                    : "sending to " + counted(job.receivers(), "receiver"));
     const std::string done = job.send();
-    shown.done(options.file + ": " + counted(pages.count(), "page") + ", " + done);
+    shown.done(name_of(line.files) + ": " + counted(pages.count(), "page") + ", " + done);
 }
 
 void run(print_line& line, char** arguments) {
     use_settings(line.settings, arguments);
     if (line.at)
         line.options.at = required_send_time(*line.at);
-    print(line.options);
+    print(line);
 }
 
 void add_settings(cli::command command, print_line& line) {
@@ -106,7 +115,10 @@ void add_print_command(cli::command app, char** arguments) {
     auto line = std::make_shared<print_line>();
     cli::command command = app.add_command("print", "Send a PDF as a fax");
     command.alias("lp").alias("sendfax");
-    command.add_argument("FILE", line->options.file, "The PDF to send");
+    command.add_argument("FILE", line->files,
+                         "The PDF to send, or several as one fax; - for standard input");
+    command.add_option("-P,--pages", line->pages, "3, 1-3, 2- or 1-3,7 (default: all pages)",
+                       "RANGE");
     add_receiver_options(command, line->options, "fax");
     add_settings(command, *line);
     command.footer("Example: zerdix print offer.pdf --to \"+49 30 123456\" --group kunden");

@@ -21,6 +21,7 @@ namespace zerdix::app {
 namespace {
 
 struct telex_line_options {
+    std::string file;
     print_options options;
     std::optional<std::string> at;
     std::string settings;
@@ -44,10 +45,10 @@ std::string default_title(const std::string& path) {
 }
 
 // What can be told wrong without the server is told before anything is asked of it.
-void send(const print_options& options) {
+void send(const std::string& file, const print_options& options) {
     check_receivers(options);
-    const telex_text telex = read_telex(options.file);
-    const std::string title = job_title(options, default_title(options.file));
+    const telex_text telex = read_telex(file);
+    const std::string title = job_title(options, default_title(file));
     const std::string settings = merge_text(options, title);
     watch_for_interrupts();
     print_job job(title, NETTYPE_TELEX);
@@ -56,8 +57,7 @@ void send(const print_options& options) {
     stop_if_interrupted();
     const std::int32_t sent = job.send_telex(telex.text);
     if (!options.quiet)
-        std::printf("%s: %s, handed over to %s\n",
-                    options.file == "-" ? "telex" : options.file.c_str(),
+        std::printf("%s: %s, handed over to %s\n", file == "-" ? "telex" : file.c_str(),
                     counted(telex.lines, "line").c_str(), counted(sent, "receiver").c_str());
 }
 
@@ -73,7 +73,7 @@ void run(telex_line_options& line, char** arguments) {
     use_settings(line.settings, arguments);
     if (line.at)
         line.options.at = telex_time(*line.at);
-    send(line.options);
+    send(line.file, line.options);
 }
 
 } // namespace
@@ -81,8 +81,7 @@ void run(telex_line_options& line, char** arguments) {
 void add_telex_command(cli::command app, char** arguments) {
     auto line = std::make_shared<telex_line_options>();
     cli::command command = app.add_command("telex", "Send a text as a telex");
-    command.add_argument("FILE", line->options.file,
-                         "The text to send, UTF-8; - for standard input");
+    command.add_argument("FILE", line->file, "The text to send, UTF-8; - for standard input");
     add_receiver_options(command, line->options, "telex");
     add_title(command, line->options, "the name of the file");
     add_retries_and_time(command, line->options, line->at, telex_times);
