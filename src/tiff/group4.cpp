@@ -156,11 +156,12 @@ void group4_writer::put_row(const changes& above, const changes& row) {
         while (above[b] <= a0 && above[b] < width_)
             b += 2;
         const std::int32_t a1 = row[next], b1 = above[b], b2 = above[b + 1];
+        const std::int32_t shift = a1 - b1 + 3;
         if (b2 < a1) {
             out_.put(pass);
             a0 = b2;
-        } else if (b1 - a1 <= 3 && a1 - b1 <= 3) {
-            out_.put(vertical[static_cast<std::size_t>(a1 - b1 + 3)]);
+        } else if (shift >= 0 && shift <= 6) {
+            out_.put(vertical[static_cast<std::size_t>(shift)]);
             a0 = a1;
             ++next;
         } else {

@@ -179,7 +179,7 @@ TEST_F(Print, TakesTheDocumentBackWhenInterrupted) {
 }
 
 TEST_F(Print, TakesSomePagesOfSeveralFiles) {
-    const std::string small = write("a.pdf", tiny_pdf({{100, 100, ""}, {100, 200, ""}}));
+    const std::string small = write("a.pdf", tiny_pdf({{600, 700, ""}, {600, 650, ""}}));
     EXPECT_THAT(done("print --to 1 --pages 2-3,5", {small, SAMPLE_PDF}),
                 HasSubstr("page 3 of 3 stored\nsending to 1 receiver\n" + small +
                           " and 1 more: 3 pages, 1 send job made\n"));
@@ -190,7 +190,7 @@ TEST_F(Print, TakesSomePagesOfSeveralFiles) {
         return expand_page(reinterpret_cast<const unsigned char*>(stored.data()), stored.size())
             .rows;
     };
-    EXPECT_EQ(rows(1), 544U); // of 200 points
+    EXPECT_EQ(rows(1), 1770U); // of 650 points
     EXPECT_GT(rows(2), 2000U);
     for (const auto& [pages, code, part] :
          {std::tuple{"6", exit_no_input, "the document has no page 6, only 5 pages"},

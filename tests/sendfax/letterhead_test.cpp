@@ -284,10 +284,11 @@ TEST_F(Letterhead, ABlockThatEndsBeforeItsRowsIsAFailure) {
     open_job();
     page_dat page{0, nullptr};
     EXPECT_EQ(sendfax::MergeBackPaper(cut.data(), size_of(cut) - 1, 4, &page), 8);
-    EXPECT_THAT(traced(), testing::Contains("Error: MergeBackPaper(): Error ConvertBmToLead()"));
+    EXPECT_THAT(traced(), ::testing::Contains("Error: MergeBackPaper(): Error ConvertBmToLead()"));
     cut[3] = 32;
     EXPECT_EQ(sendfax::RotateBitmap(cut.data(), size_of(cut), &page), 8);
-    EXPECT_THAT(traced(), testing::Contains("Error: RotateBitmap(): Error ConvertFromBmToLead()"));
+    EXPECT_THAT(traced(),
+                ::testing::Contains("Error: RotateBitmap(): Error ConvertFromBmToLead()"));
     EXPECT_EQ(page.data, nullptr);
 }
 

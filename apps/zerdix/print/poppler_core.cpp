@@ -74,7 +74,9 @@ std::unique_ptr<bilevel_device> make_bilevel_device(PDFDoc& document) {
 }
 
 std::string utf8_of(const GooString& text) {
-    const auto byte = [&text](int at) { return static_cast<unsigned char>(text.getChar(at)); };
+    const auto byte = [&text](int at) {
+        return static_cast<unsigned char>(text.getChar(static_cast<std::size_t>(at)));
+    };
     const bool big = text.hasUnicodeMarker();
     const bool wide = big || text.hasUnicodeMarkerLE();
     std::vector<std::uint16_t> units;
