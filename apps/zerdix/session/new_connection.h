@@ -14,7 +14,7 @@ class new_connection {
   public:
     // The host is Windows-1252.
     explicit new_connection(const std::string& host)
-        : stands_(session_.GetClientAddr(host.c_str()) != nullptr) {}
+        : new_connection(ZERDIX::clsGetClient(), host) {}
     ~new_connection() {
         if (stands_)
             session_.CleanupHostConnection();
@@ -26,6 +26,8 @@ class new_connection {
     ZERDIX& session() { return session_; }
 
   private:
+    new_connection(client* present, const std::string& host);
+
     ZERDIX session_;
     bool stands_;
 };
