@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "arguments/commands.h"
+#include "arguments/page_range.h"
 #include "documents/arguments.h"
 #include "documents/document_name.h"
-#include "arguments/page_range.h"
 #include "documents/pool_list.h"
 #include "output/progress.h"
 #include "output/value_text.h"

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "documents/document_name.h"
 #include "arguments/page_range.h"
+#include "documents/document_name.h"
 
 namespace zerdix::app {
 
